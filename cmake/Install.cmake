@@ -1,0 +1,3 @@
+# What `cmake --install` lays down.
+include(GNUInstallDirs)
+install(DIRECTORY data/ DESTINATION ${CMAKE_INSTALL_DATADIR}/vantrel)

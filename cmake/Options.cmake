@@ -1,0 +1,39 @@
+# Compiler set-up, shared by every target through `vantrel_flags`.
+option(VANTREL_TESTS "Build the tests" ON)
+option(VANTREL_BENCH "Build the benchmarks" OFF)
+option(VANTREL_VALIDATE "Re-check lists, grid and tree after each simulation step" OFF)
+set(VANTREL_SANITIZE "" CACHE STRING "Sanitizers, as in -fsanitize=")
+option(VANTREL_FUZZ "Build the libFuzzer programs (clang only)" OFF)
+option(VANTREL_COVERAGE "Instrument for gcov" OFF)
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+find_program(VANTREL_CCACHE ccache)
+if(VANTREL_CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${VANTREL_CCACHE})
+endif()
+
+add_library(vantrel_flags INTERFACE)
+target_compile_options(vantrel_flags INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
+  # A fused multiply-add would round once where the plain code rounds twice, and runs
+  # would then differ from compiler to compiler.
+  -ffp-contract=off)
+target_include_directories(vantrel_flags INTERFACE ${PROJECT_SOURCE_DIR}/src)
+target_compile_definitions(vantrel_flags INTERFACE
+  $<$<BOOL:${VANTREL_VALIDATE}>:VANTREL_VALIDATE>)
+
+if(VANTREL_SANITIZE)
+  target_compile_options(vantrel_flags INTERFACE
+    -fsanitize=${VANTREL_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  # -rdynamic lets the test programs' own dlclose win, which keeps driver code loaded so
+  # that leak reports can name it.
+  target_link_options(vantrel_flags INTERFACE -fsanitize=${VANTREL_SANITIZE} -rdynamic)
+endif()
+if(VANTREL_COVERAGE)
+  target_compile_options(vantrel_flags INTERFACE --coverage)
+  target_link_options(vantrel_flags INTERFACE --coverage)
+endif()

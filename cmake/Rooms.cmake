@@ -1,0 +1,36 @@
+# vantrel_room(NAME [LINK ...] [DRAW_ALSO ...])
+#
+# Makes the library NAME from the .cpp files of the current folder. Files that end in
+# "Draw.cpp", and those in DRAW_ALSO, include GL and go to a second library, NAME_draw, which
+# programs without a screen don't link. Rooms may call each other from their .cpp files, so
+# the libraries may link each other in a circle.
+find_package(OpenGL REQUIRED)
+
+function(vantrel_room name)
+  cmake_parse_arguments(ROOM "" "" "LINK;DRAW_ALSO;DRAW_LINK" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS *.cpp)
+  file(GLOB draw CONFIGURE_DEPENDS *Draw.cpp)
+  foreach(file ${ROOM_DRAW_ALSO})
+    if(EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/${file})
+      list(APPEND draw ${CMAKE_CURRENT_SOURCE_DIR}/${file})
+    endif()
+  endforeach()
+  if(draw)
+    list(REMOVE_ITEM sources ${draw})
+  endif()
+  vantrel_library(${name} SOURCES ${sources} LINK ${ROOM_LINK})
+  vantrel_library(${name}_draw SOURCES ${draw}
+    LINK ${name} ${ROOM_DRAW_LINK} OpenGL::GL OpenGL::GLU)
+endfunction()
+
+# vantrel_library(NAME SOURCES ... LINK ...): a static library with the project's flags.
+function(vantrel_library name)
+  cmake_parse_arguments(LIB "" "" "SOURCES;LINK" ${ARGN})
+  if(LIB_SOURCES)
+    add_library(${name} STATIC ${LIB_SOURCES})
+    target_link_libraries(${name} PUBLIC vantrel_flags ${LIB_LINK})
+  else()
+    add_library(${name} INTERFACE)
+    target_link_libraries(${name} INTERFACE vantrel_flags ${LIB_LINK})
+  endif()
+endfunction()

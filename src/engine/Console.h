@@ -1,0 +1,97 @@
+#pragma once
+// The developer's window into the running program, and its only log: a text ring, a line
+// editor with history and completion, and a registry of typed commands. Printing is valid
+// at any moment. Messages start with "\n" and don't end with one.
+//
+// Everything runs on the main thread. Drawing lies in graphics/ConsoleDraw.h.
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+/// A registered command: the function's signature decides how a typed line is converted.
+struct ConsoleCommand {
+    using Action = void (*)();
+    /// A text that a function may decline to give.
+    using Text = std::optional<std::string>;
+    using Function = std::variant<
+        Action, int (*)(), bool (*)(), float (*)(), std::string (*)(), Text (*)(), void (*)(int),
+        void (*)(bool), void (*)(float), void (*)(std::string), void (*)(const char*),
+        int (*)(int, bool), bool (*)(bool, bool), float (*)(float, bool),
+        std::string (*)(std::string), Text (*)(const char*)>;
+
+    std::string name;  ///< as registered, in its own case
+    Function function;
+};
+
+namespace Console {
+
+/// Empties everything, registers the built-in commands, reads the settings and starts the
+/// log if they say so.
+void Initialise();
+/// Removes all commands, forgets the history and stops the log.
+void Shutdown();
+
+void Print(const char* text);  ///< null is ignored
+void Print(std::string_view text);
+void PrintChar(char c);
+void PrintUnsigned(std::uint32_t value);
+void PrintInt(std::int32_t value);
+void PrintBool(bool value);
+void PrintFloat(float value);
+void PrintDouble(double value);
+/// The text as a heading, between two lines of 64 asterisks.
+void PrintBanner(std::string_view text);
+
+/// Binds `function` to `name`, replacing an earlier binding. Ignored if the name is empty or
+/// holds a blank, or the function is null. An accessor (the two-argument forms) stores its
+/// value only if its second argument is true, and always returns the current value.
+void AddCommand(std::string_view name, ConsoleCommand::Function function);
+void RemoveCommand(std::string_view name);
+
+void Clear();
+/// One key press, as a virtual key code.
+void HandleKey(int virtualKey);
+/// Runs a line as if it had been typed, without echo or history.
+void Execute(std::string_view line);
+
+// What the drawing reads.
+
+inline constexpr std::uint32_t outputSize = 65535;
+inline constexpr std::uint32_t inputSize = 256;
+inline constexpr int historySize = 16;
+
+/// Ring of printed characters; `outputWrite` is the next index to write.
+extern char outputBuffer[outputSize];
+extern std::uint32_t outputWrite;
+extern char inputLine[inputSize + 1];
+extern std::uint32_t inputCursor;
+
+struct Colour {
+    float r, g, b, a;
+};
+
+/// Look of the console, from cfg\console.cfg.
+struct Settings {
+    std::string fontTextureName;
+    int fontSize = 8;  ///< pixels per cell, at least 1
+    Colour outputBackground{0.0f, 0.0f, 0.0f, 0.5f};
+    Colour outputText{1.0f, 1.0f, 1.0f, 1.0f};
+    Colour inputBackground{0.25f, 0.25f, 0.25f, 1.0f};
+    Colour inputBorder{0.5f, 0.25f, 0.25f, 1.0f};
+    Colour inputText{1.0f, 1.0f, 1.0f, 1.0f};
+};
+extern Settings settings;
+
+/// All bindings, by upper-cased name.
+const std::map<std::string, ConsoleCommand>& Commands();
+/// The ring's text from the oldest character on, without the line feeds that filled it at
+/// the start. For tests and for the end of a run without a screen.
+std::string OutputText();
+
+}  // namespace Console

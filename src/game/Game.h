@@ -1,0 +1,41 @@
+#pragma once
+// The running game: the loop that turns window messages, elapsed time and module steps into
+// frames; start, restart and replacement of levels; the logical view; pause; the debug free
+// camera. Drawing is in GameDraw.cpp and reached through the Presentation.
+
+#include <string>
+
+#include "graphics/GLWindowEventListener.h"
+
+class Game : public GLWindowEventListener {
+public:
+    void OnMouseMove(int x, int y) override;
+    void OnMouseDown(int x, int y, int button) override;
+    void OnMouseUp(int x, int y, int button) override;
+    void OnKeyDown(int virtualKey) override;
+    void OnKeyUp(int virtualKey) override;
+    void OnClose() override;
+    void OnFocusLost() override;
+
+    /// Runs one whole game; returns at once if there is no window or a game runs already.
+    static void Run(const std::string& mapName);
+    /// The parts of Run, for programs that drive the frames themselves.
+    static void Initialise(const std::string& mapName);
+    static void Frame();
+    static void Shutdown();
+    static bool IsRunning();
+
+    /// Served at the end of the frame.
+    static void RequestMap(const std::string& name);
+    static void RequestQuit();
+    static void RequestRestart();
+
+    /// The logical view in world units at zoom 1: 600 high or 800 wide, fitted to the window.
+    static float ViewWidth();
+    static float ViewHeight();
+
+    static std::string MusicName();
+    /// Mean of the last full batch of 16 frame times, seconds.
+    static float FrameTime();
+    static bool IsPaused();
+};

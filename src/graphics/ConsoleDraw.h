@@ -1,0 +1,15 @@
+#pragma once
+// The console on the screen. See engine/Console.h.
+
+#include "graphics/Texture.h"
+
+namespace Console {
+
+/// Draws the console over the frame, in the game's matrices.
+void Draw();
+/// A copy of the font sheet, made at its first use from the settings.
+Texture Font();
+/// Lets the font go; run it before the texture manager goes down.
+void ReleaseFont();
+
+}  // namespace Console

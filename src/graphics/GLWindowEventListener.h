@@ -1,0 +1,24 @@
+#pragma once
+// Who hears the window's events. At most one listener is current; whoever runs a modal loop
+// installs itself and restores its predecessor afterwards.
+
+class GLWindowEventListener {
+public:
+    virtual ~GLWindowEventListener() = default;
+
+    // Positions are client pixels from the top left; buttons are 1 left, 2 right, 4 middle;
+    // keys are virtual key codes, repeats included.
+
+    virtual void OnMouseMove(int /*x*/, int /*y*/) {}
+    virtual void OnMouseDown(int /*x*/, int /*y*/, int /*button*/) {}
+    virtual void OnMouseUp(int /*x*/, int /*y*/, int /*button*/) {}
+    virtual void OnKeyDown(int /*virtualKey*/) {}
+    virtual void OnKeyUp(int /*virtualKey*/) {}
+    virtual void OnResize() {}
+    virtual void OnClose() {}
+    virtual void OnDestroy() {}
+    /// A repaint is due: draw one frame.
+    virtual void OnPaint() {}
+    /// The window has just been minimised because it lost the foreground.
+    virtual void OnFocusLost() {}
+};

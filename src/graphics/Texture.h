@@ -1,0 +1,46 @@
+#pragma once
+// A value handle on a cached texture. Handles of one name, in any case, share one texture
+// object. A handle never fails: a missing image shows an embedded one, then a checkerboard.
+//
+// Text drawing is in TextDraw.cpp and binding in GL is by `glName`.
+
+#include <compare>
+#include <cstdint>
+#include <string>
+
+class Texture {
+public:
+    /// The texture that says that none was named.
+    Texture();
+    /// `resourceName` is the embedded image to fall back on; null or empty for none.
+    Texture(const std::string& name, const char* resourceName);
+    Texture(const Texture& other);
+    Texture& operator=(const Texture& other);
+    ~Texture();
+
+    /// Goes over to another image; nothing happens if the name is the same.
+    void SetName(const std::string& newName);
+    /// Assignment unless both share a texture object already.
+    void AssignIfDifferent(const Texture& other);
+
+    friend bool operator==(const Texture& a, const Texture& b) { return a.glName == b.glName; }
+    friend auto operator<=>(const Texture& a, const Texture& b) { return a.glName <=> b.glName; }
+
+    /// Draws bytes as cells of a 16 by 16 font sheet, from the pen position on; a line feed
+    /// starts a new line. `size` is cell width, cell height and advance.
+    void DrawText(const char* text, float x, float y, float size, float r, float g, float b,
+                  float a) const;
+    /// The same, centred in a box; for single lines.
+    void DrawTextCentred(const char* text, float x, float y, float w, float h, float size,
+                         float r, float g, float b, float a) const;
+
+    // Copies taken when the handle was made; `glName` stays right over reloads.
+    std::uint32_t width = 0;  ///< source pixels
+    std::uint32_t height = 0;
+    std::uint32_t glName = 0;
+    bool hasAlpha = false;
+    std::string name;
+
+private:
+    void Acquire(const char* resourceName);
+};

@@ -1,0 +1,70 @@
+#pragma once
+// Reference-counted cache of textures by upper-cased file name. Everybody else holds
+// `Texture` handles. Images come from the own TGA reader (32 bits), from SDL_image, from the
+// program's embedded images, or, last, from a generated checkerboard; no failure reaches the
+// caller. Without a device (a program without a screen) images aren't read at all, and names
+// are only counted.
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <thread>
+#include <vector>
+
+/// Where pixels go; the GL implementation is in graphics/TextureDevice.h.
+class TextureDevice {
+public:
+    virtual ~TextureDevice() = default;
+    struct Options {
+        int quality = 0;  ///< 0 full, 1 compressed, 2 compressed and half size
+        bool compression = false;
+        bool anisotropic = false;
+        int anisotropy = 1;
+    };
+    virtual std::uint32_t Generate() = 0;
+    virtual void Delete(std::uint32_t glName) = 0;
+    /// Pixels are 32-bit BGRA, the top row first, without padding.
+    virtual void Upload(std::uint32_t glName, const std::uint32_t* pixels, std::uint32_t width,
+                        std::uint32_t height, const Options& options) = 0;
+    virtual void SetAnisotropy(std::uint32_t glName, int anisotropy) = 0;
+    virtual void SetCompressionHint(bool nicest) = 0;
+    virtual int MaxAnisotropy() = 0;
+};
+
+/// One cached texture, owned by the cache.
+struct TextureRecord {
+    std::uint32_t width = 0;  ///< of the source image
+    std::uint32_t height = 0;
+    std::uint32_t bytesPerPixel = 0;
+    std::uint32_t glName = 0;  ///< kept over reloads
+    bool hasAlpha = false;
+    bool loadedFromFile = false;
+    std::uint32_t refCount = 0;
+    std::string name;          ///< the cache key
+    std::string resourceName;  ///< embedded fallback; empty for none
+    std::thread::id ownerThread;
+};
+
+namespace TextureManager {
+
+/// Sets where pixels go, not owned; null for none. Before Initialise.
+void UseDevice(TextureDevice* device);
+void Initialise();
+void Shutdown();
+
+const TextureRecord& Acquire(const std::string& name, const char* resourceName);
+void Release(const std::string& name);
+/// Appends one line per record, in key order.
+void List(std::vector<std::string>& lines);
+std::uint32_t MemoryBytes();
+void ReloadAll();
+void SetQuality(int value);  ///< 0, 1 or 2; others are ignored
+int Quality();
+void SetAnisotropy(int value);
+int Anisotropy();
+
+/// The files of an animated set ("..._FRAME..."), ascending; the upper-cased name alone if it
+/// names no set; nothing if no file matches.
+void ExpandFrameNames(std::string_view name, std::vector<std::string>& names);
+
+}  // namespace TextureManager

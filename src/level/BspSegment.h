@@ -1,0 +1,25 @@
+#pragma once
+// A node of the level's tree: one edge that splits space by its line and collides. The same
+// record serves as an edge of a moving polygon.
+
+#include <cstdint>
+#include <memory>
+
+#include "engine/Vector2.h"
+
+class LevelPolygon;
+
+struct BspSegment {
+    Vector2 start;
+    Vector2 end;
+    Vector2 normal;     ///< unit, (-direction.y, direction.x); points into the solid
+    Vector2 direction;  ///< unit, from start to end
+    float length = 0.0f;
+    float friction = 1.0f;
+    std::uint8_t active = 1;   ///< collides; it splits space either way
+    std::uint8_t cutOnly = 0;  ///< from a polygon neither solid nor visible
+    LevelPolygon* polygon = nullptr;
+    BspSegment* parent = nullptr;
+    BspSegment* backChild = nullptr;   ///< free side of the normal; null where empty
+    BspSegment* frontChild = nullptr;  ///< solid side
+};

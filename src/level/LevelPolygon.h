@@ -1,0 +1,53 @@
+#pragma once
+// One shape of the level: a simple polygon, convex or concave, as an outline with its flags
+// and surface, and split into triangles by ear clipping. A polygon without triangles is
+// neither drawn nor collided with.
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "engine/Vector2.h"
+#include "graphics/Texture.h"
+
+class LevelPolygon {
+public:
+    /// Adds a point and triangulates again. A point equal to an earlier one is dropped.
+    void AddPoint(float x, float y);
+    /// Adds many points as AddPoint would one by one, and triangulates once.
+    void AddPoints(std::span<const Vector2> points);
+    /// Stores the fraction of speed that survives one second of contact, held in 0..1.
+    void SetFriction(float value);
+    /// Splits the outline into triangles, trying the given winding (1 or 0) first; from 1 it
+    /// goes on to 0 if that fails.
+    void Triangulate(std::uint8_t tryWinding);
+    /// Fewer than 3 points, or an outline that crosses itself.
+    bool IsInvalid() const;
+    /// Whether ab crosses a side of the outline, the closing side included.
+    bool EdgeCrossesOutline(Vector2 a, Vector2 b) const;
+    /// Debug view: the sides of all triangles (LevelPolygonDraw.cpp).
+    void DrawWireframe() const;
+
+    std::size_t PointCount() const { return pointsX.size(); }
+    Vector2 Point(std::size_t i) const { return {pointsX[i], pointsY[i]}; }
+
+    std::uint8_t solid = 1;            ///< the edges collide
+    std::uint8_t enabled = 1;          ///< a trigger can take it out of the level
+    std::uint8_t visible = 1;          ///< the renderers draw it
+    std::uint8_t movedByMover = 0;     ///< a mover carries it; its edges stay out of the tree
+    std::uint8_t toggledByTrigger = 0; ///< its edges are exempt from edge cleaning
+    std::uint8_t winding = 0;          ///< 1 or 0: which way the outline was found to turn
+    std::uint32_t triangleCount = 0;
+    std::uint32_t id = 0;      ///< what movers and triggers address; not unique
+    float friction = 1.0f;     ///< 0..1
+    Vector2 offset;            ///< displacement by a mover
+    Vector2 previousOffset;    ///< `offset` at the end of the previous step
+    Texture texture;
+    std::vector<float> pointsX;  ///< outline in level file order
+    std::vector<float> pointsY;
+    std::vector<float> triangleX;  ///< corner c of triangle t is entry 3 t + c
+    std::vector<float> triangleY;
+    std::vector<float> triangleNormalX;  ///< of the side from corner c to corner c + 1
+    std::vector<float> triangleNormalY;
+    std::uint32_t layer = 0;  ///< 0 to 4
+};

@@ -1,0 +1,24 @@
+#pragma once
+// Memory status, message boxes and process end.
+
+#include <cstdint>
+#include <string>
+
+namespace Platform {
+
+struct MemoryStatus {
+    std::uint64_t totalBytes = 0;
+    std::uint64_t freeBytes = 0;
+};
+/// Physical memory of the machine; zeros if it can't be asked.
+MemoryStatus PhysicalMemory();
+
+/// Tells the user on standard error and, where a desktop offers one, in a box.
+void ShowMessage(const std::string& text, const std::string& caption);
+/// Asks the user; false where nobody can be asked.
+bool AskYesNo(const std::string& text, const std::string& caption);
+
+/// Ends the process at once with the given status, after flushing the standard streams.
+[[noreturn]] void EndProcess(int status);
+
+}  // namespace Platform

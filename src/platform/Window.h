@@ -1,0 +1,118 @@
+#pragma once
+// The one window, as the game asks for it: a GL context, an event queue, geometry, display
+// modes, cursor and keyboard. Keys are virtual key codes (platform/Keys.h). Sizes and mouse
+// positions are framebuffer pixels; screen positions are pixels of the desktop.
+
+#include <string>
+#include <vector>
+
+namespace Platform {
+
+enum class EventKind { MouseMove, MouseDown, MouseUp, KeyDown, KeyUp, Resize, Close, Paint };
+
+struct Event {
+    EventKind kind = EventKind::Paint;
+    int x = 0;  ///< mouse position in client pixels
+    int y = 0;
+    int button = 0;  ///< 1 left, 2 right, 4 middle
+    int key = 0;
+};
+
+struct DisplayMode {
+    int width = 0;
+    int height = 0;
+    int refreshRate = 0;  ///< hertz
+};
+
+struct WindowSettings {
+    std::string title;
+    int width = 800;  ///< client size
+    int height = 600;
+    unsigned samples = 1;  ///< 1: no multisampling
+    bool resizable = false;
+};
+
+/// Why a window could not be made.
+enum class WindowError { None, NoDisplay, NoWindow, NoContext };
+
+enum class Cursor { Empty, Arrow, Cross };
+
+class Window {
+public:
+    virtual ~Window() = default;
+
+    // Life. `Create` makes window and context and makes the context current.
+    virtual WindowError Create(const WindowSettings& settings) = 0;
+    virtual void Destroy() = 0;
+    virtual bool IsOpen() const = 0;
+    virtual unsigned Samples() const = 0;  ///< in force; 1 for none
+    /// Whether the context interface can be asked for multisampled formats at all.
+    virtual bool CanMultisample() const = 0;
+
+    // Events. `TakeEvent` polls the platform when its queue is empty; false: nothing waits.
+    virtual bool TakeEvent(Event& event) = 0;
+    virtual void RequestRepaint() = 0;
+    virtual void SwapBuffers() = 0;
+    virtual bool SetSwapInterval(int interval) = 0;  ///< false if there is no such control
+    virtual int SwapInterval() const = 0;            ///< -1 if it can't be asked
+    virtual void SetViewport(int width, int height) = 0;
+    /// GL_EXTENSIONS and GL_RENDERER; empty without a current context.
+    virtual std::string ExtensionText() const = 0;
+    virtual std::string RendererText() const = 0;
+
+    // Show state and geometry.
+    virtual void Show() = 0;
+    virtual void Focus() = 0;
+    virtual bool IsForeground() const = 0;
+    virtual bool IsMinimised() const = 0;
+    virtual bool IsMaximised() const = 0;
+    virtual void Maximise() = 0;
+    virtual void Minimise() = 0;
+    virtual void Restore() = 0;
+    virtual void SetTitle(const std::string& title) = 0;
+    virtual int ClientWidth() const = 0;
+    virtual int ClientHeight() const = 0;
+    virtual int ScreenWidth() const = 0;
+    virtual int ScreenHeight() const = 0;
+    /// The client area's top left corner on the screen.
+    virtual int ClientLeft() const = 0;
+    virtual int ClientTop() const = 0;
+    /// The outer window's corner and size, decoration included as far as it is known.
+    virtual int OuterLeft() const = 0;
+    virtual int OuterTop() const = 0;
+    virtual int OuterWidth() const = 0;
+    virtual int OuterHeight() const = 0;
+    virtual void MoveOuter(int left, int top) = 0;
+    virtual void SetOuterSize(int width, int height) = 0;
+    virtual void SetClientSize(int width, int height) = 0;
+    virtual void SetResizable(bool on) = 0;
+    virtual bool IsResizable() const = 0;
+
+    // Display.
+    virtual std::vector<DisplayMode> DisplayModes() const = 0;
+    virtual bool EnterFullscreen(const DisplayMode& mode) = 0;
+    virtual bool LeaveFullscreen() = 0;
+    virtual void SetGammaRamp(const std::vector<unsigned short>& ramp) = 0;
+
+    // Cursor, in screen pixels.
+    virtual void SetCursor(Cursor cursor) = 0;
+    virtual int CursorScreenX() const = 0;
+    virtual int CursorScreenY() const = 0;
+    virtual void WarpCursor(int screenX, int screenY) = 0;
+
+    // Keyboard and buttons.
+    virtual bool IsKeyDown(int virtualKey) const = 0;
+    virtual bool IsKeyToggled(int virtualKey) const = 0;
+    virtual bool IsMouseButtonDown(int button) const = 0;
+    /// The character that the key makes now, by the layout, shift and lock state; 0 if none.
+    /// Right while a key-down event of that key is being handled.
+    virtual char KeyToChar(int virtualKey) const = 0;
+};
+
+/// The window in force: a headless one of 800 by 600 unless another was set. It exists before
+/// its platform window is created.
+Window& TheWindow();
+/// Sets the window, not owned; null goes back to the headless one.
+void UseWindow(Window* window);
+
+}  // namespace Platform

@@ -1,0 +1,47 @@
+#pragma once
+// One particle of water, ice or steam. There is no state field: ice is a member of a group;
+// free water has 0 < temperature < 100 degrees; free steam has 100 or more.
+
+#include <cstdint>
+#include <list>
+
+#include "engine/Vector2.h"
+
+struct Particle {
+    /// Collision radius of every particle, world units.
+    static constexpr float radius = 2.0f;
+
+    Vector2 position;            ///< world units
+    Vector2 positionHistory[3];  ///< after the last three steps, the newest first
+    Vector2 velocity;            ///< units per second
+    Vector2 pushVelocity;        ///< added to `velocity` for one move, then cleared
+    float temperature = 0.0f;    ///< degrees
+    float speed = 0.0f;          ///< length of the whole velocity after this step's move
+    Particle* gridNext = nullptr;
+    Particle* gridPrevious = nullptr;
+    std::uint32_t gridX = 0;
+    std::uint32_t gridY = 0;
+    std::uint8_t inGrid = 0;
+    std::uint8_t dying = 0;
+    float killTimer = 0.0f;  ///< seconds left once `dying` is set
+    Vector2 groupDirection;  ///< unit; the place in a group
+    float groupScale = 0.0f; ///< 0..1; the place in a group
+};
+
+/// Moving a particle between lists relinks its node: its address stays.
+using ParticleList = std::list<Particle>;
+
+/// One rigid lump of ice.
+struct ParticleGroup {
+    ParticleList particles;
+    float radius = 0.0f;        ///< of the circle that collides
+    float targetRadius = 0.0f;  ///< what `radius` grows towards
+    Vector2 position;
+    Vector2 velocity;
+    Vector2 pushVelocity;
+    std::uint8_t hitThisStep = 0;  ///< made a contact in this step's move
+    float temperature = 0.0f;      ///< degrees, for the whole lump
+    std::uint8_t dying = 0;
+    float killTimer = 0.0f;
+};
+using GroupList = std::list<ParticleGroup>;
