@@ -31,8 +31,8 @@ public:
     void DrawText(const char* text, float x, float y, float size, float r, float g, float b,
                   float a) const;
     /// The same, centred in a box; for single lines.
-    void DrawTextCentred(const char* text, float x, float y, float w, float h, float size,
-                         float r, float g, float b, float a) const;
+    void DrawTextCentred(const char* text, float x, float y, float w, float h, float size, float r,
+                         float g, float b, float a) const;
 
     // Copies taken when the handle was made; `glName` stays right over reloads.
     std::uint32_t width = 0;  ///< source pixels
@@ -43,4 +43,7 @@ public:
 
 private:
     void Acquire(const char* resourceName);
+    void Release();
+
+    std::uint32_t generation = 0;  ///< of the cache, when this reference was counted
 };

@@ -6,20 +6,24 @@
 // are only counted.
 
 #include <cstdint>
+#include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <thread>
 #include <vector>
 
-/// Where pixels go; the GL implementation is in graphics/TextureDevice.h.
+#include "platform/ImageFile.h"
+
+/// Where pixels go, and the reader of image files that only programs with a screen link; the
+/// GL implementation is in graphics/TextureDeviceDraw.h.
 class TextureDevice {
 public:
     virtual ~TextureDevice() = default;
     struct Options {
         int quality = 0;  ///< 0 full, 1 compressed, 2 compressed and half size
         bool compression = false;
-        bool anisotropic = false;
-        int anisotropy = 1;
+        int anisotropy = 0;  ///< 0: there is no such filter
     };
     virtual std::uint32_t Generate() = 0;
     virtual void Delete(std::uint32_t glName) = 0;
@@ -28,7 +32,10 @@ public:
                         std::uint32_t height, const Options& options) = 0;
     virtual void SetAnisotropy(std::uint32_t glName, int anisotropy) = 0;
     virtual void SetCompressionHint(bool nicest) = 0;
-    virtual int MaxAnisotropy() = 0;
+    virtual int MaxAnisotropy() = 0;  ///< 0: there is no such filter
+    virtual bool HasCompression() = 0;
+    /// Any image file but 32-bit TGA.
+    virtual std::optional<Platform::ImageFile> LoadImage(const std::filesystem::path& path) = 0;
 };
 
 /// One cached texture, owned by the cache.
@@ -54,6 +61,9 @@ void Shutdown();
 
 const TextureRecord& Acquire(const std::string& name, const char* resourceName);
 void Release(const std::string& name);
+/// Changes whenever all records are deleted at once, so that handles made before know that
+/// they hold nothing any more.
+std::uint32_t Generation();
 /// Appends one line per record, in key order.
 void List(std::vector<std::string>& lines);
 std::uint32_t MemoryBytes();

@@ -1,0 +1,64 @@
+// The handle's side of the texture cache: each handle holds one reference by name.
+
+#include "graphics/Texture.h"
+
+#include <utility>
+
+#include "engine/Text.h"
+#include "graphics/TextureManager.h"
+
+Texture::Texture() : name("No_Texture_Specified") {
+    Acquire("NO_TEXTURE");
+    UpperCase(name);
+}
+
+Texture::Texture(const std::string& newName, const char* resourceName) : name(newName) {
+    Acquire(resourceName);
+}
+
+Texture::Texture(const Texture& other) : name(other.name) {
+    Acquire("");
+}
+
+Texture& Texture::operator=(const Texture& other) {
+    if (this != &other) {
+        Release();
+        name = other.name;
+        Acquire("");
+    }
+    return *this;
+}
+
+Texture::~Texture() {
+    Release();
+}
+
+void Texture::SetName(const std::string& newName) {
+    std::string upper = UpperCased(newName);
+    if (upper != name) {
+        Release();
+        name = std::move(upper);
+        Acquire("");
+    }
+}
+
+void Texture::AssignIfDifferent(const Texture& other) {
+    if (glName != other.glName) {
+        *this = other;
+    }
+}
+
+void Texture::Acquire(const char* resourceName) {
+    const TextureRecord& record = TextureManager::Acquire(name, resourceName);
+    width = record.width;
+    height = record.height;
+    glName = record.glName;
+    hasAlpha = record.hasAlpha;
+    generation = TextureManager::Generation();
+}
+
+void Texture::Release() {
+    if (generation == TextureManager::Generation()) {
+        TextureManager::Release(name);
+    }
+}

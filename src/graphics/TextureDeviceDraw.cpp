@@ -1,0 +1,83 @@
+// Uploads with GLU, which builds the mipmaps and stretches odd sizes.
+
+#include "graphics/TextureDeviceDraw.h"
+
+#include <GL/gl.h>
+#include <GL/glext.h>
+#include <GL/glu.h>
+
+#include <algorithm>
+#include <bit>
+#include <vector>
+
+#include "graphics/GLWindow.h"
+
+// Pixels are words with blue in the low byte; GL is told BGRA bytes.
+static_assert(std::endian::native == std::endian::little);
+
+std::uint32_t GLTextureDevice::Generate() {
+    GLuint glName = 0;
+    glGenTextures(1, &glName);
+    return glName;
+}
+
+void GLTextureDevice::Delete(std::uint32_t glName) {
+    glDeleteTextures(1, &glName);
+}
+
+void GLTextureDevice::Upload(std::uint32_t glName, const std::uint32_t* pixels, std::uint32_t width,
+                             std::uint32_t height, const Options& options) {
+    if (width == 0 || height == 0) {
+        return;
+    }
+    glBindTexture(GL_TEXTURE_2D, glName);
+    if (options.anisotropy > 0) {
+        glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAX_ANISOTROPY_EXT, options.anisotropy);
+    }
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR_MIPMAP_LINEAR);
+
+    std::vector<std::uint32_t> half;
+    if (options.quality == 2) {
+        const std::uint32_t halfWidth = std::max(width / 2, 1u);
+        const std::uint32_t halfHeight = std::max(height / 2, 1u);
+        half.resize(std::size_t{halfWidth} * halfHeight);
+        gluScaleImage(GL_BGRA_EXT, static_cast<GLsizei>(width), static_cast<GLsizei>(height),
+                      GL_UNSIGNED_BYTE, pixels, static_cast<GLsizei>(halfWidth),
+                      static_cast<GLsizei>(halfHeight), GL_UNSIGNED_BYTE, half.data());
+        pixels = half.data();
+        width = halfWidth;
+        height = halfHeight;
+    }
+    GLint internalFormat = GL_RGBA;
+    if (options.quality > 0) {
+        internalFormat = options.compression ? GL_COMPRESSED_RGBA_ARB : GL_RGBA4;
+    }
+    gluBuild2DMipmaps(GL_TEXTURE_2D, internalFormat, static_cast<GLsizei>(width),
+                      static_cast<GLsizei>(height), GL_BGRA_EXT, GL_UNSIGNED_BYTE, pixels);
+}
+
+void GLTextureDevice::SetAnisotropy(std::uint32_t glName, int anisotropy) {
+    glBindTexture(GL_TEXTURE_2D, glName);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAX_ANISOTROPY_EXT, anisotropy);
+}
+
+void GLTextureDevice::SetCompressionHint(bool nicest) {
+    glHint(GL_TEXTURE_COMPRESSION_HINT_ARB, static_cast<GLenum>(nicest ? GL_NICEST : GL_FASTEST));
+}
+
+int GLTextureDevice::MaxAnisotropy() {
+    GLint value = 0;
+    if (GLWindow::HasExtension("GL_EXT_texture_filter_anisotropic")) {
+        glGetIntegerv(GL_MAX_TEXTURE_MAX_ANISOTROPY_EXT, &value);
+    }
+    return value;
+}
+
+bool GLTextureDevice::HasCompression() {
+    return GLWindow::HasExtension("GL_ARB_texture_compression");
+}
+
+std::optional<Platform::ImageFile> GLTextureDevice::LoadImage(const std::filesystem::path& path) {
+    return Platform::ReadImageFile(path);
+}
