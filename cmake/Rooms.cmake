@@ -1,4 +1,4 @@
-# vantrel_room(NAME [LINK ...] [DRAW_ALSO ...])
+# vantrel_room(NAME [LINK ...] [EXCLUDE ...] [DRAW_ALSO ...] [DRAW_LINK ...])
 #
 # Makes the library NAME from the .cpp files of the current folder. Files that end in
 # "Draw.cpp", and those in DRAW_ALSO, include GL and go to a second library, NAME_draw, which
@@ -7,8 +7,12 @@
 find_package(OpenGL REQUIRED)
 
 function(vantrel_room name)
-  cmake_parse_arguments(ROOM "" "" "LINK;DRAW_ALSO;DRAW_LINK" ${ARGN})
+  cmake_parse_arguments(ROOM "" "" "LINK;EXCLUDE;DRAW_ALSO;DRAW_LINK" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS *.cpp)
+  list(TRANSFORM ROOM_EXCLUDE PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
+  if(ROOM_EXCLUDE)
+    list(REMOVE_ITEM sources ${ROOM_EXCLUDE})
+  endif()
   file(GLOB draw CONFIGURE_DEPENDS *Draw.cpp)
   foreach(file ${ROOM_DRAW_ALSO})
     if(EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/${file})

@@ -7,10 +7,10 @@
 
 namespace Camera {
 
-extern Vector2 position;     ///< world point at the centre of the view
+extern Vector2 position;  ///< world point at the centre of the view
 extern Vector2 shakeOffset;
-extern float angle;          ///< degrees; above 0 turns gravity towards -x
-extern float zoom;           ///< world units per view unit, 1 to 2.5
+extern float angle;  ///< degrees; above 0 turns gravity towards -x
+extern float zoom;   ///< world units per view unit, 1 to 2.5
 
 enum State { OpeningFlight = 0, Following = 1, ZoomingOut = 2, Holding = 3, ZoomingIn = 4 };
 extern int state;

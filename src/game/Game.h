@@ -3,17 +3,14 @@
 // frames; start, restart and replacement of levels; the logical view; pause; the debug free
 // camera. Drawing is in GameDraw.cpp and reached through the Presentation.
 
+#include <cstdint>
 #include <string>
 
 #include "graphics/GLWindowEventListener.h"
 
 class Game : public GLWindowEventListener {
 public:
-    void OnMouseMove(int x, int y) override;
-    void OnMouseDown(int x, int y, int button) override;
-    void OnMouseUp(int x, int y, int button) override;
     void OnKeyDown(int virtualKey) override;
-    void OnKeyUp(int virtualKey) override;
     void OnClose() override;
     void OnFocusLost() override;
 
@@ -24,6 +21,9 @@ public:
     static void Frame();
     static void Shutdown();
     static bool IsRunning();
+    /// Module steps taken since the program started, and the seconds given to the last one.
+    static std::uint32_t StepCount();
+    static float LastStep();
 
     /// Served at the end of the frame.
     static void RequestMap(const std::string& name);
@@ -34,6 +34,8 @@ public:
     static float ViewWidth();
     static float ViewHeight();
 
+    /// Name of the loaded level; empty without one.
+    static const std::string& MapName();
     static std::string MusicName();
     /// Mean of the last full batch of 16 frame times, seconds.
     static float FrameTime();

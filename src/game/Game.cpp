@@ -1,0 +1,298 @@
+// The frame loop and the life of a level; see Game.h.
+
+#include "game/Game.h"
+
+#include "actors/Camera.h"
+#include "engine/ConfigFile.h"
+#include "engine/Console.h"
+#include "engine/Presentation.h"
+#include "game/GameState.h"
+#include "game/LevelProgress.h"
+#include "graphics/GLWindow.h"
+#include "level/LevelData.h"
+#include "platform/Clock.h"
+#include "water/ParticleManager.h"
+#include "water/ParticleMover.h"
+
+GameState gameState;
+
+namespace {
+
+// Modules are stepped once at least this much time has gathered, with all of it.
+constexpr float shortestStep = 0.01f;
+// The simulation never sees a longer step: below 30 frames a second it slows down.
+constexpr float longestSimulationStep = 0.033333335f;
+constexpr unsigned framesPerBatch = 16;
+
+constexpr float startRadius = 10.0f;
+constexpr unsigned startAmount = 128;
+
+bool IsPlaying() {
+    return !gameState.loadedMapName.empty() && !Camera::IsOpeningFlight() &&
+           !LevelProgress::IsFinished() && !gameState.paused;
+}
+
+void ResetRequests() {
+    gameState.running = true;
+    gameState.quitRequested = false;
+    gameState.newMapRequested = false;
+    gameState.restartRequested = false;
+}
+
+void ResetDebugViews() {
+    gameState.showGameSpeeds = false;
+    gameState.showDrawSpeeds = false;
+    gameState.showSimSpeeds = false;
+    gameState.freeCamera = false;
+    gameState.freeCameraX = 0.0f;
+    gameState.freeCameraY = 0.0f;
+    gameState.freeCameraZoom = 1.0f;
+}
+
+void ReadSettings() {
+    const ConfigFile file("cfg\\game.cfg");
+    gameState.backgroundRed = file.GetFloat("background_r");
+    gameState.backgroundGreen = file.GetFloat("background_g");
+    gameState.backgroundBlue = file.GetFloat("background_b");
+    gameState.musicName = file.GetString("music");
+    if (!gameState.cursorTexture) {
+        gameState.cursorTexture =
+            std::make_unique<Texture>(file.GetString("cursor"), "DEFAULT_SPRITE");
+    }
+    if (!gameState.font) {
+        gameState.font = std::make_unique<Texture>(file.GetString("font"), "DEFAULT_FONT");
+    }
+}
+
+/// The water at the level's start, and the camera on its way to it.
+void StartWaterAndCamera() {
+    ParticleManager::CreateParticles(LevelData::waterStart.x, LevelData::waterStart.y, startRadius,
+                                     startAmount);
+    Camera::position = LevelData::cameraStart;
+    Camera::SetState(Camera::OpeningFlight);
+}
+
+void StartModules() {
+    TemperatureChangeReadConfig();
+    ParticleManager::Initialise();
+    Presentation::Current().PrepareWater();
+    Camera::ReadConfig();
+    StartWaterAndCamera();
+    gameState.frameTimer.Reset();
+    LevelProgress::Initialise();
+}
+
+void RestartLevel() {
+    ResetRequests();
+    ResetDebugViews();
+    ParticleManager::ClearAll();
+    LevelData::Restart();
+    Camera::ReadConfig();
+    StartWaterAndCamera();
+    LevelProgress::Initialise();
+}
+
+void UpdateFrameTime() {
+    gameState.frameTimer.Tick();
+    gameState.frameTimeSum += gameState.frameTimer.deltaSeconds;
+    if (++gameState.frameTimeCount < framesPerBatch) {
+        return;
+    }
+    gameState.frameTime = gameState.frameTimeSum / static_cast<float>(framesPerBatch);
+    gameState.frameTimeSum = 0.0f;
+    gameState.frameTimeCount = 0;
+    if (gameState.showGameSpeeds && gameState.frameTime > 0.0f) {
+        Console::Print("\nGame - fps: ");
+        Console::PrintFloat(1.0f / gameState.frameTime);
+    }
+}
+
+void Simulate(float dt) {
+    const std::uint64_t begin = Platform::TheClock().Counter();
+    if (dt > longestSimulationStep) {
+        dt = longestSimulationStep;
+    }
+    ParticleManager::Step(dt);
+    if (gameState.simulationCost.Add(begin, Platform::TheClock().Counter()) &&
+        gameState.showSimSpeeds) {
+        Console::Print("\nSimulation - clock tics: ");
+        Console::PrintUnsigned(static_cast<std::uint32_t>(gameState.simulationCost.mean));
+    }
+}
+
+void StepModules(float dt) {
+    if (IsPlaying()) {
+        Simulate(dt);
+    }
+    Camera::Step(!gameState.freeCamera && !gameState.consoleOpen, dt);
+    if (gameState.freeCamera) {
+        StepFreeCamera();
+    }
+    if (IsPlaying()) {
+        LevelProgress::Step(dt);
+    } else {
+        LevelProgress::SkipTime();
+    }
+}
+
+void ServeRequests() {
+    if (gameState.quitRequested) {
+        gameState.running = false;
+    } else if (gameState.newMapRequested) {
+        Game::Initialise(gameState.pendingMapName);
+    } else if (gameState.restartRequested) {
+        RestartLevel();
+    }
+}
+
+}  // namespace
+
+bool CostMeter::Add(std::uint64_t begin, std::uint64_t end) {
+    constexpr unsigned runsPerMean = 32;
+    sum += static_cast<double>(static_cast<std::uint32_t>(end) - static_cast<std::uint32_t>(begin));
+    if (++count < runsPerMean) {
+        return false;
+    }
+    mean = sum / runsPerMean;
+    sum = 0.0;
+    count = 0;
+    return true;
+}
+
+void Game::Initialise(const std::string& mapName) {
+    ResetRequests();
+    ReadSettings();
+    if (!LevelData::Load(mapName)) {
+        return;
+    }
+    gameState.loadedMapName = mapName;
+    ResetDebugViews();
+    gameState.stepAccumulator = shortestStep;
+    AddGameCommands();
+    Console::PrintBanner("Game initialisation");
+    StartModules();
+}
+
+void Game::Frame() {
+    UpdateFrameTime();
+    if (GLWindow::IsCursorInClient()) {
+        GLWindow::SetCursorKind(0);
+    }
+    gameState.stepAccumulator += gameState.frameTime;
+    if (gameState.stepAccumulator >= shortestStep) {
+        gameState.lastStep = gameState.stepAccumulator;
+        StepModules(gameState.stepAccumulator);
+        ++gameState.stepCount;
+        gameState.stepAccumulator = 0.0f;
+    }
+    if (!GLWindow::IsMinimised()) {
+        Presentation::Current().DrawFrame();
+    }
+    ServeRequests();
+}
+
+void Game::Run(const std::string& mapName) {
+    if (!GLWindow::IsOpen() || gameState.running) {
+        return;
+    }
+    ReadSurfaces();
+    Initialise(mapName);
+    GLWindowEventListener* const previous = GLWindow::GetListener();
+    Game game;
+    GLWindow::SetListener(&game);
+    gameState.frameTimer.Reset();
+    while (GLWindow::IsOpen() && gameState.running) {
+        GLWindow::PumpMessages();
+        Frame();
+        if (GLWindow::IsMinimised()) {
+            Platform::TheClock().Sleep(1);
+        }
+    }
+    GLWindow::SetListener(previous);
+    Shutdown();
+}
+
+void Game::Shutdown() {
+    Console::PrintBanner("Game shutdown");
+    RemoveGameCommands();
+    LevelData::Unload();
+    ParticleManager::Shutdown();
+    Presentation::Current().ReleaseWater();
+    LevelProgress::Shutdown();
+    gameState.running = false;
+    gameState.loadedMapName.clear();
+    gameState.cursorTexture.reset();
+    gameState.font.reset();
+}
+
+bool Game::IsRunning() {
+    return gameState.running;
+}
+
+std::uint32_t Game::StepCount() {
+    return gameState.stepCount;
+}
+
+float Game::LastStep() {
+    return gameState.lastStep;
+}
+
+void Game::RequestMap(const std::string& name) {
+    gameState.newMapRequested = true;
+    gameState.pendingMapName = name;
+}
+
+void Game::RequestQuit() {
+    gameState.quitRequested = true;
+}
+
+void Game::RequestRestart() {
+    gameState.restartRequested = true;
+}
+
+namespace {
+
+struct ViewSize {
+    float width, height;
+};
+
+/// 600 high or 800 wide, whichever shows more; 800 by 600 while the window has no area.
+ViewSize LogicalView() {
+    const int width = GLWindow::ClientWidth();
+    const int height = GLWindow::ClientHeight();
+    if (width < 1 || height < 1) {
+        return {800.0f, 600.0f};
+    }
+    const auto w = static_cast<float>(width);
+    const auto h = static_cast<float>(height);
+    if (height >= width) {
+        return {800.0f, h * (800.0f / w)};
+    }
+    return {w * (600.0f / h), 600.0f};
+}
+
+}  // namespace
+
+float Game::ViewWidth() {
+    return LogicalView().width;
+}
+
+float Game::ViewHeight() {
+    return LogicalView().height;
+}
+
+const std::string& Game::MapName() {
+    return gameState.loadedMapName;
+}
+
+std::string Game::MusicName() {
+    return gameState.musicName;
+}
+
+float Game::FrameTime() {
+    return gameState.frameTime;
+}
+
+bool Game::IsPaused() {
+    return gameState.paused;
+}

@@ -1,0 +1,152 @@
+// One frame of the game, from the background to the console.
+
+#include "game/GameDraw.h"
+
+#include <GL/gl.h>
+
+#include <cstdio>
+
+#include "actors/Camera.h"
+#include "engine/Console.h"
+#include "game/Game.h"
+#include "game/GameState.h"
+#include "game/LevelProgress.h"
+#include "graphics/ConsoleDraw.h"
+#include "graphics/GLWindow.h"
+#include "graphics/GLWindowDraw.h"
+#include "level/DynamicPolygonRenderer.h"
+#include "level/LevelData.h"
+#include "level/LevelGeometryRenderer.h"
+#include "platform/Clock.h"
+#include "water/GroupedParticleMover.h"
+#include "water/ParticleRenderer.h"
+
+namespace {
+
+void BeginFrame() {
+    GLWindow::SetPixelProjection();
+    glClearColor(gameState.backgroundRed, gameState.backgroundGreen, gameState.backgroundBlue,
+                 1.0f);
+    glClear(GL_COLOR_BUFFER_BIT);
+    glEnable(GL_TEXTURE_2D);
+    glDisable(GL_DEPTH_TEST);
+}
+
+void ApplyFreeCamera() {
+    const float width = Game::ViewWidth();
+    const float height = Game::ViewHeight();
+    glScalef(static_cast<float>(GLWindow::ClientWidth()) / width,
+             static_cast<float>(GLWindow::ClientHeight()) / height, 0.0f);
+    glTranslatef(width * 0.5f, height * 0.5f, 0.0f);
+    glScalef(gameState.freeCameraZoom, gameState.freeCameraZoom, 0.0f);
+    glTranslatef(-gameState.freeCameraX, -gameState.freeCameraY, 0.0f);
+}
+
+void SetWorldState() {
+    glEnable(GL_BLEND);
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    glEnable(GL_TEXTURE_2D);
+    glDisable(GL_CULL_FACE);
+    glColor4f(1.0f, 1.0f, 1.0f, 1.0f);
+}
+
+void DrawLayer(int layer, void (*drawStatic)()) {
+    DynamicPolygonRenderer::DrawLayer(layer);
+    drawStatic();
+}
+
+void DrawWorld() {
+    SetWorldState();
+    DynamicPolygonRenderer::PrepareDraw();
+    DrawLayer(0, LevelGeometryRenderer::DrawLayer0);
+    DrawLayer(1, LevelGeometryRenderer::DrawLayer1);
+    ParticleRenderer::Draw();
+    glColor4f(1.0f, 1.0f, 1.0f, 1.0f);
+    DrawLayer(2, LevelGeometryRenderer::DrawLayer2);
+    DrawLayer(3, LevelGeometryRenderer::DrawLayer3);
+    DrawLayer(4, LevelGeometryRenderer::DrawLayer4);
+
+    LevelData::Draw();
+    GroupedParticleMover::Draw();
+}
+
+/// Where the game's own camera looks while the free camera is on.
+void DrawFreeCameraOverlay() {
+    const Vector2 at{gameState.freeCameraX, gameState.freeCameraY};
+    const float arm = 4.0f / gameState.freeCameraZoom;
+    {
+        const DebugDraw::State state;
+        constexpr DebugDraw::Colour white{1.0f, 1.0f, 1.0f};
+        constexpr DebugDraw::Colour green{0.0f, 1.0f, 0.0f};
+        DebugDraw::Line(at - Vector2{arm, 0.0f}, at + Vector2{arm, 0.0f}, white);
+        DebugDraw::Line(at - Vector2{0.0f, arm}, at + Vector2{0.0f, arm}, white);
+        const Camera::ViewRectangle view = Camera::View();
+        for (int i = 0; i < 4; ++i) {
+            DebugDraw::Line(view.corner[i], view.corner[(i + 1) % 4], green);
+        }
+    }
+    char text[64];
+    std::snprintf(text, sizeof text, "%1f , %2f", static_cast<double>(at.x),
+                  static_cast<double>(at.y));
+    Console::Font().DrawText(text, at.x, at.y + 16.0f / gameState.freeCameraZoom,
+                             8.0f / gameState.freeCameraZoom, 1.0f, 1.0f, 1.0f, 1.0f);
+}
+
+/// In 800 by 600 units over the client area.
+void DrawPausedText() {
+    const Texture& font = *gameState.font;
+    font.DrawTextCentred("Paused", 2.0f, 2.0f, 800.0f, 600.0f, 32.0f, 0.0f, 0.0f, 0.0f, 1.0f);
+    font.DrawTextCentred("Paused", 0.0f, 0.0f, 800.0f, 600.0f, 32.0f, 1.0f, 1.0f, 1.0f, 1.0f);
+}
+
+void PrintDrawingCost(std::uint64_t begin) {
+    if (gameState.drawingCost.Add(begin, Platform::TheClock().Counter()) &&
+        gameState.showDrawSpeeds) {
+        Console::Print("\nDrawing - clock tics: ");
+        Console::PrintUnsigned(static_cast<std::uint32_t>(gameState.drawingCost.mean));
+    }
+}
+
+}  // namespace
+
+void GamePresentation::PrepareLevel() {
+    LevelGeometryRenderer::Initialise();
+}
+
+void GamePresentation::ReleaseLevel() {
+    LevelGeometryRenderer::Shutdown();
+}
+
+void GamePresentation::PrepareWater() {
+    ParticleRenderer::Initialise();
+}
+
+void GamePresentation::ReleaseWater() {
+    ParticleRenderer::Shutdown();
+}
+
+void GamePresentation::DrawFrame() {
+    const std::uint64_t begin = Platform::TheClock().Counter();
+    BeginFrame();
+    if (gameState.freeCamera) {
+        ApplyFreeCamera();
+    } else {
+        Camera::ApplyView();
+    }
+    const bool finished = LevelProgress::IsFinished();
+    if (!finished) {
+        DrawWorld();
+    }
+    if (gameState.freeCamera && !finished) {
+        DrawFreeCameraOverlay();
+    }
+    LevelProgress::Draw();
+    if (gameState.paused && !gameState.freeCamera && gameState.font) {
+        DrawPausedText();
+    }
+    PrintDrawingCost(begin);
+    if (gameState.consoleOpen) {
+        Console::Draw();
+    }
+    GLWindow::SwapBuffers();
+}

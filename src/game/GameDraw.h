@@ -1,0 +1,13 @@
+#pragma once
+// The game on the screen: draws frames and prepares what drawing needs.
+
+#include "engine/Presentation.h"
+
+class GamePresentation : public Presentation {
+public:
+    void PrepareLevel() override;
+    void ReleaseLevel() override;
+    void PrepareWater() override;
+    void ReleaseWater() override;
+    void DrawFrame() override;
+};

@@ -1,0 +1,66 @@
+#pragma once
+// The running game's state, shared by the files of `Game` and by nobody else.
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "engine/Timer.h"
+#include "graphics/Texture.h"
+
+/// Sum of clock tics over 32 runs of something, and the last mean.
+struct CostMeter {
+    double sum = 0.0;
+    unsigned count = 0;
+    double mean = 0.0;
+
+    /// Adds one run; true when a mean is ready.
+    bool Add(std::uint64_t begin, std::uint64_t end);
+};
+
+struct GameState {
+    bool running = false;
+    bool quitRequested = false;
+    bool newMapRequested = false;
+    bool restartRequested = false;
+    bool consoleOpen = false;
+    bool paused = false;
+    bool showGameSpeeds = false;
+    bool showDrawSpeeds = false;
+    bool showSimSpeeds = false;
+
+    bool freeCamera = false;
+    float freeCameraX = 0.0f;  ///< world units
+    float freeCameraY = 0.0f;
+    float freeCameraZoom = 1.0f;  ///< 0.01 to 100; larger shows less
+
+    float frameTime = 0.0f;     ///< mean of the last full batch of 16 frames, seconds
+    float frameTimeSum = 0.0f;  ///< of the batch that is being counted
+    unsigned frameTimeCount = 0;
+    float stepAccumulator = 0.01f;  ///< seconds not yet given to the modules
+    std::uint32_t stepCount = 0;    ///< module steps since the program started
+    float lastStep = 0.0f;          ///< seconds given to the last module step
+
+    float backgroundRed = 0.0f;
+    float backgroundGreen = 0.0f;
+    float backgroundBlue = 0.0f;
+    std::string loadedMapName;
+    std::string pendingMapName;
+    std::string musicName;
+    std::unique_ptr<Texture> cursorTexture;
+    std::unique_ptr<Texture> font;
+
+    Timer frameTimer;
+    CostMeter simulationCost;
+    CostMeter drawingCost;
+};
+
+extern GameState gameState;
+
+/// The commands that a loaded level brings.
+void AddGameCommands();
+/// Removes them, but for "Version" and "Map", which stay until the console goes.
+void RemoveGameCommands();
+
+/// Moves the debug free camera by the keys that are held.
+void StepFreeCamera();

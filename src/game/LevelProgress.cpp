@@ -1,0 +1,161 @@
+// Level completion, timing and score; see LevelProgress.h.
+
+#include "game/LevelProgress.h"
+
+#include <algorithm>
+
+#include "actors/Camera.h"
+#include "engine/ConfigFile.h"
+#include "engine/Console.h"
+#include "engine/Timer.h"
+#include "level/LevelData.h"
+#include "water/GroupedParticleMover.h"
+#include "water/ParticleManager.h"
+
+namespace LevelProgress {
+
+float respawnX = 0.0f;
+float respawnY = 0.0f;
+std::uint32_t respawnAmount = 128;
+bool timePrint = false;
+
+namespace {
+
+constexpr std::uint32_t fullBody = 128;  // particles in a full body of water
+constexpr float respawnRadius = 10.0f;
+
+// A level in `bestTime` milliseconds or less is worth the whole range.
+constexpr double bestTime = 160000.0;
+constexpr double worstTime = 480000.0;
+constexpr double timeScoreRange = 435000.0;
+constexpr std::uint32_t timeScoreBase = 1000;
+constexpr double waterScoreRange = 64000.0;
+
+bool finishing = false;
+float finishAnimationTime = 0.001f;  // seconds
+float finishTimer = 0.001f;          // seconds left of the finish animation
+float finishWaterVolume = 0.0f;      // share of the water that must stand in the finish
+std::uint32_t waterInFinish = 0;     // counted during this step
+Stopwatch stopwatch;
+
+void RespawnWater() {
+    ParticleManager::CreateParticles(respawnX, respawnY, respawnRadius, respawnAmount);
+    Camera::SetState(Camera::OpeningFlight);
+}
+
+void StepFinishTimer(float dt) {
+    if (finishTimer > 0.0f) {
+        finishTimer -= dt;
+    }
+}
+
+void TestFinish() {
+    const float share = static_cast<float>(WaterAtFinish()) * finishWaterVolume;
+    const auto required = std::max(static_cast<std::int64_t>(share), std::int64_t{1});
+    if (waterInFinish >= required) {
+        finishing = true;
+        finishTimer = finishAnimationTime;
+    }
+    waterInFinish = 0;
+}
+
+}  // namespace
+
+void Initialise() {
+    respawnX = LevelData::waterStart.x;
+    respawnY = LevelData::waterStart.y;
+    respawnAmount = fullBody;
+    finishing = false;
+    timePrint = false;
+    waterInFinish = 0;
+
+    const ConfigFile file("cfg\\game.cfg");
+    finishAnimationTime = std::max(file.GetFloat("finishAnimationTime"), 0.001f);
+    finishTimer = finishAnimationTime;
+    finishWaterVolume = file.GetFloat("finishWaterVolume");
+
+    Console::AddCommand("TimePrint", [](bool value, bool isSet) {
+        if (isSet) {
+            timePrint = value;
+        }
+        return timePrint;
+    });
+    stopwatch.Reset();
+}
+
+void Shutdown() {
+    Console::RemoveCommand("TimePrint");
+    waterInFinish = 0;
+}
+
+void Step(float dt) {
+    if (!finishing) {
+        stopwatch.Tick();
+    }
+    if (ParticleManager::particles.empty() && GroupedParticleMover::groups.empty()) {
+        RespawnWater();
+    }
+    if (finishing) {
+        StepFinishTimer(dt);
+    } else {
+        TestFinish();
+    }
+}
+
+void SkipTime() {
+    stopwatch.Skip();
+}
+
+bool IsFinished() {
+    return finishing && finishTimer <= 0.0f;
+}
+
+bool IsFinishing() {
+    return finishing;
+}
+
+void AddWaterAtFinish(std::uint32_t count) {
+    waterInFinish += count;
+}
+
+void SetRespawn(float x, float y) {
+    respawnX = x;
+    respawnY = y;
+    respawnAmount = WaterAtFinish();
+}
+
+std::uint32_t WaterAtFinish() {
+    std::size_t count = ParticleManager::particles.size();
+    for (const ParticleGroup& group : GroupedParticleMover::groups) {
+        count += group.particles.size();
+    }
+    return static_cast<std::uint32_t>(count);
+}
+
+std::uint32_t ElapsedMs() {
+    return stopwatch.elapsedMs;
+}
+
+std::uint32_t TimeScore() {
+    const double late = (static_cast<double>(ElapsedMs()) - bestTime) / (worstTime - bestTime);
+    const double share = 1.0 - std::clamp(late, 0.0, 1.0);
+    return static_cast<std::uint32_t>(timeScoreRange * share) + timeScoreBase;
+}
+
+std::uint32_t WaterScore() {
+    const double share = static_cast<double>(WaterAtFinish()) / static_cast<double>(fullBody);
+    return static_cast<std::uint32_t>(waterScoreRange * share);
+}
+
+std::uint32_t TotalScore() {
+    return TimeScore() + WaterScore();
+}
+
+float FinishFade() {
+    if (!finishing || finishTimer <= 0.0f) {
+        return -1.0f;
+    }
+    return 1.0f - finishTimer / finishAnimationTime;
+}
+
+}  // namespace LevelProgress

@@ -1,0 +1,48 @@
+#pragma once
+// How a level ends and what it was worth: the stopwatch, the respawn of lost water, the count
+// of water in the finish, and the score. There is no failure: water that is all lost comes
+// back, and the only ending is success.
+
+#include <cstdint>
+
+namespace LevelProgress {
+
+/// At a level's start and restart: reads cfg\game.cfg and goes back to the first state.
+void Initialise();
+void Shutdown();
+/// Once per module step while the level is played; `dt` in seconds, uncapped.
+void Step(float dt);
+/// Lets the time since the last tick go by uncounted.
+void SkipTime();
+/// The finish was reached and its animation is over.
+bool IsFinished();
+/// The finish was reached; true from then on.
+bool IsFinishing();
+/// Counts water that stands in the finish during this step.
+void AddWaterAtFinish(std::uint32_t count);
+/// Lost water comes back here from now on, as much of it as there is now.
+void SetRespawn(float x, float y);
+/// All water in the level, of any state.
+std::uint32_t WaterAtFinish();
+std::uint32_t ElapsedMs();
+
+/// 436,000 for 2 minutes 40 or less, falling evenly to 1,000 for 8 minutes or more.
+std::uint32_t TimeScore();
+/// 500 a particle.
+std::uint32_t WaterScore();
+std::uint32_t TotalScore();
+
+/// Once a frame after the world (LevelProgressDraw.cpp); leaves the transform in 800 by 600
+/// units over the client area.
+void Draw();
+
+// What drawing and traces read.
+
+extern float respawnX;
+extern float respawnY;
+extern std::uint32_t respawnAmount;
+extern bool timePrint;
+/// How far the fade over the finished level is, 0..1; negative while it doesn't show.
+float FinishFade();
+
+}  // namespace LevelProgress

@@ -1,0 +1,126 @@
+// The entry point: brings the services up in a fixed order, runs the game once and takes
+// everything down again.
+
+#include <cstdio>
+#include <string>
+#include <string_view>
+
+#include "engine/Console.h"
+#include "game/Game.h"
+#include "game/GameDraw.h"
+#include "game/Startup.h"
+#include "graphics/ConsoleDraw.h"
+#include "graphics/GLWindow.h"
+#include "graphics/ProgramIcon.h"
+#include "graphics/TextureDeviceDraw.h"
+#include "graphics/TextureManager.h"
+#include "platform/GlfwWindow.h"
+#include "platform/Paths.h"
+
+namespace {
+
+constexpr const char* helpText =
+    "Usage: vantrel [switches]\n"
+    "  -MAP name          level to start with, for one start\n"
+    "  -RESOLUTION w h    window or screen size; kept\n"
+    "  -FULLSCREEN 0|1    kept\n"
+    "  -DETAIL 0..5       graphics detail; kept\n"
+    "  -SOUND 0|1         kept\n"
+    "  -MUSIC 0|1         kept\n"
+    "  --help, --version\n"
+    "Switches count in upper or lower case.\n";
+
+std::string JoinArguments(int argc, char** argv) {
+    std::string text;
+    for (int i = 1; i < argc; ++i) {
+        text += argv[i];
+        text += ' ';
+    }
+    return text;
+}
+
+/// Whether the arguments only asked for a text, which is then printed.
+bool AnswerQuestion(int argc, char** argv) {
+    for (int i = 1; i < argc; ++i) {
+        if (std::string_view(argv[i]) == "--help") {
+            std::fputs(helpText, stdout);
+            return true;
+        }
+        if (std::string_view(argv[i]) == "--version") {
+            std::puts("Vantrel 1.03");
+            return true;
+        }
+    }
+    return false;
+}
+
+void OpenWindow(const DetailProfile& profile) {
+    const auto width = static_cast<int>(startupSettings.resolutionX);
+    const auto height = static_cast<int>(startupSettings.resolutionY);
+    GLWindow::Create("Vantrel: Version 1.03", width, height);
+    GLWindow::Centre();
+    GLWindow::SetCursorKind(0);
+    for (const unsigned count : profile.sampleCounts) {
+        if (GLWindow::SetSamples(count)) {
+            break;
+        }
+    }
+    ShowProgramIcon();
+    if (startupSettings.fullscreen) {
+        GLWindow::SetFullscreen(true, width, height);
+    }
+    GLWindow::SetVsync(true);
+}
+
+void StartServices(const DetailProfile& profile) {
+    TextureManager::Initialise();
+    Console::Initialise();
+    GLWindow::AddConsoleCommands();
+    // The texture manager learns only at its start which extensions there are.
+    TextureManager::SetQuality(profile.textureQuality);
+    if (profile.anisotropy != 0) {
+        TextureManager::SetAnisotropy(profile.anisotropy);
+    }
+}
+
+void StopServices() {
+    Console::ReleaseFont();
+    Console::Shutdown();
+    TextureManager::Shutdown();
+    if (GLWindow::IsOpen()) {
+        GLWindow::Close();
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (AnswerQuestion(argc, argv)) {
+        return 0;
+    }
+    Platform::FindDataRoot(argv[0]);
+    Platform::EnterUserDirectory();
+    LoadPreferences();
+    ParseCommandLine(JoinArguments(argc, argv));
+
+    Platform::GlfwWindow window;
+    Platform::UseWindow(&window);
+    TextureDeviceGL textures;
+    TextureManager::UseDevice(&textures);
+    GamePresentation presentation;
+    Presentation::Use(&presentation);
+
+    const DetailProfile profile = ProfileOf(startupSettings.detailLevel);
+    OpenWindow(profile);
+    StartServices(profile);
+    GLWindow::BringToFront();
+    if (GLWindow::IsOpen()) {
+        Game::Run(startupSettings.mapName);
+    }
+    StopServices();
+
+    Presentation::Use(nullptr);
+    TextureManager::UseDevice(nullptr);
+    Platform::UseWindow(nullptr);
+    return 0;
+}

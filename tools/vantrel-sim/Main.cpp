@@ -1,0 +1,105 @@
+// vantrel-sim: runs the game's own frames with no display and prints the state.
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "Options.h"
+#include "Trace.h"
+#include "engine/Console.h"
+#include "game/Game.h"
+#include "graphics/GLWindow.h"
+#include "graphics/TextureManager.h"
+#include "platform/Clock.h"
+#include "platform/HeadlessWindow.h"
+#include "platform/Paths.h"
+#include "platform/VirtualKeys.h"
+#include "water/ParticleMover.h"
+
+namespace {
+
+int Fail(const OptionsError& error) {
+    std::fprintf(stderr, "vantrel-sim: %s\n", error.message.c_str());
+    return error.status;
+}
+
+/// The last reason that the console gives, as one line.
+std::string LastReason() {
+    std::string text = Console::OutputText();
+    const std::size_t reason = text.rfind("\nReason: ");
+    if (reason != std::string::npos) {
+        return text.substr(reason + 9);
+    }
+    const std::size_t line = text.rfind('\n');
+    return line == std::string::npos ? text : text.substr(line + 1);
+}
+
+void RunFrames(const Options& options, Platform::HeadlessWindow& window,
+               Platform::ScriptedClock& clock) {
+    auto change = options.keys.begin();
+    for (std::uint32_t frame = 1; frame <= options.frames; ++frame) {
+        for (; change != options.keys.end() && change->frame <= frame; ++change) {
+            window.SetKey(VirtualKey::left, change->left);
+            window.SetKey(VirtualKey::right, change->right);
+        }
+        clock.Advance(options.frameMs);
+        const std::uint32_t before = Game::StepCount();
+        GLWindow::PumpMessages();
+        Game::Frame();
+        if (Game::StepCount() != before && Game::StepCount() % options.every == 0) {
+            Trace::PrintStep();
+        }
+    }
+}
+
+int Run(const Options& options) {
+    Platform::ScriptedClock clock;
+    Platform::UseClock(&clock);
+    Platform::HeadlessWindow window;
+    Platform::UseWindow(&window);
+    GLWindow::Create("vantrel-sim", 800, 600);
+    TextureManager::Initialise();
+    Console::Initialise();
+    ReadSurfaces();
+    Game::Initialise(options.level);
+    int status = 0;
+    if (!Game::MapName().empty()) {
+        RunFrames(options, window, clock);
+        Trace::PrintEnd(options.frames);
+    } else {
+        status = Fail({"cannot load level '" + options.level + "': " + LastReason(), 1});
+    }
+    Game::Shutdown();
+    Console::Shutdown();
+    TextureManager::Shutdown();
+    GLWindow::Close();
+    Platform::UseWindow(nullptr);
+    Platform::UseClock(nullptr);
+    return status;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const std::vector<std::string> arguments(argv + 1, argv + argc);
+    for (const std::string& argument : arguments) {
+        if (argument == "--help") {
+            std::fputs(simHelpText, stdout);
+            return 0;
+        }
+        if (argument == "--version") {
+            std::puts("vantrel-sim 1.03");
+            return 0;
+        }
+    }
+    OptionsError error;
+    const auto options = ParseOptions(arguments, error);
+    if (!options) {
+        return Fail(error);
+    }
+    Platform::FindDataRoot(argv[0]);
+    if (!options->dataRoot.empty()) {
+        Platform::UseDataRoot(options->dataRoot, true);
+    }
+    return Run(*options);
+}

@@ -1,0 +1,114 @@
+// Parsing of vantrel-sim's arguments and key files.
+
+#include "Options.h"
+
+#include <algorithm>
+#include <charconv>
+#include <fstream>
+#include <sstream>
+
+const char* const simHelpText =
+    "Usage: vantrel-sim LEVEL.swah --frames N --frame-ms MS [--input FILE] [--every K]\n"
+    "                   [--data DIR]\n"
+    "Runs the game's own frames with no display and prints the state after every K-th\n"
+    "module step. FILE has lines \"frame left|right|both|none\": the arrow keys that are held\n"
+    "from that frame on; frames count from 1.\n";
+
+namespace {
+
+bool ParseNumber(const std::string& text, std::uint32_t least, std::uint32_t& number) {
+    const char* const end = text.data() + text.size();
+    const auto result = std::from_chars(text.data(), end, number);
+    return result.ec == std::errc() && result.ptr == end && number >= least;
+}
+
+bool ParseKeyLine(const std::string& line, KeyChange& change) {
+    std::istringstream words(line);
+    std::string frame;
+    std::string keys;
+    std::string rest;
+    if (!(words >> frame >> keys) || (words >> rest) || !ParseNumber(frame, 0, change.frame)) {
+        return false;
+    }
+    change.left = keys == "left" || keys == "both";
+    change.right = keys == "right" || keys == "both";
+    return change.left || change.right || keys == "none";
+}
+
+bool ReadKeys(const std::string& fileName, std::vector<KeyChange>& keys, OptionsError& error) {
+    std::ifstream file(fileName);
+    if (!file) {
+        error = {"cannot read input file '" + fileName + "'", 1};
+        return false;
+    }
+    std::string line;
+    for (int number = 1; std::getline(file, line); ++number) {
+        if (line.find_first_not_of(" \t\r") == std::string::npos) {
+            continue;
+        }
+        KeyChange change;
+        if (!ParseKeyLine(line, change)) {
+            error = {
+                fileName + ":" + std::to_string(number) + ": expected 'frame left|right|both|none'",
+                1};
+            return false;
+        }
+        keys.push_back(change);
+    }
+    std::stable_sort(keys.begin(), keys.end(),
+                     [](const KeyChange& a, const KeyChange& b) { return a.frame < b.frame; });
+    return true;
+}
+
+}  // namespace
+
+std::optional<Options> ParseOptions(const std::vector<std::string>& arguments,
+                                    OptionsError& error) {
+    Options options;
+    std::string inputFile;
+    bool hasFrames = false;
+    bool hasFrameMs = false;
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const std::string& name = arguments[i];
+        if (!name.starts_with("--")) {
+            if (!options.level.empty()) {
+                error.message = "more than one level given";
+                return std::nullopt;
+            }
+            options.level = name;
+            continue;
+        }
+        if (i + 1 == arguments.size()) {
+            error.message = "unknown option or missing value: '" + name + "'";
+            return std::nullopt;
+        }
+        const std::string& value = arguments[++i];
+        bool good = true;
+        if (name == "--frames") {
+            good = hasFrames = ParseNumber(value, 0, options.frames);
+        } else if (name == "--frame-ms") {
+            good = hasFrameMs = ParseNumber(value, 0, options.frameMs);
+        } else if (name == "--every") {
+            good = ParseNumber(value, 1, options.every);
+        } else if (name == "--input") {
+            inputFile = value;
+        } else if (name == "--data") {
+            options.dataRoot = value;
+        } else {
+            error.message = "unknown option '" + name + "'";
+            return std::nullopt;
+        }
+        if (!good) {
+            error.message = "bad value '" + value + "' for " + name;
+            return std::nullopt;
+        }
+    }
+    if (options.level.empty() || !hasFrames || !hasFrameMs) {
+        error.message = "a level, --frames and --frame-ms are needed; see --help";
+        return std::nullopt;
+    }
+    if (!inputFile.empty() && !ReadKeys(inputFile, options.keys, error)) {
+        return std::nullopt;
+    }
+    return options;
+}
