@@ -5,25 +5,24 @@
 //
 // Everything runs on the main thread. Drawing lies in graphics/ConsoleDraw.h.
 
+#include <array>
 #include <cstdint>
-#include <functional>
 #include <map>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
-#include <vector>
 
 /// A registered command: the function's signature decides how a typed line is converted.
 struct ConsoleCommand {
     using Action = void (*)();
-    /// A text that a function may decline to give.
+    /// A text that a function may decline to give; then nothing stands behind "is".
     using Text = std::optional<std::string>;
-    using Function = std::variant<
-        Action, int (*)(), bool (*)(), float (*)(), std::string (*)(), Text (*)(), void (*)(int),
-        void (*)(bool), void (*)(float), void (*)(std::string), void (*)(const char*),
-        int (*)(int, bool), bool (*)(bool, bool), float (*)(float, bool),
-        std::string (*)(std::string), Text (*)(const char*)>;
+    using Function =
+        std::variant<Action, int (*)(), bool (*)(), float (*)(), std::string (*)(), Text (*)(),
+                     void (*)(int), void (*)(bool), void (*)(float), void (*)(std::string),
+                     void (*)(const char*), int (*)(int, bool), bool (*)(bool, bool),
+                     float (*)(float, bool), std::string (*)(std::string), Text (*)(const char*)>;
 
     std::string name;  ///< as registered, in its own case
     Function function;
@@ -40,7 +39,7 @@ void Shutdown();
 void Print(const char* text);  ///< null is ignored
 void Print(std::string_view text);
 void PrintChar(char c);
-void PrintUnsigned(std::uint32_t value);
+void PrintUnsigned(std::uint64_t value);
 void PrintInt(std::int32_t value);
 void PrintBool(bool value);
 void PrintFloat(float value);
@@ -48,12 +47,19 @@ void PrintDouble(double value);
 /// The text as a heading, between two lines of 64 asterisks.
 void PrintBanner(std::string_view text);
 
-/// Binds `function` to `name`, replacing an earlier binding. Ignored if the name is empty or
-/// holds a blank, or the function is null. An accessor (the two-argument forms) stores its
+/// Binds `function`, a function pointer or a lambda without captures, to `name`, replacing an
+/// earlier binding. Ignored if the name is empty or holds a blank, or the function is null. An
+/// accessor (the two-argument forms) stores its
 /// value only if its second argument is true, and always returns the current value.
 void AddCommand(std::string_view name, ConsoleCommand::Function function);
 void RemoveCommand(std::string_view name);
 
+/// Copies what is printed to ConsoleLog.txt in the working directory, from now on. A write
+/// that fails ends it, with a message.
+void SetLogging(bool on);
+bool IsLogging();
+
+/// Empties the text ring and the line being typed.
 void Clear();
 /// One key press, as a virtual key code.
 void HandleKey(int virtualKey);
@@ -67,9 +73,10 @@ inline constexpr std::uint32_t inputSize = 256;
 inline constexpr int historySize = 16;
 
 /// Ring of printed characters; `outputWrite` is the next index to write.
-extern char outputBuffer[outputSize];
+extern std::array<char, outputSize> outputBuffer;
 extern std::uint32_t outputWrite;
-extern char inputLine[inputSize + 1];
+/// The line being typed; zeros behind its end.
+extern std::array<char, inputSize + 1> inputLine;
 extern std::uint32_t inputCursor;
 
 struct Colour {
