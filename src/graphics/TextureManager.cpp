@@ -272,7 +272,12 @@ void ExpandFrameNames(std::string_view name, std::vector<std::string>& names) {
     const std::size_t slash = pattern.rfind('\\');
     const std::string directory =
         slash == std::string::npos ? std::string() : pattern.substr(0, slash + 1);
-    for (const std::string& file : Platform::ListFiles(pattern)) {
+    // Frames count upwards, however the case of their names differs.
+    std::vector<std::string> files = Platform::ListFiles(pattern);
+    std::sort(files.begin(), files.end(), [](const std::string& a, const std::string& b) {
+        return UpperCased(a) < UpperCased(b);
+    });
+    for (const std::string& file : files) {
         names.push_back(directory + file);
     }
 }

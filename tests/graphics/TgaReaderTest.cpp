@@ -1,0 +1,93 @@
+#include "graphics/TgaReader.h"
+
+#include <gtest/gtest.h>
+
+#include <numeric>
+
+#include "TgaBytes.h"
+
+namespace {
+
+using namespace TgaBytes;
+using Pixels = std::vector<std::uint32_t>;
+
+bool Reads(const std::string& bytes, TgaImage& image) {
+    MemoryFile file(bytes);
+    return ReadTga(file, image);
+}
+
+bool Reads(const std::string& bytes) {
+    TgaImage image;
+    return Reads(bytes, image);
+}
+
+/// 4 by 4 pixels 1 to 16 in file order.
+std::string Counting() {
+    std::string bytes;
+    for (std::uint32_t i = 1; i <= 16; ++i) {
+        bytes += Pixel(i);
+    }
+    return bytes;
+}
+
+Pixels CountingFrom(std::uint32_t first, std::size_t count) {
+    Pixels result(count);
+    std::iota(result.begin(), result.end(), first);
+    return result;
+}
+
+TEST(TgaReader, PutsTheTopRowFirstForEitherOrigin) {
+    TgaImage image;
+    ASSERT_TRUE(Reads(HeaderBytes({.descriptor = 0x28, .idLength = 5}) + Counting(), image));
+    EXPECT_EQ(image.pixels, CountingFrom(1, 16));
+    ASSERT_TRUE(Reads(HeaderBytes({}) + Counting(), image));
+    EXPECT_EQ(image.width, 4u);
+    EXPECT_EQ(image.height, 4u);
+    EXPECT_EQ(Pixels(image.pixels.begin(), image.pixels.begin() + 4), CountingFrom(13, 4));
+    EXPECT_EQ(Pixels(image.pixels.end() - 4, image.pixels.end()), CountingFrom(1, 4));
+}
+
+TEST(TgaReader, DecodesRunsAndCutsThemAtTheEndOfTheRow) {
+    const std::string bytes = HeaderBytes({.type = 10, .width = 5, .descriptor = 0x28}) +
+                              Repeated(2, 7) + Raw({1, 2, 3}) +       // exactly a row
+                              Repeated(3, 8) + Repeated(9, 9) +       // repeated beyond it
+                              Raw({1, 2}) + Raw({3, 4, 5, 50, 51}) +  // raw beyond it
+                              Repeated(128, 0xFFFFFFFF);
+    TgaImage image;
+    ASSERT_TRUE(Reads(bytes, image));
+    const std::uint32_t f = 0xFFFFFFFF;
+    EXPECT_EQ(image.pixels, (Pixels{7, 7, 1, 2, 3, 8, 8, 8, 9, 9, 1, 2, 3, 4, 5, f, f, f, f, f}));
+}
+
+TEST(TgaReader, RefusesEveryShorterFile) {
+    const std::string plain = HeaderBytes({.idLength = 2}) + Counting();
+    const std::string coded = HeaderBytes({.type = 10, .idLength = 2}) + Repeated(4, 1) +
+                              Raw({1, 2, 3, 4}) + Repeated(1, 2) + Raw({5, 6, 7}) + Repeated(4, 3);
+    for (const std::string& whole : {plain, coded}) {
+        ASSERT_TRUE(Reads(whole));
+        for (std::size_t length = 0; length < whole.size(); ++length) {
+            EXPECT_FALSE(Reads(whole.substr(0, length))) << length;
+        }
+    }
+}
+
+TEST(TgaReader, RefusesWhatTheGeneralReaderTakes) {
+    const std::string body(4096, '\1');
+    EXPECT_TRUE(Reads(HeaderBytes({}) + body));
+    EXPECT_FALSE(Reads(HeaderBytes({.depth = 24}) + body));
+    EXPECT_FALSE(Reads(HeaderBytes({.width = 3, .height = 3}) + body));
+    EXPECT_FALSE(Reads(HeaderBytes({.width = 3}) + body));
+    EXPECT_FALSE(Reads(HeaderBytes({.height = 3}) + body));
+    EXPECT_FALSE(Reads(HeaderBytes({.type = 1}) + body));
+    EXPECT_FALSE(Reads(HeaderBytes({.type = 3}) + body));
+    EXPECT_FALSE(Reads(HeaderBytes({.colourMap = 1}) + body));
+    EXPECT_FALSE(Reads(HeaderBytes({.descriptor = 9}) + body));
+}
+
+TEST(TgaReader, TakesNoMemoryForSizesThatTheFileCannotFill) {
+    // 16 GB of pixels announced, a few bytes given.
+    EXPECT_FALSE(Reads(HeaderBytes({.width = 65535, .height = 65535}) + Counting()));
+    EXPECT_FALSE(Reads(HeaderBytes({.type = 10, .width = 65535, .height = 65535}) + Counting()));
+}
+
+}  // namespace
