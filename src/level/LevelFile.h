@@ -15,7 +15,14 @@
 struct LevelFile {
     static constexpr std::uint32_t magic = 0x008F1397;
     static constexpr std::uint32_t version = 12;
+    /// The most records of a kind, points of a polygon and bytes of a name. An object's name
+    /// must stay below it.
     static constexpr std::uint32_t countLimit = 65535;
+    /// Surfaces are 1 to surfaceCount, layers 0 to layerCount - 1.
+    static constexpr std::uint32_t surfaceCount = 5;
+    static constexpr std::int32_t layerCount = 5;
+    /// Why Parse refuses a file of another version; `foundVersion` is right then.
+    static constexpr const char* wrongVersionReason = "Invalid level file version.";
 
     struct Point {
         std::int32_t x = 0;
@@ -85,7 +92,6 @@ struct LevelFile {
     /// The level, or none with `reason` set to the failure's text. `foundVersion` gets the
     /// file's version once it is read. Bytes after the last field are ignored.
     static std::optional<LevelFile> Parse(std::span<const std::byte> bytes, std::string& reason,
-                                          std::uint32_t& foundVersion,
-                                          Progress progress = nullptr);
+                                          std::uint32_t& foundVersion, Progress progress = nullptr);
     std::vector<std::byte> Serialise() const;
 };
