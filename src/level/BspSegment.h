@@ -3,7 +3,6 @@
 // record serves as an edge of a moving polygon.
 
 #include <cstdint>
-#include <memory>
 
 #include "engine/Vector2.h"
 
@@ -22,4 +21,17 @@ struct BspSegment {
     BspSegment* parent = nullptr;
     BspSegment* backChild = nullptr;   ///< free side of the normal; null where empty
     BspSegment* frontChild = nullptr;  ///< solid side
+
+    /// Takes new ends, and works out direction, normal and length from them.
+    void SetEnds(Vector2 newStart, Vector2 newEnd) {
+        start = newStart;
+        end = newEnd;
+        direction = end - start;
+        length = Length(direction);
+        Normalise(direction);
+        normal = {-direction.y, direction.x};
+    }
 };
+
+/// Edges up to this length are too short to give a direction; none are made.
+constexpr float shortestEdge = 0.01f;

@@ -27,6 +27,8 @@ std::size_t EdgeCount();
 int Size();
 /// Height of the tree: 0 when empty, 1 for a root alone.
 int Depth();
+/// Whether all links hold and every child lies on its side of its parent's line.
+bool Validate();
 /// The debug views that are switched on (BspTreeDraw.cpp).
 void DrawDebug();
 
