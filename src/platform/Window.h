@@ -1,7 +1,8 @@
 #pragma once
 // The one window, as the game asks for it: a GL context, an event queue, geometry, display
 // modes, cursor and keyboard. Keys are virtual key codes (platform/Keys.h). Sizes and mouse
-// positions are framebuffer pixels; screen positions are pixels of the desktop.
+// positions are framebuffer pixels; screen positions are pixels of the desktop, counted from
+// the top left corner of the primary monitor.
 
 #include <string>
 #include <vector>
@@ -16,6 +17,7 @@ struct Event {
     int y = 0;
     int button = 0;  ///< 1 left, 2 right, 4 middle
     int key = 0;
+    char character = 0;  ///< what a key-down types, as Latin-1; 0 for nothing
 };
 
 struct DisplayMode {
@@ -46,16 +48,23 @@ public:
     virtual void Destroy() = 0;
     virtual bool IsOpen() const = 0;
     virtual unsigned Samples() const = 0;  ///< in force; 1 for none
-    /// Whether the context interface can be asked for multisampled formats at all.
-    virtual bool CanMultisample() const = 0;
+    /// Whether a window with at least that many samples could be made. Leaves the window and
+    /// the current context as they are.
+    virtual bool OffersSamples(unsigned count) = 0;
+    /// Why the last `Create` failed, in the platform's own words; may be empty.
+    virtual std::string Reason() const { return {}; }
 
     // Events. `TakeEvent` polls the platform when its queue is empty; false: nothing waits.
+    // A requested repaint comes when nothing else waits; requests made before it are one.
     virtual bool TakeEvent(Event& event) = 0;
     virtual void RequestRepaint() = 0;
     virtual void SwapBuffers() = 0;
     virtual bool SetSwapInterval(int interval) = 0;  ///< false if there is no such control
     virtual int SwapInterval() const = 0;            ///< -1 if it can't be asked
     virtual void SetViewport(int width, int height) = 0;
+    /// Viewport and projection of 1 unit per pixel, origin top left, y down; depth unscaled.
+    /// Selects and clears the modelview matrix.
+    virtual void SetPixelProjection(int width, int height) = 0;
     /// GL_EXTENSIONS and GL_RENDERER; empty without a current context.
     virtual std::string ExtensionText() const = 0;
     virtual std::string RendererText() const = 0;
@@ -63,13 +72,18 @@ public:
     // Show state and geometry.
     virtual void Show() = 0;
     virtual void Focus() = 0;
+    /// Whether the window has the keyboard. A loss counts once it has lasted for a moment,
+    /// since the focus flickers when other windows come and go.
     virtual bool IsForeground() const = 0;
     virtual bool IsMinimised() const = 0;
     virtual bool IsMaximised() const = 0;
     virtual void Maximise() = 0;
+    /// A request: without a window manager nothing happens, and with one it takes a while.
     virtual void Minimise() = 0;
     virtual void Restore() = 0;
     virtual void SetTitle(const std::string& title) = 0;
+    /// The icon as rows of RGBA bytes, the top row first. Kept for windows made later.
+    virtual void SetIcon(const unsigned char* /*rgba*/, int /*width*/, int /*height*/) {}
     virtual int ClientWidth() const = 0;
     virtual int ClientHeight() const = 0;
     virtual int ScreenWidth() const = 0;
@@ -88,7 +102,7 @@ public:
     virtual void SetResizable(bool on) = 0;
     virtual bool IsResizable() const = 0;
 
-    // Display.
+    // Display. `LeaveFullscreen` is true also when there is nothing to leave.
     virtual std::vector<DisplayMode> DisplayModes() const = 0;
     virtual bool EnterFullscreen(const DisplayMode& mode) = 0;
     virtual bool LeaveFullscreen() = 0;
@@ -98,14 +112,15 @@ public:
     virtual void SetCursor(Cursor cursor) = 0;
     virtual int CursorScreenX() const = 0;
     virtual int CursorScreenY() const = 0;
+    /// Only for a window in the foreground; held within the screen.
     virtual void WarpCursor(int screenX, int screenY) = 0;
 
     // Keyboard and buttons.
     virtual bool IsKeyDown(int virtualKey) const = 0;
     virtual bool IsKeyToggled(int virtualKey) const = 0;
     virtual bool IsMouseButtonDown(int button) const = 0;
-    /// The character that the key makes now, by the layout, shift and lock state; 0 if none.
-    /// Right while a key-down event of that key is being handled.
+    /// The character that the key made when it last went down, by the layout, shift and lock
+    /// state of that moment; 0 if none. So it is right while that event is being handled.
     virtual char KeyToChar(int virtualKey) const = 0;
 };
 
