@@ -13,6 +13,9 @@ Settings settings;
 
 namespace {
 
+// Far beyond any screen; keeps sizes in pixels from overflowing.
+constexpr int maxFontSize = 4096;
+
 // Reads `name`_r, _g and _b; missing keys leave the colour as it is.
 void ReadColour(const ConfigFile& config, const std::string& name, Colour& colour) {
     config.ReadFloat(name + "_r", colour.r);
@@ -31,7 +34,7 @@ void Initialise() {
     settings = {};
     settings.fontTextureName = config.GetString("fontTextureName");
     config.ReadInt("fontSize", settings.fontSize);
-    settings.fontSize = std::max(settings.fontSize, 1);
+    settings.fontSize = std::clamp(settings.fontSize, 1, maxFontSize);
     ReadColour(config, "output_background", settings.outputBackground);
     config.ReadFloat("output_background_a", settings.outputBackground.a);
     ReadColour(config, "output_text", settings.outputText);
