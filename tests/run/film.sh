@@ -1,0 +1,37 @@
+#!/usr/bin/env bash
+# film.sh PROGRAM OUT: starts the game on the display at hand, films it while keys are pressed,
+# and takes a picture now and then.
+set -euo pipefail
+program=$1
+out=$2
+home=$(mktemp -d)
+cd "$home"
+export HOME=$home XDG_CONFIG_HOME=$home/config
+"$program" -FULLSCREEN 0 -RESOLUTION 800 600 &
+game=$!
+film=
+trap 'kill $game $film 2>/dev/null || true; wait; rm -rf "$home"' EXIT
+
+window=$(timeout 30 xdotool search --sync --onlyvisible --name '^Vantrel: Version' | tail -n 1)
+eval "$(xdotool getwindowgeometry --shell "$window")"
+ffmpeg -loglevel error -y -f x11grab -framerate 30 -video_size "${WIDTH}x${HEIGHT}" \
+  -i "$DISPLAY+$X,$Y" -c:v mpeg4 -q:v 4 "$out/play.mp4" </dev/null &
+film=$!
+
+# Each line: seconds to wait, keys held from then on, name of a picture to take.
+held=
+while read -r wait keys picture; do
+  sleep "$wait"
+  for key in $held; do xdotool keyup "$key"; done
+  held=
+  [ "$keys" = none ] || held=$keys
+  for key in $held; do xdotool keydown "$key"; done
+  [ -z "$picture" ] || import -window "$window" "$out/$picture.png"
+done <"$(dirname "$(readlink -f "$0")")/film.keys"
+
+kill -INT $film
+wait $film || true
+film=
+xdotool key Escape
+wait $game
+echo "Played to the end; see $out"

@@ -1,0 +1,131 @@
+"""Runs the real game in a window and plays it through the X server: keys, mouse, pictures, and
+the console's log. Needs a display with a window manager (with_display.sh)."""
+
+import os
+import shutil
+import subprocess
+import tempfile
+import time
+
+import numpy
+from PIL import Image
+
+ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
+TITLE = "Vantrel: Version 1.03"
+
+
+def x(*words):
+    """One xdotool call; its output."""
+    return subprocess.run(["xdotool", *map(str, words)], check=True, capture_output=True,
+                          text=True, timeout=20).stdout.strip()
+
+
+def wait_for(condition, what, seconds=20.0):
+    end = time.time() + seconds
+    while time.time() < end:
+        value = condition()
+        if value:
+            return value
+        time.sleep(0.05)
+    raise AssertionError(f"waited {seconds} s in vain for {what}")
+
+
+class Driver:
+    """A running game with a home, a configuration and a working directory of its own."""
+
+    def __init__(self, program, *arguments, size=(800, 600), settings=None, data=None):
+        self.home = tempfile.mkdtemp(prefix="vantrel-run-")
+        self._write_settings({"cfg/console.cfg": "enableLogging true\nfontSize 8\n",
+                              **(settings or {})})
+        environment = dict(os.environ, HOME=self.home, XDG_CONFIG_HOME=self.home + "/config",
+                           VANTREL_DATA=os.path.join(self.home, data) if data
+                           else os.path.join(ROOT, "data"))
+        words = ["-FULLSCREEN", "0", "-RESOLUTION", str(size[0]), str(size[1]), *arguments]
+        self.process = subprocess.Popen([program, *words], cwd=self.home, env=environment,
+                                        stderr=subprocess.PIPE, text=True)
+        self.window = wait_for(self._find_window, "the game's window")
+        wait_for(lambda: "Game initialisation" in self.log() or "Error" in self.log(), "the level")
+
+    def _write_settings(self, files):
+        for name, text in files.items():
+            path = os.path.join(self.home, name)
+            os.makedirs(os.path.dirname(path), exist_ok=True)
+            with open(path, "w", encoding="ascii") as file:
+                file.write(text)
+
+    def _find_window(self):
+        if self.process.poll() is not None:
+            raise AssertionError("the game ended: " + self.process.stderr.read())
+        found = subprocess.run(["xdotool", "search", "--name", f"^{TITLE}$"], check=False,
+                               capture_output=True, text=True).stdout.split()
+        return found[-1] if found else None
+
+    def close(self):
+        """Closes the window as a user does and gives the exit status."""
+        if self.process.poll() is None:
+            subprocess.run(["wmctrl", "-i", "-c", self.window], check=False)
+        try:
+            status = self.process.wait(timeout=20)
+        except subprocess.TimeoutExpired:
+            self.process.kill()
+            status = self.process.wait()
+            raise AssertionError("the game didn't close") from None
+        finally:
+            self.process.stderr.close()
+            shutil.rmtree(self.home, ignore_errors=True)
+        return status
+
+    # -- the console --------------------------------------------------------------------------
+
+    def log(self):
+        try:
+            with open(os.path.join(self.home, "ConsoleLog.txt"), encoding="latin-1") as file:
+                return file.read()
+        except FileNotFoundError:
+            return ""
+
+    def toggle_console(self):
+        x("key", "grave")
+        time.sleep(0.2)
+
+    def type(self, text):
+        x("type", "--delay", "15", text)
+        time.sleep(0.2)
+
+    def command(self, line, answer=None):
+        """Types a line into the open console; waits for `answer` in what it prints."""
+        before = len(self.log())
+        self.type(line)
+        x("key", "Return")
+        if answer is not None:
+            wait_for(lambda: answer in self.log()[before:], f"'{answer}' after '{line}'")
+        else:
+            time.sleep(0.3)
+        return self.log()[before:]
+
+    # -- keys and pictures --------------------------------------------------------------------
+
+    def hold(self, key, seconds):
+        x("keydown", key)
+        time.sleep(seconds)
+        x("keyup", key)
+
+    def picture(self):
+        """The window as the screen shows it, as an array of rows of RGB."""
+        path = os.path.join(self.home, "shot.png")
+        subprocess.run(["import", "-window", self.window, path], check=True, timeout=30)
+        with Image.open(path) as image:
+            return numpy.asarray(image.convert("RGB")).astype(int)
+
+
+def blueness(picture):
+    """How much bright water there is: the share of pixels that are clearly cyan or blue."""
+    red, green, blue = picture[..., 0], picture[..., 1], picture[..., 2]
+    return float(((blue > 120) & (blue > red + 50) & (green > red)).mean())
+
+
+def difference(a, b):
+    """Mean difference of two pictures, 0 to 255."""
+    if a.shape != b.shape:
+        return 255.0
+    return float(numpy.abs(a - b).mean())
