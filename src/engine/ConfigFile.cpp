@@ -4,6 +4,7 @@
 #include "engine/ConfigFile.h"
 
 #include <algorithm>
+#include <fstream>
 #include <vector>
 
 #include "engine/Console.h"
@@ -47,7 +48,9 @@ void ConfigFile::Load(const char* fileName) {
     }
     const auto block = Platform::ReadWholeFile(*path);
     if (!block) {
-        PrintProblem("Error reading config file: ", fileName);
+        const bool canOpen = std::ifstream(*path).is_open();
+        PrintProblem(canOpen ? "Error reading config file: " : "\nCould not open config file: ",
+                     fileName);
         return;
     }
     Parse({reinterpret_cast<const char*>(block->data()), block->size()}, fileName);

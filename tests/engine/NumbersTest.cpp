@@ -1,0 +1,113 @@
+// Random numbers, time and geometry.
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <limits>
+
+#include "engine/Geometry.h"
+#include "engine/Random.h"
+#include "engine/Timer.h"
+#include "platform/Clock.h"
+
+// The expected words were computed apart from this code, with Python's floats and integers.
+TEST(Random, DrawsTheSameSequenceInEveryBuild) {
+    Random::state = 0;
+    for (const std::uint32_t word : {0x59fe3544u, 0x5b380f0fu, 0x5b67a2a8u, 0x5bebf2d5u}) {
+        EXPECT_EQ(Random::Next(), word);
+    }
+    std::uint64_t hash = 14695981039346656037u;
+    Random::state = 0;
+    for (int i = 0; i < 100000; ++i) {
+        const std::uint32_t word = Random::Next();
+        for (int shift = 0; shift < 32; shift += 8) {
+            hash = (hash ^ ((word >> shift) & 255)) * 1099511628211u;
+        }
+    }
+    EXPECT_EQ(hash, 0x8232a3df62b790ecu);
+    EXPECT_EQ(Random::state, 0x5bd36186u);
+}
+
+TEST(Random, MakesFloatsOfTheLowBits) {
+    Random::state = 0;
+    for (const float unit : {0.993000328540802f, 0.21897979080677032f, 0.40482571721076965f}) {
+        EXPECT_EQ(Random::Unit(), unit);
+    }
+}
+
+class TimerTest : public testing::Test {
+protected:
+    TimerTest() { Platform::UseClock(&clock); }
+    ~TimerTest() override { Platform::UseClock(nullptr); }
+
+    Platform::ScriptedClock clock;
+};
+
+TEST_F(TimerTest, MeasuresBetweenTicksAndOverTheWrapOfTheClock) {
+    clock.Advance(0xFFFFFFF0u);
+    Timer timer;
+    clock.Advance(0x20);
+    timer.Tick();
+    EXPECT_EQ(timer.deltaMs, 0x20u);
+    EXPECT_EQ(timer.lastClock, 0x10u);
+    EXPECT_EQ(timer.deltaSeconds, static_cast<float>(32 * 0.001));
+    timer.Tick();
+    EXPECT_EQ(timer.deltaMs, 0u);
+    EXPECT_EQ(timer.deltaSeconds, 0.00000001f);
+    timer.Reset();
+    EXPECT_EQ(timer.deltaSeconds, 0.0f);
+}
+
+TEST_F(TimerTest, StopwatchLeavesOutWhatIsSkipped) {
+    Stopwatch watch;
+    clock.Advance(100);
+    watch.Tick();
+    clock.Advance(1000);
+    watch.Skip();
+    clock.Advance(10);
+    watch.Tick();
+    EXPECT_EQ(watch.elapsedMs, 110u);
+}
+
+TEST(Geometry, FindsWhereLinesMeet) {
+    const auto crossing = LineIntersection({0, 0}, {2, 2}, {0, 4}, {4, 0});
+    ASSERT_TRUE(crossing);
+    EXPECT_EQ(*crossing, (Vector2{2, 2}));
+    EXPECT_FALSE(LineIntersection({0, 0}, {1, 1}, {5, 0}, {6, 1}));
+}
+
+TEST(Geometry, SegmentsCrossUnlessTheyShareAnEnd) {
+    EXPECT_TRUE(SegmentsCross({0, 0}, {4, 4}, {0, 4}, {4, 0}));
+    EXPECT_TRUE(SegmentsCross({0, 0}, {4, 0}, {2, 0}, {2, 5}));  // ends inside the other
+    EXPECT_FALSE(SegmentsCross({0, 0}, {4, 0}, {4, 0}, {4, 5}));
+    EXPECT_FALSE(SegmentsCross({0, 0}, {4, 0}, {1, 0}, {3, 0}));
+    EXPECT_FALSE(SegmentsCross({0, 0}, {4, 0}, {5, -1}, {5, 1}));
+    EXPECT_FALSE(SegmentsCross({0, 0}, {0, 0}, {-1, -1}, {1, 1}));
+}
+
+TEST(Geometry, TurnsTrianglesTheOtherWayRoundOnlyWhereNeeded) {
+    const std::array<Vector2, 3> right{{{0, 0}, {10, 0}, {0, 10}}};
+    auto [a, b, c] = right;
+    FixTriangleWinding(a, b, c);
+    EXPECT_EQ((std::array{a, b, c}), right);
+    std::swap(b, c);
+    FixTriangleWinding(a, b, c);
+    EXPECT_EQ((std::array{a, b, c}), right);
+}
+
+TEST(Geometry, APolygonHoldsItsEdge) {
+    const std::array<Vector2, 4> box{{{0, 0}, {4, 0}, {4, 4}, {0, 4}}};
+    EXPECT_TRUE(PointInConvexPolygon(2, 2, box));
+    EXPECT_TRUE(PointInConvexPolygon(4, 2, box));
+    EXPECT_FALSE(PointInConvexPolygon(4.1f, 2, box));
+}
+
+TEST(Geometry, RoundsAndFindsPowers) {
+    EXPECT_EQ(RoundNearest(2.5f), 3.0f);
+    EXPECT_EQ(RoundNearest(-2.5f), -3.0f);
+    EXPECT_EQ(RoundNearest(0.49999997f), 0.0f);
+    EXPECT_EQ(NextPowerOfTwo(0), 0u);
+    EXPECT_EQ(NextPowerOfTwo(1024), 1024u);
+    EXPECT_EQ(NextPowerOfTwo(1025), 2048u);
+    EXPECT_EQ(NextPowerOfTwo(0xFFFFFFFF), 0u);
+}
