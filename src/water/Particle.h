@@ -23,9 +23,9 @@ struct Particle {
     std::uint32_t gridY = 0;
     std::uint8_t inGrid = 0;
     std::uint8_t dying = 0;
-    float killTimer = 0.0f;  ///< seconds left once `dying` is set
-    Vector2 groupDirection;  ///< unit; the place in a group
-    float groupScale = 0.0f; ///< 0..1; the place in a group
+    float killTimer = 0.0f;   ///< seconds left once `dying` is set
+    Vector2 groupDirection;   ///< unit; the place in a group
+    float groupScale = 0.0f;  ///< 0..1; the place in a group
 };
 
 /// Moving a particle between lists relinks its node: its address stays.

@@ -15,12 +15,12 @@ namespace ParticleManager {
 extern ParticleList particles;
 
 // Tuning values, from cfg\water.cfg.
-extern float gravity;             ///< units per second squared
-extern float roomTemperature;     ///< degrees that all matter drifts to
-extern float heatTransferRate;    ///< 0..1, share of the gap to it closed per second
-extern float steamRiseRate;       ///< factor on gravity, upwards
-extern float steamScatterRate;    ///< factor on gravity, in random directions
-extern float particleKillTime;    ///< seconds that a killed particle lives on, at least 0.0001
+extern float gravity;           ///< units per second squared
+extern float roomTemperature;   ///< degrees that all matter drifts to
+extern float heatTransferRate;  ///< 0..1, share of the gap to it closed per second
+extern float steamRiseRate;     ///< factor on gravity, upwards
+extern float steamScatterRate;  ///< factor on gravity, in random directions
+extern float particleKillTime;  ///< seconds that a killed particle lives on, at least 0.0001
 
 void Initialise();
 void Shutdown();

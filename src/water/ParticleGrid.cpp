@@ -1,0 +1,126 @@
+#include "water/ParticleGrid.h"
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+#include "actors/Camera.h"
+
+namespace ParticleGrid {
+
+Particle* heads[side * side];
+
+namespace {
+
+/// Every cell whose chain isn't empty is in here; some may be empty or in here twice.
+std::vector<std::uint32_t> usedCells;
+
+Vector2 Corner() {
+    return Camera::position + Camera::shakeOffset - Vector2{cornerOffset, cornerOffset};
+}
+
+/// Cell along one axis, from the distance to the corner; 1024 or more outside of the grid.
+/// Left of and above the corner the number wraps round to a huge one.
+std::uint32_t CellAlong(float distance) {
+    if (!(std::fabs(distance) < 0x1p62f)) {
+        return side;
+    }
+    static_assert(cellSize == 2.0f, "the shift divides by the size of a cell");
+    return static_cast<std::uint32_t>(static_cast<std::int64_t>(distance)) >> 1;
+}
+
+void Link(Particle& particle, Vector2 corner) {
+    const std::uint32_t x = CellAlong(particle.position.x - corner.x);
+    const std::uint32_t y = CellAlong(particle.position.y - corner.y);
+    if (x >= side || y >= side) {
+        return;
+    }
+    const std::uint32_t cell = CellIndex(x, y);
+    Particle*& head = heads[cell];
+    if (head == nullptr) {
+        usedCells.push_back(cell);
+    } else {
+        head->gridPrevious = &particle;
+    }
+    particle.gridX = x;
+    particle.gridY = y;
+    particle.inGrid = 1;
+    particle.gridPrevious = nullptr;
+    particle.gridNext = head;
+    head = &particle;
+}
+
+void Unlink(Particle& particle) {
+    particle.gridNext = nullptr;
+    particle.gridPrevious = nullptr;
+    particle.inGrid = 0;
+}
+
+}  // namespace
+
+void Clear() {
+    for (const std::uint32_t cell : usedCells) {
+        heads[cell] = nullptr;
+    }
+    usedCells.clear();
+}
+
+void Insert(Particle& particle) {
+    if (particle.inGrid == 0) {
+        Link(particle, Corner());
+    }
+}
+
+void Remove(Particle& particle) {
+    if (particle.inGrid == 0) {
+        return;
+    }
+    if (particle.gridPrevious == nullptr) {
+        heads[CellIndex(particle.gridX, particle.gridY)] = particle.gridNext;
+    } else {
+        particle.gridPrevious->gridNext = particle.gridNext;
+    }
+    if (particle.gridNext != nullptr) {
+        particle.gridNext->gridPrevious = particle.gridPrevious;
+    }
+    Unlink(particle);
+}
+
+void FillFrom(ParticleList& particles) {
+    Clear();
+    const Vector2 corner = Corner();
+    for (Particle& particle : particles) {
+        Unlink(particle);
+        Link(particle, corner);
+    }
+}
+
+bool IsConsistent(const ParticleList& particles) {
+    std::size_t flagged = 0;
+    for (const Particle& particle : particles) {
+        flagged += particle.inGrid;
+        const bool isLinked = particle.gridNext != nullptr || particle.gridPrevious != nullptr;
+        if (particle.inGrid == 0 && isLinked) {
+            return false;
+        }
+    }
+    // Every chain once; a cell may stand twice in the list.
+    std::vector<std::uint32_t> cells = usedCells;
+    std::sort(cells.begin(), cells.end());
+    cells.erase(std::unique(cells.begin(), cells.end()), cells.end());
+    std::size_t chained = 0;
+    for (const std::uint32_t cell : cells) {
+        const Particle* previous = nullptr;
+        for (const Particle* p = heads[cell]; p != nullptr; p = p->gridNext) {
+            const bool fits = p->inGrid == 1 && p->gridPrevious == previous &&
+                              CellIndex(p->gridX, p->gridY) == cell;
+            if (!fits || ++chained > flagged) {
+                return false;
+            }
+            previous = p;
+        }
+    }
+    return chained == flagged;
+}
+
+}  // namespace ParticleGrid

@@ -1,0 +1,156 @@
+// Life and step of the free particles; see ParticleManager.h.
+
+#include "water/ParticleManager.h"
+
+#include <cmath>
+
+#include "engine/ConfigFile.h"
+#include "engine/Console.h"
+#include "engine/Random.h"
+#include "water/GroupedParticleMover.h"
+#include "water/ParticleCommands.h"
+#include "water/ParticleGrid.h"
+#include "water/ParticleMover.h"
+#include "water/WaterCheck.h"
+#include "water/WaterStep.h"
+
+namespace ParticleManager {
+
+ParticleList particles;
+float gravity = 0.0f;
+float roomTemperature = 0.0f;
+float heatTransferRate = 0.0f;
+float steamRiseRate = 0.0f;
+float steamScatterRate = 0.0f;
+float particleKillTime = 0.0f;
+
+namespace {
+
+constexpr float shortestKillTime = 0.0001f;
+
+using Iterator = ParticleList::iterator;
+
+Iterator Erase(Iterator particle) {
+    ParticleMover::GridRemove(*particle);
+    return particles.erase(particle);
+}
+
+void DropUnreasonable() {
+    for (Iterator it = particles.begin(); it != particles.end();) {
+        const bool drop =
+            IsBeyondReason(it->position, it->velocity, it->pushVelocity, it->temperature);
+        it = drop ? Erase(it) : std::next(it);
+    }
+}
+
+/// Gravity pulls water down; steam rises instead, and is pushed in a random direction.
+void Accelerate(Particle& particle, Vector2 gravityStep) {
+    if (particle.temperature < 100.0f) {
+        particle.velocity += gravityStep;
+        return;
+    }
+    particle.velocity -= gravityStep * steamRiseRate;
+    Vector2 scatter = gravityStep * steamScatterRate;
+    Rotate(scatter, Random::Unit() * fullTurn);
+    particle.velocity += scatter;
+}
+
+/// False if the particle is to go.
+bool StepParticle(Particle& particle, const WaterStep& step, float dt) {
+    if (step.view.IsOutside(particle.position, Particle::radius + viewMargin)) {
+        return false;
+    }
+    if (particle.dying != 0) {
+        particle.killTimer -= dt;
+        if (particle.killTimer <= 0.0f) {
+            return false;
+        }
+    }
+    Accelerate(particle, step.gravity);
+    particle.temperature = step.Warmed(particle.temperature);
+    particle.positionHistory[2] = particle.positionHistory[1];
+    particle.positionHistory[1] = particle.positionHistory[0];
+    particle.positionHistory[0] = particle.position;
+    ParticleMover::MoveParticle(particle, dt);
+    particle.speed = Length(particle.pushVelocity + particle.velocity);
+    particle.pushVelocity = {};
+    return true;
+}
+
+}  // namespace
+
+void Initialise() {
+    Shutdown();
+    Console::Print("\nInitialising particle manager..");
+    ParticleMover::Initialise();
+    GroupedParticleMover::Initialise();
+    ParticleCommands::Add();
+
+    const ConfigFile config("cfg\\water.cfg");
+    gravity = std::fabs(config.GetFloat("gravity"));
+    roomTemperature = config.GetFloat("roomTemperature");
+    heatTransferRate = config.GetFloat("heatTransferRate");
+    steamRiseRate = config.GetFloat("steamRiseRate");
+    steamScatterRate = config.GetFloat("steamScatterRate");
+    particleKillTime = config.GetFloat("particleKillTime");
+    Clamp(heatTransferRate, 0.0f, 1.0f);
+    if (particleKillTime < shortestKillTime) {
+        particleKillTime = shortestKillTime;
+    }
+}
+
+void Shutdown() {
+    Console::Print("\nShutting down particle manager..");
+    particles.clear();
+    ParticleMover::Shutdown();
+    GroupedParticleMover::Shutdown();
+    ParticleCommands::Remove();
+}
+
+void CreateParticles(float x, float y, float radius, std::uint32_t amount) {
+    for (std::uint32_t i = 0; i < amount; ++i) {
+        const float distance = Random::Unit() * radius;
+        const float dx = Random::Unit() - 0.5f;
+        const float dy = Random::Unit() - 0.5f;
+        Vector2 direction{dx, dy};
+        Normalise(direction);
+        Particle& particle = particles.emplace_front();
+        particle.position = Vector2{x, y} + direction * distance;
+        for (Vector2& past : particle.positionHistory) {
+            past = particle.position;
+        }
+        particle.temperature = roomTemperature;
+    }
+}
+
+void Step(float dt) {
+    const WaterStep step(dt);
+    DropUnreasonable();
+    ParticleGrid::FillFrom(particles);
+    for (Iterator it = particles.begin(); it != particles.end();) {
+        it = StepParticle(*it, step, dt) ? std::next(it) : Erase(it);
+    }
+    ParticleMover::Cohere(dt);
+    GroupedParticleMover::Freeze(particles);
+    GroupedParticleMover::Step(dt, particles);
+    WaterCheck::AfterStep();
+}
+
+void KillParticle(Particle& particle) {
+    if (particle.dying == 0) {
+        particle.dying = 1;
+        particle.killTimer = particleKillTime;
+    }
+}
+
+std::uint32_t Count() {
+    return static_cast<std::uint32_t>(particles.size());
+}
+
+void ClearAll() {
+    particles.clear();
+    GroupedParticleMover::groups.clear();
+    ParticleMover::ClearGrid();
+}
+
+}  // namespace ParticleManager

@@ -1,0 +1,20 @@
+#include "water/WaterStep.h"
+
+#include <cmath>
+
+#include "water/ParticleManager.h"
+
+WaterStep::WaterStep(float dt)
+    : gravity(Camera::GravityDirection() * ParticleManager::gravity * dt),
+      view(Camera::View()),
+      heatBlend(1.0f - std::pow(1.0f - ParticleManager::heatTransferRate, dt)) {}
+
+float WaterStep::Warmed(float temperature) const {
+    return ParticleManager::roomTemperature * heatBlend + (1.0f - heatBlend) * temperature;
+}
+
+bool IsBeyondReason(Vector2 a, Vector2 b, Vector2 c, float d) {
+    const float sum = std::fabs(a.x) + std::fabs(a.y) + std::fabs(b.x) + std::fabs(b.y) +
+                      std::fabs(c.x) + std::fabs(c.y) + std::fabs(d);
+    return !(sum < 1e15f);
+}
