@@ -1,0 +1,387 @@
+// The console: what is printed, what a typed line does, and how a line is typed.
+
+#include "engine/Console.h"
+
+#include <gtest/gtest.h>
+
+#include "engine/ConsoleLayout.h"
+#include "platform/HeadlessWindow.h"
+#include "support/TemporaryDirectory.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// Printing must work before any initialisation, static ones included.
+const bool printedEarly = [] {
+    Console::Print("\nearly");
+    return Console::OutputText() == "\nearly";
+}();
+
+int integer = 0;
+bool flag = false;
+float number = 0.0f;
+int actions = 0;
+std::string heard;
+
+template <typename T, T& variable>
+T Access(T value, bool isSet) {
+    if (isSet) {
+        variable = value;
+    }
+    return variable;
+}
+
+void AddOneCommandOfEachKind() {
+    using Text = ConsoleCommand::Text;
+    Console::AddCommand("Act", [] { ++actions; });
+    Console::AddCommand("GetInt", [] { return 5; });
+    Console::AddCommand("GetBool", [] { return true; });
+    Console::AddCommand("GetFloat", [] { return 0.5f; });
+    Console::AddCommand("GetString", [] { return std::string("s"); });
+    Console::AddCommand("GetText", []() -> Text { return std::nullopt; });
+    Console::AddCommand("DoInt", [](int value) { integer = value; });
+    Console::AddCommand("DoBool", [](bool value) { flag = value; });
+    Console::AddCommand("DoFloat", [](float value) { number = value; });
+    Console::AddCommand("DoString", [](std::string text) { heard = text; });
+    Console::AddCommand("DoText", [](const char* text) { heard = text; });
+    Console::AddCommand("Int", Access<int, integer>);
+    Console::AddCommand("Bool", Access<bool, flag>);
+    Console::AddCommand("Float", Access<float, number>);
+    Console::AddCommand("Filter", [](std::string text) { return '<' + text + '>'; });
+    Console::AddCommand("TextFilter", [](const char* text) -> Text { return text; });
+}
+
+class ConsoleTest : public testing::Test {
+protected:
+    ConsoleTest() {
+        window.Create({});
+        Platform::UseWindow(&window);
+        Console::Initialise();
+        Console::Clear();
+    }
+    ~ConsoleTest() override {
+        Console::Shutdown();
+        Platform::UseWindow(nullptr);
+    }
+
+    // What running the line prints.
+    static std::string Reply(std::string_view line) {
+        Console::Clear();
+        Console::Execute(line);
+        return Console::OutputText();
+    }
+
+    void Press(int key) { Console::HandleKey(key); }
+    void Type(std::string_view text) {
+        constexpr int anyKey = 65;
+        for (const char c : text) {
+            window.SetKey(anyKey, true, c);
+            for (Platform::Event event; window.TakeEvent(event);) {
+                Press(event.key);
+            }
+        }
+    }
+    static std::string Line() { return Console::inputLine.data(); }
+
+    TemporaryDirectory directory;
+    Platform::HeadlessWindow window;
+};
+
+constexpr int backspace = 8, tab = 9, enter = 13, escape = 27, end = 35, home = 36, left = 37,
+              up = 38, right = 39, down = 40, insertKey = 45, deleteKey = 46;
+
+}  // namespace
+
+TEST_F(ConsoleTest, PrintsAtAnyMoment) {
+    EXPECT_TRUE(printedEarly);
+    Console::Print(static_cast<const char*>(nullptr));
+    Console::PrintChar('c');
+    Console::PrintUnsigned(4000000000u);
+    Console::PrintInt(-3);
+    Console::PrintBool(false);
+    Console::PrintFloat(0.5f);
+    Console::PrintDouble(-1.0 / 3.0);
+    EXPECT_EQ(Console::OutputText(), "c4000000000-3false0.500000-0.333333");
+    Console::Clear();
+    Console::PrintBanner("x");
+    const std::string line = "\n\n" + std::string(64, '*') + "\n\n";
+    EXPECT_EQ(Console::OutputText(), line + "x" + line);
+}
+
+TEST_F(ConsoleTest, KeepsTheLastCharactersOfALongOutput) {
+    for (std::uint32_t i = 0; i < Console::outputSize + 10; ++i) {
+        Console::PrintChar(static_cast<char>('a' + i % 26));
+    }
+    const std::string text = Console::OutputText();
+    EXPECT_EQ(text.size(), Console::outputSize);
+    EXPECT_EQ(text.front(), 'a' + 10);
+    EXPECT_EQ(text.back(), 'a' + (Console::outputSize + 9) % 26);
+}
+
+TEST_F(ConsoleTest, LogsWhatIsPrintedUnchanged) {
+    directory.Write("ConsoleLog.txt", "an older log");
+    EXPECT_EQ(Reply("LogConsole"), "\nLogConsole is false");
+    Reply("LogConsole true");
+    Console::Print("\nkept\r");
+    EXPECT_EQ(Reply("LogConsole 0"),
+              "\nLogging stopped. All output saved to ConsoleLog.txt\nLogConsole is now false");
+    EXPECT_EQ(directory.Read("ConsoleLog.txt"),
+              "\nCommencing console log to ConsoleLog.txt\nLogConsole is now true\nkept\r");
+}
+
+TEST_F(ConsoleTest, StopsALogThatCannotBeWritten) {
+    fs::create_symlink("/dev/full", directory.Path() / "ConsoleLog.txt");
+    Console::SetLogging(true);
+    if (!Console::IsLogging()) {
+        GTEST_SKIP() << "nothing to write to that fails";
+    }
+    Console::Clear();
+    const std::string tooLong(20000, 'x');
+    Console::Print(tooLong);
+    EXPECT_FALSE(Console::IsLogging());
+    const std::string message = "\nLogging to ConsoleLog.txt stopped because of a write error.";
+    EXPECT_EQ(Console::OutputText(), message + tooLong);
+    // Short text fails only when the file is closed.
+    Console::SetLogging(true);
+    Console::Clear();
+    Console::SetLogging(false);
+    EXPECT_EQ(Console::OutputText(), message);
+
+    fs::remove(directory.Path() / "ConsoleLog.txt");
+    fs::create_directory(directory.Path() / "ConsoleLog.txt");
+    Console::Clear();
+    Console::SetLogging(true);
+    EXPECT_EQ(Console::OutputText(), "\nUnable to write log to ConsoleLog.txt");
+}
+
+TEST_F(ConsoleTest, RunsEveryKindOfFunction) {
+    AddOneCommandOfEachKind();
+    actions = integer = 0;
+    number = 0.0f;
+    flag = false;
+    const std::pair<const char*, const char*> replies[] = {
+        {"  aCT", ""},
+        {"Act now", "\nUSAGE: Act < nothing >"},
+        {"getint", "\nGetInt is 5"},
+        {"GetBool ", "\nGetBool is true"},
+        {"GetFloat", "\nGetFloat is 0.500000"},
+        {"GetFloat 1", "\nUSAGE: GetFloat < nothing >"},
+        {"GetString", "\nGetString is s"},
+        {"GetString  ", "\nUSAGE: GetString < nothing >"},
+        {"GetText", "\nGetText is "},
+        {"DoInt   7.9", ""},
+        {"Int", "\nInt is 7"},
+        {"Int -3.7", "\nInt is now -3"},
+        {"Int 99999999999", "\nInt is now 2147483647"},
+        {"Int 1 2", "\nUSAGE: Int < integer number OR nothing >"},
+        {"DoInt", "\nUSAGE: DoInt < integer number >"},
+        {"DoInt x", "\nUSAGE: DoInt < integer number >"},
+        {"Bool 1", "\nBool is now true"},
+        {"Bool 0.9", "\nBool is now false"},
+        {"Bool tRUE", "\nBool is now true"},
+        {"Bool yes", "\nUSAGE: Bool < true OR false OR nothing >"},
+        {"DoBool yes", "\nUSAGE: DoBool < true OR false >"},
+        {"DoBool false", ""},
+        {"Bool", "\nBool is false"},
+        {"DoFloat .25", ""},
+        {"Float", "\nFloat is 0.250000"},
+        {"Float 1e3", "\nUSAGE: Float < number OR nothing >"},
+        {"DoFloat", "\nUSAGE: DoFloat < number >"},
+        {"Filter", "\nFilter is <>"},
+        {"Filter  a b ", "\nFilter is now < a b >"},
+        {"TextFilter t", "\nTextFilter is now t"},
+        {"   ", ""},
+        {"None", "\nUNKNOWN COMMAND. USE 'COMMANDS' FOR A LIST OF AVAILABLE COMMANDS."},
+    };
+    for (const auto& [line, reply] : replies) {
+        EXPECT_EQ(Reply(line), reply) << line;
+    }
+    EXPECT_EQ(actions, 1);
+    Reply("DoString  one  two ");
+    EXPECT_EQ(heard, " one  two ");
+    Reply("DoText");
+    EXPECT_EQ(heard, "");
+}
+
+TEST_F(ConsoleTest, KeepsTheRegistryClean) {
+    const std::size_t builtIn = Console::Commands().size();
+    Console::AddCommand("", [] {});
+    Console::AddCommand("two words", [] {});
+    Console::AddCommand("Null", ConsoleCommand::Action{nullptr});
+    EXPECT_EQ(Console::Commands().size(), builtIn);
+    Console::AddCommand("One", [] { return 1; });
+    Console::AddCommand("ONE", [] { return 2; });
+    EXPECT_EQ(Reply("one"), "\nONE is 2");
+    // A command may take itself away while it runs.
+    Console::AddCommand("One", [] {
+        Console::RemoveCommand("one");
+        return std::string(100, 'x');
+    });
+    EXPECT_EQ(Reply("one"), "\nOne is " + std::string(100, 'x'));
+    EXPECT_EQ(Console::Commands().size(), builtIn);
+}
+
+TEST_F(ConsoleTest, ListsCommandsByTheirBeginning) {
+    const std::string line = "\n\n" + std::string(64, '*') + "\n\n";
+    const std::string heading =
+        line + "Command list: Use Commands < term > to filter listings" + line;
+    EXPECT_EQ(Reply("Commands"), heading + "\nClear\nCommands\nLogConsole\nMemory\n");
+    EXPECT_EQ(Reply("Commands   c"), heading + "\nClear\nCommands\n");
+    EXPECT_EQ(Reply("Commands zz"), heading + "\n");
+    EXPECT_NE(Reply("Memory").find("\nSystem memory usage: \n\nTotal : "), std::string::npos);
+}
+
+TEST_F(ConsoleTest, EditsTheLineInBothModes) {
+    Type("cat");
+    Press(home);
+    Type("b");
+    EXPECT_EQ(Line(), "bat");
+    window.SetToggled(insertKey, true);
+    Type("o");
+    EXPECT_EQ(Line(), "boat");
+    Press(deleteKey);
+    EXPECT_EQ(Line(), "bot");
+    Press(right);
+    Press(right);
+    EXPECT_EQ(Console::inputCursor, 3u);
+    Press(backspace);
+    Press(left);
+    Press(end);
+    Press(deleteKey);
+    EXPECT_EQ(Line(), "bo");
+    Press(escape);
+    Press(backspace);
+    EXPECT_EQ(Line(), "");
+}
+
+TEST_F(ConsoleTest, AFullLineTakesNoMore) {
+    Type(std::string(300, 'x'));
+    EXPECT_EQ(Console::inputCursor, 256u);
+    EXPECT_EQ(Line(), std::string(256, 'x'));
+    Press(right);
+    Press(deleteKey);
+    EXPECT_EQ(Line().size(), 256u);
+    window.SetToggled(insertKey, true);
+    Press(home);
+    Type("y");
+    EXPECT_EQ(Line(), 'y' + std::string(255, 'x'));
+}
+
+TEST_F(ConsoleTest, WalksThroughTheHistory) {
+    for (int i = 0; i < 17; ++i) {
+        Type("line" + std::to_string(i));
+        Press(enter);
+    }
+    for (int i = 0; i < 20; ++i) {
+        Press(up);
+    }
+    EXPECT_EQ(Line(), "line1");
+    EXPECT_EQ(Console::inputCursor, 5u);
+    for (int i = 0; i < 20; ++i) {
+        Press(down);
+    }
+    EXPECT_EQ(Line(), "line16");
+    // An empty line hides what is older.
+    Press(escape);
+    Press(enter);
+    Press(up);
+    EXPECT_EQ(Line(), "");
+    Console::Shutdown();
+    Press(up);
+    EXPECT_EQ(Line(), "");
+}
+
+TEST_F(ConsoleTest, EchoesTheLineAndRunsIt) {
+    Console::AddCommand("Seven", [] { return 7; });
+    Type(" sEVEN ");
+    Press(enter);
+    EXPECT_EQ(Console::OutputText(), "\n sEVEN \nSeven is 7");
+    EXPECT_EQ(Line(), "");
+    Type("clear");
+    Press(enter);
+    EXPECT_EQ(Console::OutputText(), "");
+    Press(up);
+    EXPECT_EQ(Line(), "clear");
+}
+
+TEST_F(ConsoleTest, CompletesNamesInTurn) {
+    for (const char* name : {"TextureReload", "TextureList", "TextureMemory", "Tilt"}) {
+        Console::AddCommand(name, [] {});
+    }
+    Type("te");
+    for (const char* name : {"TextureList", "TextureMemory", "TextureReload", "TextureList"}) {
+        Press(tab);
+        EXPECT_EQ(Line(), name);
+    }
+    // A line changed by hand is completed afresh.
+    Press(escape);
+    Type("ti");
+    Press(tab);
+    EXPECT_EQ(Line(), "Tilt");
+    Press(escape);
+    Type("xyz");
+    Press(tab);
+    Press(tab);
+    EXPECT_EQ(Line(), "xyz");
+    Press(escape);
+    for (int i = 0; i < 3; ++i) {
+        Press(tab);
+        EXPECT_EQ(Line(), "Clear");
+    }
+}
+
+TEST_F(ConsoleTest, TakesItsLookFromTheSettings) {
+    directory.Write("cfg/console.cfg",
+                    "fontSize 0 fontTextureName = IMG\\Font.tga output_background_a 0.25 "
+                    "input_text_r .5 enableLogging TRUE");
+    Console::Initialise();
+    EXPECT_EQ(Console::settings.fontSize, 1);
+    EXPECT_EQ(Console::settings.fontTextureName, "IMG\\Font.tga");
+    EXPECT_EQ(Console::settings.outputBackground.a, 0.25f);
+    EXPECT_EQ(Console::settings.inputText.r, 0.5f);
+    EXPECT_EQ(Console::settings.inputText.g, 1.0f);
+    EXPECT_TRUE(Console::IsLogging());
+}
+
+namespace {
+
+std::string Visible(int rows, int columns) {
+    const Console::VisibleText text = Console::FindVisibleText(rows, columns);
+    std::string visible;
+    for (std::uint32_t i = 0; i < text.count; ++i) {
+        visible += Console::outputBuffer[(text.first + i) % Console::outputSize];
+    }
+    return visible;
+}
+
+}  // namespace
+
+TEST_F(ConsoleTest, ShowsTheNewestTextThatFits) {
+    Console::Print("\none\ntwo\nthree");
+    EXPECT_EQ(Visible(2, 80), "two\nthree");
+    // The character that completes a row, seen from the end, is left out with its row.
+    EXPECT_EQ(Visible(1, 4), "ree");
+    EXPECT_EQ(Visible(2, 80).size() + 4, Visible(3, 80).size());
+
+    Console::Clear();
+    Console::Print(std::string(Console::outputSize + 3, 'x') + "\nend");
+    EXPECT_EQ(Visible(1, 80), "end");
+    EXPECT_EQ(Visible(1000, 1000).size(), Console::outputSize);
+}
+
+TEST_F(ConsoleTest, WrapsLongLinesAndTabs) {
+    Console::TextCursor cursor;
+    const auto at = [&cursor](std::string_view text) {
+        cursor = {};
+        for (const char c : text) {
+            cursor.Advance(c, 20);
+        }
+        return std::pair(cursor.row, cursor.column);
+    };
+    EXPECT_EQ(at("abc\t"), std::pair(0, 8));
+    EXPECT_EQ(at("\t\t"), std::pair(0, 16));
+    EXPECT_EQ(at("\t\t\t"), std::pair(1, 0));
+    EXPECT_EQ(at(std::string(20, 'x')), std::pair(1, 0));
+    EXPECT_EQ(at("abc\nd"), std::pair(1, 1));
+}
