@@ -116,10 +116,9 @@ bool SideIsSound(const BspSegment& top, const BspSegment* child, bool isFront) {
     if (!child) {
         return true;
     }
-    // Crossing points are rounded in proportion to their distance from the origin.
-    const float size = std::abs(top.start.x) + std::abs(top.start.y) + std::abs(child->start.x) +
-                       std::abs(child->start.y) + child->length + top.length;
-    const float tolerance = 0.11f + size * 1e-5f;
+    // The rounding of a crossing point grows with the square of its distance from the origin.
+    const float reach = std::abs(top.start.x) + std::abs(top.start.y) + top.length;
+    const float tolerance = 0.11f + reach * (1.0f + reach / top.length) * 1e-6f;
     const float d1 = Dot(child->start - top.start, top.normal);
     const float d2 = Dot(child->end - top.start, top.normal);
     return child->parent == &top &&
