@@ -7,31 +7,16 @@
 namespace Platform {
 
 void HeadlessWindow::SetKey(int virtualKey, bool down, char character) {
-    if (!IsKey(virtualKey)) {
-        return;
-    }
-    const auto index = static_cast<std::size_t>(virtualKey);
-    if (down && !keys[index]) {
-        toggled[index] = !toggled[index];
-    }
-    keys[index] = down;
-    QueueEvent({.kind = down ? EventKind::KeyDown : EventKind::KeyUp,
-                .key = virtualKey,
-                .character = character});
-}
-
-void HeadlessWindow::SetToggled(int virtualKey, bool on) {
-    if (IsKey(virtualKey)) {
-        toggled[static_cast<std::size_t>(virtualKey)] = on;
+    using Action = WindowInput::KeyAction;
+    const bool wasDown = input.IsKeyDown(virtualKey);
+    input.AddKey(virtualKey, !down ? Action::Release : wasDown ? Action::Repeat : Action::Press);
+    if (down) {
+        input.AddCharacter(static_cast<unsigned char>(character));
     }
 }
 
 void HeadlessWindow::SetButton(int button, bool down) {
-    buttons = down ? buttons | button : buttons & ~button;
-    QueueEvent({.kind = down ? EventKind::MouseDown : EventKind::MouseUp,
-                .x = cursorX - clientLeft,
-                .y = cursorY - clientTop,
-                .button = button});
+    input.AddButton(button, down, cursorX - clientLeft, cursorY - clientTop);
 }
 
 void HeadlessWindow::SetCursorPosition(int screenX, int screenY) {
@@ -40,13 +25,7 @@ void HeadlessWindow::SetCursorPosition(int screenX, int screenY) {
     const int x = screenX - clientLeft;
     const int y = screenY - clientTop;
     if (x >= 0 && y >= 0 && x < clientWidth && y < clientHeight) {
-        QueueEvent({.kind = EventKind::MouseMove, .x = x, .y = y});
-    }
-}
-
-void HeadlessWindow::QueueEvent(const Event& event) {
-    if (open) {
-        events.push_back(event);
+        input.AddMouseMove(x, y);
     }
 }
 
@@ -84,28 +63,8 @@ WindowError HeadlessWindow::Create(const WindowSettings& settings) {
 void HeadlessWindow::Destroy() {
     LeaveFullscreen();
     open = false;
-    repaint = false;
     samples = 1;
-    events.clear();
-    keys.fill(false);
-    buttons = 0;
-}
-
-bool HeadlessWindow::TakeEvent(Event& event) {
-    if (!events.empty()) {
-        event = events.front();
-        events.pop_front();
-        if (event.kind == EventKind::KeyDown && IsKey(event.key)) {
-            characters[static_cast<std::size_t>(event.key)] = event.character;
-        }
-        return true;
-    }
-    if (repaint) {
-        repaint = false;
-        event = {.kind = EventKind::Paint};
-        return true;
-    }
-    return false;
+    input.Clear();
 }
 
 bool HeadlessWindow::SetSwapInterval(int interval) {
@@ -175,7 +134,7 @@ void HeadlessWindow::SetClientSize(int w, int h) {
     }
     clientWidth = std::max(w, 1);
     clientHeight = std::max(h, 1);
-    QueueEvent({.kind = EventKind::Resize});
+    input.AddEvent({.kind = EventKind::Resize});
 }
 
 bool HeadlessWindow::EnterFullscreen(const DisplayMode& mode) {
@@ -197,22 +156,11 @@ bool HeadlessWindow::LeaveFullscreen() {
 }
 
 void HeadlessWindow::WarpCursor(int screenX, int screenY) {
-    if (IsForeground()) {
-        cursorX = std::clamp(screenX, 0, screenWidth - 1);
-        cursorY = std::clamp(screenY, 0, screenHeight - 1);
+    const int x = std::clamp(screenX, 0, screenWidth - 1);
+    const int y = std::clamp(screenY, 0, screenHeight - 1);
+    if (IsForeground() && (x != cursorX || y != cursorY)) {
+        SetCursorPosition(x, y);
     }
-}
-
-bool HeadlessWindow::IsKeyDown(int virtualKey) const {
-    return IsKey(virtualKey) && keys[static_cast<std::size_t>(virtualKey)];
-}
-
-bool HeadlessWindow::IsKeyToggled(int virtualKey) const {
-    return IsKey(virtualKey) && toggled[static_cast<std::size_t>(virtualKey)];
-}
-
-char HeadlessWindow::KeyToChar(int virtualKey) const {
-    return IsKey(virtualKey) ? characters[static_cast<std::size_t>(virtualKey)] : '\0';
 }
 
 }  // namespace Platform

@@ -3,10 +3,8 @@
 // scripted by whoever owns it. Whatever is asked of it happens at once. The cursor rests
 // outside of the client area until it is moved.
 
-#include <array>
-#include <deque>
-
 #include "platform/Window.h"
+#include "platform/WindowInput.h"
 
 namespace Platform {
 
@@ -20,12 +18,12 @@ public:
 
     /// Holds a key down or lets it go, and queues the event; `character` is what it types.
     void SetKey(int virtualKey, bool down, char character = 0);
-    void SetToggled(int virtualKey, bool on);
+    void SetToggled(int virtualKey, bool on) { input.SetToggled(virtualKey, on); }
     /// Presses or lets go a button (1, 2 or 4) at the cursor.
     void SetButton(int button, bool down);
     /// Moves the cursor; within the client area this queues a mouse move.
     void SetCursorPosition(int screenX, int screenY);
-    void QueueEvent(const Event& event);
+    void QueueEvent(const Event& event) { input.AddEvent(event); }
     void SetForeground(bool on) { foreground = on; }
     void SetMinimised(bool on) { minimised = on; }
     /// Whether `Minimise` is obeyed, as by a window manager.
@@ -59,8 +57,8 @@ public:
     bool IsOpen() const override { return open; }
     unsigned Samples() const override { return samples; }
     bool OffersSamples(unsigned count) override { return count <= offeredSamples; }
-    bool TakeEvent(Event& event) override;
-    void RequestRepaint() override { repaint = open; }
+    bool TakeEvent(Event& event) override { return open && input.Take(event); }
+    void RequestRepaint() override { input.RequestRepaint(); }
     void SwapBuffers() override { ++swapCount; }
     bool SetSwapInterval(int interval) override;
     int SwapInterval() const override { return swapInterval; }
@@ -100,13 +98,12 @@ public:
     int CursorScreenX() const override { return cursorX; }
     int CursorScreenY() const override { return cursorY; }
     void WarpCursor(int screenX, int screenY) override;
-    bool IsKeyDown(int virtualKey) const override;
-    bool IsKeyToggled(int virtualKey) const override;
-    bool IsMouseButtonDown(int button) const override { return (buttons & button) != 0; }
-    char KeyToChar(int virtualKey) const override;
+    bool IsKeyDown(int virtualKey) const override { return input.IsKeyDown(virtualKey); }
+    bool IsKeyToggled(int virtualKey) const override { return input.IsKeyToggled(virtualKey); }
+    bool IsMouseButtonDown(int button) const override { return input.IsButtonDown(button); }
+    char KeyToChar(int virtualKey) const override { return input.CharacterOf(virtualKey); }
 
 private:
-    static bool IsKey(int virtualKey) { return virtualKey >= 0 && virtualKey < 256; }
     int Border() const { return inFullscreen ? 0 : border; }
     int Caption() const { return inFullscreen ? 0 : caption; }
 
@@ -116,7 +113,6 @@ private:
     bool maximised = false;
     bool canMinimise = true;
     bool resizable = false;
-    bool repaint = false;
     bool inFullscreen = false;
     int clientLeft = border;
     int clientTop = border + caption;
@@ -134,11 +130,7 @@ private:
     std::string title;
     std::string extensions;
     std::vector<unsigned short> gammaRamp;
-    std::deque<Event> events;
-    std::array<bool, 256> keys{};
-    std::array<bool, 256> toggled{};
-    std::array<char, 256> characters{};
-    int buttons = 0;
+    WindowInput input;
     Cursor cursor = Cursor::Arrow;
     int cursorX = -1;
     int cursorY = -1;

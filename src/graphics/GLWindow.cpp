@@ -1,0 +1,231 @@
+// The window's life and the turning of its events into calls on the listener. Geometry,
+// display modes and the cursor are in GLWindowState.cpp, samples and extensions in
+// GLWindowSetup.cpp.
+
+#include "graphics/GLWindow.h"
+
+#include <cstdint>
+
+#include "graphics/GLWindowState.h"
+#include "platform/System.h"
+
+namespace GLWindow {
+
+State state;
+
+namespace {
+
+/// Positions travel as two unsigned 16-bit halves, so a drag beyond the top or left edge
+/// gives large values, not negative ones.
+void TakeMousePosition(const Platform::Event& event) {
+    state.mouseX = static_cast<std::uint16_t>(event.x);
+    state.mouseY = static_cast<std::uint16_t>(event.y);
+}
+
+/// Inside of the client area the cursor is the one asked for, outside an arrow.
+void SettleCursor() {
+    SetCursorKind(IsCursorInClient() ? state.cursorKind : 1);
+}
+
+/// Updates the stored state, calls the listener, then does what the window does by itself.
+void Dispatch(const Platform::Event& event) {
+    using Platform::EventKind;
+    GLWindowEventListener nobody;
+    GLWindowEventListener& listener = state.listener != nullptr ? *state.listener : nobody;
+    switch (event.kind) {
+        case EventKind::MouseMove:
+            TakeMousePosition(event);
+            listener.OnMouseMove(state.mouseX, state.mouseY);
+            break;
+        case EventKind::MouseDown:
+            TakeMousePosition(event);
+            listener.OnMouseDown(state.mouseX, state.mouseY, event.button);
+            break;
+        case EventKind::MouseUp:
+            TakeMousePosition(event);
+            listener.OnMouseUp(state.mouseX, state.mouseY, event.button);
+            break;
+        case EventKind::KeyDown:
+            state.lastKey = event.key;
+            listener.OnKeyDown(event.key);
+            break;
+        case EventKind::KeyUp:
+            listener.OnKeyUp(event.key);
+            break;
+        case EventKind::Resize:
+            listener.OnResize();
+            if (IsOpen()) {
+                Platform::TheWindow().SetViewport(ClientWidth(), ClientHeight());
+            }
+            break;
+        case EventKind::Close:
+            listener.OnClose();
+            Close();
+            break;
+        case EventKind::Paint:
+            SettleCursor();
+            listener.OnPaint();
+            break;
+    }
+}
+
+[[noreturn]] void Fail(Platform::WindowError error) {
+    std::string text = "Unable to create window.";
+    if (error == Platform::WindowError::NoDisplay) {
+        text += " There is no display.";
+    } else if (error == Platform::WindowError::NoContext) {
+        text += " Could not create an OpenGL rendering context.";
+    }
+    const std::string reason = Platform::TheWindow().Reason();
+    if (!reason.empty()) {
+        text += " (" + reason + ")";
+    }
+    Platform::ShowMessage(text, "Error");
+    Platform::EndProcess(1);
+}
+
+/// A minimised window has its loss behind it: it may come back without the focus at first,
+/// and must not be minimised again for that.
+void NoticeFocus() {
+    Platform::Window& window = Platform::TheWindow();
+    if (window.IsForeground()) {
+        state.mayLoseFocus = true;
+    } else if (window.IsMinimised()) {
+        state.mayLoseFocus = false;
+    }
+}
+
+}  // namespace
+
+void MakeWindow(const Platform::WindowSettings& settings) {
+    const Platform::WindowError error = Platform::TheWindow().Create(settings);
+    if (error != Platform::WindowError::None) {
+        Fail(error);
+    }
+    state.mayLoseFocus = false;
+    SetTitle(settings.title);
+}
+
+void Create(const std::string& title, int width, int height) {
+    if (IsOpen()) {
+        return;
+    }
+    MakeWindow({.title = State::initialTitle, .width = width, .height = height});
+    Platform::Window& window = Platform::TheWindow();
+    SetCursorKind(1);
+    state.mouseX = 0;
+    state.mouseY = 0;
+    state.samples = 1;
+    window.SetPixelProjection(ClientWidth(), ClientHeight());
+    state.lastKey = 0;
+    Centre();
+    window.Show();
+    BringToFront();
+    SetClientSize(width, height);
+    SetTitle(title);
+    NoticeFocus();
+}
+
+void Close() {
+    if (!IsOpen() || state.closing) {
+        return;
+    }
+    state.closing = true;
+    if (state.listener != nullptr) {
+        state.listener->OnDestroy();
+    }
+    if (state.fullscreen) {
+        SetFullscreen(false, 640, 480);
+        state.fullscreen = false;
+    }
+    Platform::TheWindow().Destroy();
+    state.listener = nullptr;
+    state.cursorKind = 1;
+    state.closing = false;
+}
+
+bool IsOpen() {
+    return Platform::TheWindow().IsOpen();
+}
+
+void PumpMessages() {
+    Platform::Window& window = Platform::TheWindow();
+    Platform::Event event;
+    while (IsOpen() && window.TakeEvent(event)) {
+        Dispatch(event);
+        // A paint ends the drain: what it asks for comes with the next one, so that a
+        // listener that always wants another frame doesn't hold the loop.
+        if (event.kind == Platform::EventKind::Paint) {
+            break;
+        }
+    }
+    if (!IsOpen()) {
+        return;
+    }
+    NoticeFocus();
+    if (!state.mayLoseFocus || window.IsForeground()) {
+        return;
+    }
+    state.mayLoseFocus = false;
+    Minimise();
+    if (state.listener != nullptr) {
+        state.listener->OnFocusLost();
+    }
+}
+
+void RequestRepaint() {
+    Platform::TheWindow().RequestRepaint();
+}
+
+void SwapBuffers() {
+    Platform::TheWindow().SwapBuffers();
+}
+
+void SetListener(GLWindowEventListener* listener) {
+    state.listener = listener;
+}
+
+GLWindowEventListener* GetListener() {
+    return state.listener;
+}
+
+bool IsKeyDown(int virtualKey) {
+    return Platform::TheWindow().IsKeyDown(virtualKey);
+}
+
+bool IsKeyToggled(int virtualKey) {
+    return Platform::TheWindow().IsKeyToggled(virtualKey);
+}
+
+bool IsMouseButtonDown(int button) {
+    return (button == 1 || button == 2 || button == 4) &&
+           Platform::TheWindow().IsMouseButtonDown(button);
+}
+
+char KeyToChar(int virtualKey) {
+    return Platform::TheWindow().KeyToChar(virtualKey);
+}
+
+int TakeLastKey() {
+    const int key = state.lastKey;
+    state.lastKey = 0;
+    return key;
+}
+
+int MouseX() {
+    return state.mouseX;
+}
+
+int MouseY() {
+    return state.mouseY;
+}
+
+void ShowMessage(const std::string& text, const std::string& caption) {
+    Platform::ShowMessage(text, caption);
+}
+
+bool AskYesNo(const std::string& text, const std::string& caption) {
+    return Platform::AskYesNo(text, caption);
+}
+
+}  // namespace GLWindow

@@ -1,0 +1,359 @@
+// The real window: show state, geometry, display and cursor. The desktop does most of what is
+// asked a little later, so sizes and positions are waited for, but never for long.
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "platform/GlfwWindowState.h"
+
+namespace Platform {
+
+namespace {
+
+constexpr std::uint32_t patienceMilliseconds = 150;
+
+/// Top left corner of the primary monitor, in the toolkit's units.
+Point ScreenOrigin() {
+    Point origin;
+    if (GLFWmonitor* monitor = glfwGetPrimaryMonitor()) {
+        glfwGetMonitorPos(monitor, &origin.x, &origin.y);
+    }
+    return origin;
+}
+
+Point ScreenSize() {
+    GLFWmonitor* monitor = glfwGetPrimaryMonitor();
+    const GLFWvidmode* mode = monitor != nullptr ? glfwGetVideoMode(monitor) : nullptr;
+    return mode != nullptr ? Point{mode->width, mode->height} : Point{};
+}
+
+struct Frame {
+    int left = 0;
+    int top = 0;
+    int right = 0;
+    int bottom = 0;
+};
+
+Frame FrameOf(GLFWwindow* window) {
+    Frame frame;
+    glfwGetWindowFrameSize(window, &frame.left, &frame.top, &frame.right, &frame.bottom);
+    return frame;
+}
+
+Point PositionOf(GLFWwindow* window) {
+    Point position;
+    glfwGetWindowPos(window, &position.x, &position.y);
+    return position;
+}
+
+int Scaled(int value, double scale) {
+    return static_cast<int>(std::lround(value * scale));
+}
+
+bool HasAttribute(GLFWwindow* window, int attribute) {
+    return window != nullptr && glfwGetWindowAttrib(window, attribute) == GLFW_TRUE;
+}
+
+}  // namespace
+
+Point GlfwWindow::State::FramebufferSize() const {
+    Point size;
+    if (window != nullptr) {
+        glfwGetFramebufferSize(window, &size.x, &size.y);
+    }
+    return size;
+}
+
+double GlfwWindow::State::Scale() const {
+    Point size;
+    if (window != nullptr) {
+        glfwGetWindowSize(window, &size.x, &size.y);
+    }
+    const int pixels = FramebufferSize().x;
+    return size.x > 0 && pixels > 0 ? static_cast<double>(pixels) / size.x : 1.0;
+}
+
+void GlfwWindow::State::AwaitSize(Point size) {
+    const std::uint32_t start = clock.Milliseconds();
+    Point now = FramebufferSize();
+    while ((now.x != size.x || now.y != size.y) &&
+           clock.Milliseconds() - start < patienceMilliseconds) {
+        glfwWaitEventsTimeout(0.005);
+        now = FramebufferSize();
+    }
+}
+
+void GlfwWindow::State::AwaitPosition(Point position) {
+    const std::uint32_t start = clock.Milliseconds();
+    Point now = PositionOf(window);
+    while ((now.x != position.x || now.y != position.y) &&
+           clock.Milliseconds() - start < patienceMilliseconds) {
+        glfwWaitEventsTimeout(0.005);
+        now = PositionOf(window);
+    }
+}
+
+// Show state.
+
+void GlfwWindow::Show() {
+    if (IsOpen()) {
+        glfwShowWindow(state->window);
+        state->Poll();
+    }
+}
+
+void GlfwWindow::Focus() {
+    if (IsOpen()) {
+        glfwFocusWindow(state->window);
+        state->Poll();
+    }
+}
+
+bool GlfwWindow::IsForeground() const {
+    return IsOpen() && state->focus.IsForeground();
+}
+
+bool GlfwWindow::IsMinimised() const {
+    return HasAttribute(state->window, GLFW_ICONIFIED);
+}
+
+bool GlfwWindow::IsMaximised() const {
+    return HasAttribute(state->window, GLFW_MAXIMIZED);
+}
+
+void GlfwWindow::Maximise() {
+    if (IsOpen()) {
+        glfwMaximizeWindow(state->window);
+    }
+}
+
+void GlfwWindow::Minimise() {
+    if (IsOpen()) {
+        glfwIconifyWindow(state->window);
+    }
+}
+
+void GlfwWindow::Restore() {
+    if (IsOpen()) {
+        glfwRestoreWindow(state->window);
+    }
+}
+
+void GlfwWindow::SetTitle(const std::string& title) {
+    if (IsOpen()) {
+        glfwSetWindowTitle(state->window, title.c_str());
+    }
+}
+
+void GlfwWindow::SetIcon(const unsigned char* rgba, int width, int height) {
+    if (rgba == nullptr || width < 1 || height < 1) {
+        return;
+    }
+    const std::size_t bytes =
+        static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 4;
+    state->icon.assign(rgba, rgba + bytes);
+    state->iconSize = {width, height};
+    if (IsOpen()) {
+        state->ApplyIcon();
+    }
+}
+
+void GlfwWindow::State::ApplyIcon() {
+    if (!icon.empty()) {
+        const GLFWimage image{iconSize.x, iconSize.y, icon.data()};
+        glfwSetWindowIcon(window, 1, &image);
+    }
+}
+
+// Geometry.
+
+int GlfwWindow::ClientWidth() const {
+    return state->FramebufferSize().x;
+}
+
+int GlfwWindow::ClientHeight() const {
+    return state->FramebufferSize().y;
+}
+
+int GlfwWindow::ScreenWidth() const {
+    return Scaled(ScreenSize().x, state->Scale());
+}
+
+int GlfwWindow::ScreenHeight() const {
+    return Scaled(ScreenSize().y, state->Scale());
+}
+
+int GlfwWindow::ClientLeft() const {
+    return IsOpen() ? Scaled(PositionOf(state->window).x - ScreenOrigin().x, state->Scale()) : 0;
+}
+
+int GlfwWindow::ClientTop() const {
+    return IsOpen() ? Scaled(PositionOf(state->window).y - ScreenOrigin().y, state->Scale()) : 0;
+}
+
+int GlfwWindow::OuterLeft() const {
+    return IsOpen() ? ClientLeft() - Scaled(FrameOf(state->window).left, state->Scale()) : 0;
+}
+
+int GlfwWindow::OuterTop() const {
+    return IsOpen() ? ClientTop() - Scaled(FrameOf(state->window).top, state->Scale()) : 0;
+}
+
+int GlfwWindow::OuterWidth() const {
+    if (!IsOpen()) {
+        return 0;
+    }
+    const Frame frame = FrameOf(state->window);
+    return ClientWidth() + Scaled(frame.left + frame.right, state->Scale());
+}
+
+int GlfwWindow::OuterHeight() const {
+    if (!IsOpen()) {
+        return 0;
+    }
+    const Frame frame = FrameOf(state->window);
+    return ClientHeight() + Scaled(frame.top + frame.bottom, state->Scale());
+}
+
+void GlfwWindow::MoveOuter(int left, int top) {
+    if (!IsOpen() || glfwGetWindowMonitor(state->window) != nullptr) {
+        return;
+    }
+    const double scale = state->Scale();
+    const Frame frame = FrameOf(state->window);
+    const Point origin = ScreenOrigin();
+    const Point position{Scaled(left, 1.0 / scale) + frame.left + origin.x,
+                         Scaled(top, 1.0 / scale) + frame.top + origin.y};
+    glfwSetWindowPos(state->window, position.x, position.y);
+    state->AwaitPosition(position);
+}
+
+void GlfwWindow::SetOuterSize(int width, int height) {
+    if (!IsOpen()) {
+        return;
+    }
+    SetClientSize(width - (OuterWidth() - ClientWidth()),
+                  height - (OuterHeight() - ClientHeight()));
+}
+
+void GlfwWindow::SetClientSize(int width, int height) {
+    if (!IsOpen() || glfwGetWindowMonitor(state->window) != nullptr) {
+        return;
+    }
+    const double scale = state->Scale();
+    const Point size{std::max(width, 1), std::max(height, 1)};
+    glfwSetWindowSize(state->window, std::max(Scaled(size.x, 1.0 / scale), 1),
+                      std::max(Scaled(size.y, 1.0 / scale), 1));
+    state->AwaitSize(size);
+}
+
+void GlfwWindow::SetResizable(bool on) {
+    if (IsOpen()) {
+        glfwSetWindowAttrib(state->window, GLFW_RESIZABLE, on ? GLFW_TRUE : GLFW_FALSE);
+    }
+}
+
+bool GlfwWindow::IsResizable() const {
+    return HasAttribute(state->window, GLFW_RESIZABLE);
+}
+
+// Display.
+
+std::vector<DisplayMode> GlfwWindow::DisplayModes() const {
+    std::vector<DisplayMode> list;
+    GLFWmonitor* monitor = glfwGetPrimaryMonitor();
+    int count = 0;
+    const GLFWvidmode* modes = monitor != nullptr ? glfwGetVideoModes(monitor, &count) : nullptr;
+    for (int i = 0; modes != nullptr && i < count; ++i) {
+        list.push_back({modes[i].width, modes[i].height, modes[i].refreshRate});
+    }
+    return list;
+}
+
+bool GlfwWindow::EnterFullscreen(const DisplayMode& mode) {
+    GLFWmonitor* monitor = glfwGetPrimaryMonitor();
+    if (!IsOpen() || monitor == nullptr) {
+        return false;
+    }
+    if (glfwGetWindowMonitor(state->window) == nullptr) {
+        state->windowedPosition = PositionOf(state->window);
+        glfwGetWindowSize(state->window, &state->windowedSize.x, &state->windowedSize.y);
+    }
+    glfwSetWindowMonitor(state->window, monitor, 0, 0, mode.width, mode.height, mode.refreshRate);
+    state->AwaitSize({mode.width, mode.height});
+    return glfwGetWindowMonitor(state->window) != nullptr;
+}
+
+bool GlfwWindow::LeaveFullscreen() {
+    if (!IsOpen() || glfwGetWindowMonitor(state->window) == nullptr) {
+        return true;
+    }
+    const Point position = state->windowedPosition;
+    const Point size = state->windowedSize;
+    glfwSetWindowMonitor(state->window, nullptr, position.x, position.y, size.x, size.y,
+                         GLFW_DONT_CARE);
+    const double scale = state->Scale();
+    state->AwaitSize({Scaled(size.x, scale), Scaled(size.y, scale)});
+    return glfwGetWindowMonitor(state->window) == nullptr;
+}
+
+void GlfwWindow::SetGammaRamp(const std::vector<unsigned short>& ramp) {
+    GLFWmonitor* monitor = glfwGetPrimaryMonitor();
+    if (monitor != nullptr && !ramp.empty()) {
+        std::vector<unsigned short> channel = ramp;
+        const GLFWgammaramp gamma{channel.data(), channel.data(), channel.data(),
+                                  static_cast<unsigned>(channel.size())};
+        glfwSetGammaRamp(monitor, &gamma);
+    }
+}
+
+// Cursor.
+
+void GlfwWindow::SetCursor(Cursor cursor) {
+    if (!IsOpen() || state->cursor == cursor) {
+        return;
+    }
+    state->cursor = cursor;
+    GLFWcursor*& shape = cursor == Cursor::Cross ? state->cross : state->arrow;
+    if (shape == nullptr) {
+        shape = glfwCreateStandardCursor(cursor == Cursor::Cross ? GLFW_CROSSHAIR_CURSOR
+                                                                 : GLFW_ARROW_CURSOR);
+    }
+    glfwSetCursor(state->window, shape);
+    glfwSetInputMode(state->window, GLFW_CURSOR,
+                     cursor == Cursor::Empty ? GLFW_CURSOR_HIDDEN : GLFW_CURSOR_NORMAL);
+}
+
+Point GlfwWindow::State::CursorPosition() const {
+    double x = 0.0;
+    double y = 0.0;
+    glfwGetCursorPos(window, &x, &y);
+    const double scale = Scale();
+    return {static_cast<int>(std::floor(x * scale)), static_cast<int>(std::floor(y * scale))};
+}
+
+int GlfwWindow::CursorScreenX() const {
+    return IsOpen() ? ClientLeft() + state->CursorPosition().x : -1;
+}
+
+int GlfwWindow::CursorScreenY() const {
+    return IsOpen() ? ClientTop() + state->CursorPosition().y : -1;
+}
+
+void GlfwWindow::WarpCursor(int screenX, int screenY) {
+    if (!IsForeground()) {
+        return;
+    }
+    const Point before = state->CursorPosition();
+    const double scale = state->Scale();
+    glfwSetCursorPos(state->window, (screenX - ClientLeft()) / scale,
+                     (screenY - ClientTop()) / scale);
+    // The toolkit keeps quiet about moves of its own.
+    const Point after = state->CursorPosition();
+    if (after.x != before.x || after.y != before.y) {
+        state->input.AddMouseMove(after.x, after.y);
+    }
+}
+
+}  // namespace Platform

@@ -1,0 +1,311 @@
+// The real window: life, context and events. Geometry, display and show state are in
+// GlfwGeometry.cpp.
+
+#include "platform/GlfwWindow.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+
+#include "platform/GlfwWindowState.h"
+#include "platform/Keys.h"
+#include "platform/VirtualKeys.h"
+
+namespace Platform {
+
+namespace {
+
+constexpr int capsLock = 20;
+constexpr int numLock = 144;
+
+// The toolkit's last complaint. Most are of no interest (a desktop that can't minimise); the
+// text is shown only when no window could be made.
+int lastErrorCode = 0;
+std::string lastErrorText;
+
+void OnError(int code, const char* text) {
+    lastErrorCode = code;
+    lastErrorText = text;
+}
+
+void SetHints(unsigned samples, bool resizable) {
+    glfwDefaultWindowHints();
+    glfwWindowHint(GLFW_VISIBLE, GLFW_FALSE);
+    glfwWindowHint(GLFW_RESIZABLE, resizable ? GLFW_TRUE : GLFW_FALSE);
+    // The game minimises itself when it loses the foreground.
+    glfwWindowHint(GLFW_AUTO_ICONIFY, GLFW_FALSE);
+    for (const int bits : {GLFW_RED_BITS, GLFW_GREEN_BITS, GLFW_BLUE_BITS, GLFW_ALPHA_BITS}) {
+        glfwWindowHint(bits, 8);
+    }
+    // Drivers have 16 bits or none, and answer 8 with none.
+    for (const int bits : {GLFW_ACCUM_RED_BITS, GLFW_ACCUM_GREEN_BITS, GLFW_ACCUM_BLUE_BITS,
+                           GLFW_ACCUM_ALPHA_BITS}) {
+        glfwWindowHint(bits, 16);
+    }
+    glfwWindowHint(GLFW_DEPTH_BITS, 24);
+    glfwWindowHint(GLFW_STENCIL_BITS, 8);
+    glfwWindowHint(GLFW_SAMPLES, samples > 1 ? static_cast<int>(samples) : 0);
+    glfwWindowHintString(GLFW_X11_CLASS_NAME, "vantrel");
+    glfwWindowHintString(GLFW_X11_INSTANCE_NAME, "vantrel");
+}
+
+unsigned SamplesOfContext() {
+    GLint samples = 0;
+    glGetIntegerv(GL_SAMPLES, &samples);
+    return static_cast<unsigned>(std::max(samples, 1));
+}
+
+bool ContextHasSwapControl() {
+    // Only X11 leaves it to an extension.
+    return std::strstr(glfwGetVersionString(), "X11") == nullptr ||
+           glfwExtensionSupported("GLX_EXT_swap_control") == GLFW_TRUE ||
+           glfwExtensionSupported("GLX_MESA_swap_control") == GLFW_TRUE ||
+           glfwExtensionSupported("GLX_SGI_swap_control") == GLFW_TRUE;
+}
+
+std::string TextOf(GLenum name) {
+    const GLubyte* text = glfwGetCurrentContext() != nullptr ? glGetString(name) : nullptr;
+    return text != nullptr ? reinterpret_cast<const char*>(text) : "";
+}
+
+WindowInput::KeyAction ActionOf(int action) {
+    switch (action) {
+        case GLFW_PRESS:
+            return WindowInput::KeyAction::Press;
+        case GLFW_REPEAT:
+            return WindowInput::KeyAction::Repeat;
+        default:
+            return WindowInput::KeyAction::Release;
+    }
+}
+
+int ButtonOf(int button) {
+    switch (button) {
+        case GLFW_MOUSE_BUTTON_LEFT:
+            return 1;
+        case GLFW_MOUSE_BUTTON_RIGHT:
+            return 2;
+        case GLFW_MOUSE_BUTTON_MIDDLE:
+            return 4;
+        default:
+            return 0;
+    }
+}
+
+/// The lock keys' own events still tell of the state before them.
+void TakeLocks(WindowInput& input, int key, int modifiers) {
+    if (key != capsLock && key != numLock) {
+        input.SetToggled(capsLock, (modifiers & GLFW_MOD_CAPS_LOCK) != 0);
+        input.SetToggled(numLock, (modifiers & GLFW_MOD_NUM_LOCK) != 0);
+    }
+}
+
+}  // namespace
+
+GlfwWindow::GlfwWindow() : state(std::make_unique<State>()) {}
+
+GlfwWindow::~GlfwWindow() {
+    Destroy();
+    glfwTerminate();
+}
+
+bool GlfwWindow::State::Start() {
+    glfwSetErrorCallback(OnError);
+    return glfwInit() == GLFW_TRUE;
+}
+
+void GlfwWindow::State::ListenToEvents() {
+    glfwSetWindowUserPointer(window, this);
+    glfwSetInputMode(window, GLFW_LOCK_KEY_MODS, GLFW_TRUE);
+    static constexpr auto stateOf = [](GLFWwindow* w) -> State& {
+        return *static_cast<State*>(glfwGetWindowUserPointer(w));
+    };
+    glfwSetKeyCallback(window, [](GLFWwindow* w, int key, int, int action, int modifiers) {
+        const int code = KeyCode(key);
+        TakeLocks(stateOf(w).input, code, modifiers);
+        stateOf(w).input.AddKey(code, ActionOf(action));
+    });
+    glfwSetCharCallback(window, [](GLFWwindow* w, unsigned character) {
+        stateOf(w).input.AddCharacter(character);
+    });
+    glfwSetCursorPosCallback(window, [](GLFWwindow* w, double x, double y) {
+        const double scale = stateOf(w).Scale();
+        stateOf(w).input.AddMouseMove(static_cast<int>(std::floor(x * scale)),
+                                      static_cast<int>(std::floor(y * scale)));
+    });
+    glfwSetMouseButtonCallback(window, [](GLFWwindow* w, int button, int action, int) {
+        if (const int known = ButtonOf(button); known != 0) {
+            const Point at = stateOf(w).CursorPosition();
+            stateOf(w).input.AddButton(known, action == GLFW_PRESS, at.x, at.y);
+        }
+    });
+    glfwSetFramebufferSizeCallback(window, [](GLFWwindow* w, int, int) {
+        stateOf(w).input.AddEvent({.kind = EventKind::Resize});
+    });
+    glfwSetWindowCloseCallback(window, [](GLFWwindow* w) {
+        glfwSetWindowShouldClose(w, GLFW_FALSE);
+        stateOf(w).input.AddEvent({.kind = EventKind::Close});
+    });
+    glfwSetWindowRefreshCallback(window, [](GLFWwindow* w) { stateOf(w).input.RequestRepaint(); });
+}
+
+WindowError GlfwWindow::Create(const WindowSettings& settings) {
+    if (IsOpen()) {
+        return WindowError::None;
+    }
+    lastErrorCode = 0;
+    lastErrorText.clear();
+    if (!state->Start()) {
+        state->reason = lastErrorText;
+        return WindowError::NoDisplay;
+    }
+    SetHints(settings.samples, settings.resizable);
+    state->window = glfwCreateWindow(std::max(settings.width, 1), std::max(settings.height, 1),
+                                     settings.title.c_str(), nullptr, nullptr);
+    if (state->window == nullptr) {
+        state->reason = lastErrorText;
+        const bool noContext = lastErrorCode == GLFW_API_UNAVAILABLE ||
+                               lastErrorCode == GLFW_VERSION_UNAVAILABLE ||
+                               lastErrorCode == GLFW_FORMAT_UNAVAILABLE;
+        return noContext ? WindowError::NoContext : WindowError::NoWindow;
+    }
+    glfwMakeContextCurrent(state->window);
+    state->samples = SamplesOfContext();
+    state->hasSwapControl = ContextHasSwapControl();
+    state->swapInterval = -1;
+    state->cursor.reset();
+    state->focus = {};
+    state->ListenToEvents();
+    state->ApplyIcon();
+    return WindowError::None;
+}
+
+void GlfwWindow::Destroy() {
+    if (IsOpen()) {
+        glfwDestroyWindow(state->window);
+        state->window = nullptr;
+        state->samples = 1;
+        state->input.Clear();
+    }
+}
+
+bool GlfwWindow::IsOpen() const {
+    return state->window != nullptr;
+}
+
+unsigned GlfwWindow::Samples() const {
+    return state->samples;
+}
+
+bool GlfwWindow::OffersSamples(unsigned count) {
+    if (count < 2) {
+        return true;
+    }
+    if (const auto known = state->offers.find(count); known != state->offers.end()) {
+        return known->second;
+    }
+    // The count of a hint is a wish; only a context tells what it comes to.
+    bool offered = false;
+    if (state->Start()) {
+        GLFWwindow* current = glfwGetCurrentContext();
+        SetHints(count, false);
+        if (GLFWwindow* probe = glfwCreateWindow(64, 64, "", nullptr, nullptr)) {
+            glfwMakeContextCurrent(probe);
+            offered = SamplesOfContext() >= count;
+            glfwMakeContextCurrent(current);
+            glfwDestroyWindow(probe);
+        }
+    }
+    state->offers[count] = offered;
+    return offered;
+}
+
+std::string GlfwWindow::Reason() const {
+    return state->reason;
+}
+
+void GlfwWindow::State::Poll() {
+    glfwPollEvents();
+    focus.Update(glfwGetWindowAttrib(window, GLFW_FOCUSED) == GLFW_TRUE, clock.Milliseconds());
+}
+
+bool GlfwWindow::TakeEvent(Event& event) {
+    if (!IsOpen()) {
+        return false;
+    }
+    if (state->input.IsEmpty()) {
+        state->Poll();
+    }
+    return state->input.Take(event);
+}
+
+void GlfwWindow::RequestRepaint() {
+    state->input.RequestRepaint();
+}
+
+void GlfwWindow::SwapBuffers() {
+    if (IsOpen()) {
+        glfwSwapBuffers(state->window);
+    }
+}
+
+bool GlfwWindow::SetSwapInterval(int interval) {
+    if (!IsOpen() || !state->hasSwapControl) {
+        return false;
+    }
+    glfwSwapInterval(interval);
+    state->swapInterval = interval;
+    return true;
+}
+
+int GlfwWindow::SwapInterval() const {
+    return state->swapInterval;
+}
+
+void GlfwWindow::SetViewport(int width, int height) {
+    if (glfwGetCurrentContext() != nullptr) {
+        glViewport(0, 0, width, height);
+    }
+}
+
+void GlfwWindow::SetPixelProjection(int width, int height) {
+    if (width < 1 || height < 1 || glfwGetCurrentContext() == nullptr) {
+        return;
+    }
+    const double halfWidth = width / 2.0;
+    const double halfHeight = height / 2.0;
+    const double projection[16] = {
+        1.0 / halfWidth, 0, 0, 0, 0, -1.0 / halfHeight, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+    glViewport(0, 0, width, height);
+    glMatrixMode(GL_PROJECTION);
+    glLoadMatrixd(projection);
+    glTranslated(-halfWidth, -halfHeight, 0.0);
+    glMatrixMode(GL_MODELVIEW);
+    glLoadIdentity();
+}
+
+std::string GlfwWindow::ExtensionText() const {
+    return IsOpen() ? TextOf(GL_EXTENSIONS) : "";
+}
+
+std::string GlfwWindow::RendererText() const {
+    return IsOpen() ? TextOf(GL_RENDERER) : "";
+}
+
+bool GlfwWindow::IsKeyDown(int virtualKey) const {
+    return state->input.IsKeyDown(virtualKey);
+}
+
+bool GlfwWindow::IsKeyToggled(int virtualKey) const {
+    return state->input.IsKeyToggled(virtualKey);
+}
+
+bool GlfwWindow::IsMouseButtonDown(int button) const {
+    return state->input.IsButtonDown(button);
+}
+
+char GlfwWindow::KeyToChar(int virtualKey) const {
+    return state->input.CharacterOf(virtualKey);
+}
+
+}  // namespace Platform

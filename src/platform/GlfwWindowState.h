@@ -1,0 +1,60 @@
+#pragma once
+// What the files of GlfwWindow share. The only header that names the toolkit.
+
+#include <GLFW/glfw3.h>
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/Clock.h"
+#include "platform/FocusFilter.h"
+#include "platform/GlfwWindow.h"
+#include "platform/WindowInput.h"
+
+namespace Platform {
+
+struct Point {
+    int x = 0;
+    int y = 0;
+};
+
+struct GlfwWindow::State {
+    GLFWwindow* window = nullptr;
+    WindowInput input;
+    FocusFilter focus;
+    SteadyClock clock;  ///< real time, whatever clock the game runs on
+    std::string reason;
+    unsigned samples = 1;
+    std::map<unsigned, bool> offers;  ///< answers of OffersSamples
+    bool hasSwapControl = false;
+    int swapInterval = -1;
+
+    std::optional<Cursor> cursor;
+    GLFWcursor* arrow = nullptr;
+    GLFWcursor* cross = nullptr;
+
+    std::vector<unsigned char> icon;  ///< RGBA
+    Point iconSize;
+
+    // The window as it was before it went fullscreen, in the toolkit's units.
+    Point windowedPosition;
+    Point windowedSize;
+
+    bool Start();
+    void ListenToEvents();
+    void ApplyIcon();
+    void Poll();
+    Point FramebufferSize() const;
+    /// Framebuffer pixels per unit of the toolkit; 1 on most desktops.
+    double Scale() const;
+    /// The cursor in client pixels.
+    Point CursorPosition() const;
+    /// Lets the desktop catch up until the client area has that size, for a moment at most:
+    /// it may never grant it.
+    void AwaitSize(Point size);
+    void AwaitPosition(Point position);
+};
+
+}  // namespace Platform
