@@ -1,0 +1,44 @@
+#pragma once
+// What is wrong with a level: errors that the game would show as missing or dead things, and
+// warnings about geometry that works out differently from how it looks.
+
+#include <list>
+#include <string>
+#include <vector>
+
+#include "level/LevelFile.h"
+#include "level/LevelPolygon.h"
+
+struct Problem {
+    bool isError = false;
+    std::string record;  ///< kind and number from 0, like "polygon 3"
+    std::string text;
+};
+
+class Problems {
+public:
+    void Error(const char* kind, std::size_t number, std::string text) {
+        Add(true, kind, number, std::move(text));
+    }
+    void Warning(const char* kind, std::size_t number, std::string text) {
+        Add(false, kind, number, std::move(text));
+    }
+
+    std::vector<Problem> list;
+
+private:
+    void Add(bool isError, std::string kind, std::size_t number, std::string text) {
+        list.push_back({isError, std::move(kind) + " " + std::to_string(number), std::move(text)});
+    }
+};
+
+/// Names and ids: files that aren't there, targets that nothing bears, movers without a load.
+void CheckRecords(const LevelFile& level, Problems& problems);
+/// Outlines: polygons without triangles, overlaps, twins, and where the water starts.
+void CheckGeometry(const LevelFile& level, const std::list<LevelPolygon>& polygons,
+                   Problems& problems);
+/// Edges that the game joins into one although they differ.
+void CheckJoints(const LevelFile& level, std::list<LevelPolygon>& polygons, Problems& problems);
+
+/// Prints counts and problems; true if none is an error.
+bool PrintCheck(const LevelFile& level, std::list<LevelPolygon>& polygons);

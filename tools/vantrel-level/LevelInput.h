@@ -1,0 +1,17 @@
+#pragma once
+// A level file read for the tools: its records and, from them, the polygons as the game has
+// them when a level starts.
+
+#include <list>
+#include <optional>
+#include <string>
+
+#include "level/LevelFile.h"
+#include "level/LevelPolygon.h"
+
+/// The level, or none with `failure` set.
+std::optional<LevelFile> ReadLevel(const std::string& fileName, std::string& failure);
+
+/// The level's polygons, split into triangles, with frictions from cfg\surfaces.cfg and the
+/// marks of what movers carry and triggers toggle.
+std::list<LevelPolygon> MakePolygons(const LevelFile& level);

@@ -1,0 +1,119 @@
+// vantrel-level: makes level files from Tiled maps and back, checks them, and prints what the
+// game makes of their geometry.
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "Check.h"
+#include "Compile.h"
+#include "Decompile.h"
+#include "LevelInput.h"
+#include "MapReader.h"
+#include "Options.h"
+#include "Print.h"
+#include "platform/Paths.h"
+
+namespace {
+
+bool WriteOutput(const std::string& fileName, const void* data, std::size_t size,
+                 std::string& failure) {
+    if (!Platform::WriteWholeFile(fileName, data, size)) {
+        failure = fileName + ": cannot be written";
+        return false;
+    }
+    return true;
+}
+
+bool RunCompile(const Options& options, std::string& failure) {
+    const std::string& mapName = options.files[0];
+    const auto bytes = Platform::ReadWholeFile(mapName);
+    if (!bytes) {
+        failure = mapName + ": cannot be read";
+        return false;
+    }
+    const auto objects = ReadMap(*bytes, failure);
+    const auto level = objects ? Compile(*objects, failure) : std::nullopt;
+    if (!level) {
+        failure = mapName + ": " + failure;
+        return false;
+    }
+    const std::vector<std::byte> file = level->Serialise();
+    return WriteOutput(options.output, file.data(), file.size(), failure);
+}
+
+bool RunDecompile(const Options& options, std::string& failure) {
+    const auto level = ReadLevel(options.files[0], failure);
+    if (!level) {
+        return false;
+    }
+    const std::string map = Decompile(*level);
+    return WriteOutput(options.output, map.data(), map.size(), failure);
+}
+
+/// The commands that read a level and print. `isSound` turns false where `check` finds errors.
+bool RunPrinting(const Options& options, std::string& failure, bool& isSound) {
+    const auto level = ReadLevel(options.files[0], failure);
+    if (!level) {
+        return false;
+    }
+    std::list<LevelPolygon> polygons = MakePolygons(*level);
+    if (options.command == "check") {
+        isSound = PrintCheck(*level, polygons);
+    } else if (options.command == "triangles") {
+        PrintTriangles(polygons);
+    } else if (options.command == "bsp") {
+        PrintTree(polygons);
+    } else if (!PrintCollisions(polygons, options.files[1], failure)) {
+        return false;
+    }
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+        failure = "standard output cannot be written";
+        return false;
+    }
+    return true;
+}
+
+int Run(const Options& options) {
+    std::string failure;
+    bool isSound = true;
+    bool isDone = false;
+    if (options.command == "compile") {
+        isDone = RunCompile(options, failure);
+    } else if (options.command == "decompile") {
+        isDone = RunDecompile(options, failure);
+    } else {
+        isDone = RunPrinting(options, failure, isSound);
+    }
+    if (!isDone) {
+        std::fprintf(stderr, "vantrel-level: %s\n", failure.c_str());
+    }
+    return isDone && isSound ? 0 : 1;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const std::vector<std::string> arguments(argv + 1, argv + argc);
+    for (const std::string& argument : arguments) {
+        if (argument == "--help") {
+            std::fputs(levelHelpText, stdout);
+            return 0;
+        }
+        if (argument == "--version") {
+            std::puts("vantrel-level 1.03");
+            return 0;
+        }
+    }
+    std::string failure;
+    const auto options = ParseOptions(arguments, failure);
+    if (!options) {
+        std::fprintf(stderr, "vantrel-level: %s\n", failure.c_str());
+        return 2;
+    }
+    Platform::FindDataRoot(argv[0]);
+    if (!options->dataRoot.empty()) {
+        Platform::UseDataRoot(options->dataRoot, true);
+    }
+    return Run(*options);
+}
