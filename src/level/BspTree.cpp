@@ -13,6 +13,7 @@
 #include "engine/Timer.h"
 #include "level/BspBuilder.h"
 #include "level/BspEdges.h"
+#include "level/BspGrid.h"
 #include "level/BspTreeState.h"
 
 namespace BspTree {
@@ -140,6 +141,7 @@ void BspTree::Build(std::list<LevelPolygon>& polygons) {
     edges = BspEdges::Clean(std::move(edges));
     edgeCount = edges.size();
     nodes = BspBuilder::Build(std::move(edges));
+    BspGrid::Prepare(nodes);
     timer.Tick();
     Console::Print("\nBsp Tree created in ");
     Console::PrintFloat(timer.deltaSeconds);
@@ -155,6 +157,7 @@ void BspTree::Build(std::list<LevelPolygon>& polygons) {
 
 void BspTree::Destroy() {
     nodes = {};
+    BspGrid::Prepare({});
     edgeCount = 0;
     walkNode = nullptr;
     RemoveCommands();

@@ -3,7 +3,7 @@
 
 #include "level/Collision.h"
 
-#include "level/BspTree.h"
+#include "level/BspGrid.h"
 
 namespace {
 
@@ -52,7 +52,7 @@ void GatherMoving(Vector2 position) {
 
 void GatherStatic(Vector2 position) {
     openNodes.clear();
-    const BspSegment* node = BspTree::Root();
+    const BspSegment* node = BspGrid::StartNode(position, queryRadius);
     while (node || !openNodes.empty()) {
         if (!node) {
             node = openNodes.back();
