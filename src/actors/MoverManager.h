@@ -1,0 +1,50 @@
+#pragma once
+// Movers: platforms, gates and lifts. A mover writes an `offset` into each polygon and object
+// of its id. Solid carried polygons stay out of the level's tree: the manager keeps them as
+// colliders, offers their edges near the camera to the collision queries, and pushes the water
+// that a moving one runs into.
+//
+// Order of calls: Initialise and Add while a level loads, after polygons and objects; then
+// CollectVisible and Step, in this order, at the front of each simulation step.
+
+#include <deque>
+#include <vector>
+
+#include "actors/Mover.h"
+#include "level/BspSegment.h"
+
+struct MoverCollider {
+    LevelPolygon* polygon = nullptr;
+    std::vector<BspSegment> edges;  ///< of the outline at offset zero
+    float minX = 0.0f;              ///< box of the outline at offset zero
+    float maxX = 0.0f;
+    float minY = 0.0f;
+    float maxY = 0.0f;
+};
+
+namespace MoverManager {
+
+/// In the order of adding; pointers to entries stay valid until Shutdown.
+extern std::deque<Mover> movers;
+/// One for each solid carried polygon.
+extern std::deque<MoverCollider> colliders;
+/// Edges of solid colliders near the camera, in world position, as of CollectVisible.
+extern std::vector<BspSegment> nearEdges;
+extern bool moverDraw;
+extern bool dynamicNodeDraw;
+
+void Initialise();
+void Shutdown();
+/// Appends a copy. What it carries is bound when the first mover of its id is added. A speed
+/// that isn't finite counts as 0.
+void Add(const Mover& mover);
+/// Level restart: all movers stopped at their start, debug views off.
+void Reset();
+/// First thing of a simulation step: refills `nearEdges` from where the polygons stand.
+void CollectVisible();
+/// Advances the movers, moves what they carry, and pushes the water; `dt` in seconds.
+void Step(float dt);
+/// Debug views (MoverManagerDraw.cpp).
+void Draw();
+
+}  // namespace MoverManager

@@ -1,0 +1,21 @@
+#pragma once
+// How moving polygons push the water: a polygon advances in parts shorter than a particle, so
+// that it can't jump over one, and takes along what its edges catch, with the water that
+// touches what it caught. Carried water that ends up inside the polygon is killed.
+
+#include <deque>
+
+struct MoverCollider;
+
+namespace MoverPush {
+
+/// Longest part of a move, world units: 0.85 of a particle's radius.
+constexpr float longestPart = 1.7f;
+/// A move of more parts than this in one step is a jump, out of any view: it pushes nothing.
+constexpr int mostParts = 4096;
+
+/// Pushes the water with every solid collider near the camera that moved since the last call,
+/// then notes where all colliders are. `dt` in seconds.
+void PushWater(std::deque<MoverCollider>& colliders, float dt);
+
+}  // namespace MoverPush

@@ -1,0 +1,80 @@
+#pragma once
+// A four-cornered area that reacts to the water inside it, as two triangles with what the
+// point test needs worked out beforehand.
+
+#include <array>
+#include <cstdint>
+
+#include "actors/IdIndex.h"
+#include "engine/Vector2.h"
+
+class LevelPolygon;
+struct Emitter;
+struct Force;
+struct LevelObject;
+struct Mover;
+struct Trigger;
+
+/// What a trigger type does. `object` is a Particle where `kind` is 0 and a ParticleGroup where
+/// it is 1; null with kind 0 when the effect was delayed. `dt` in seconds, of the firing step.
+using TriggerEffect = void (*)(Trigger& trigger, void* object, unsigned kind, float dt);
+
+struct TriggerType {
+    int number = 0;  ///< in level files
+    const char* name = nullptr;
+    TriggerEffect effect = nullptr;
+    std::uint32_t fireLimit = 0;  ///< firings until the next reset; 0: any number
+    bool needsObject = false;     ///< acts on the water that fired it, so it can't be delayed
+    float repeatDelay = 0.0f;     ///< seconds between firings
+};
+
+struct TriggerTriangle {
+    /// Takes the corners, in an order that makes the normals point inwards.
+    void Set(Vector2 p0, Vector2 p1, Vector2 p2);
+    /// A point on an edge is inside. An edge of no length bars nothing.
+    bool Contains(Vector2 point) const {
+        return Dot(point - corners[0], normals[0]) >= 0.0f &&
+               Dot(point - corners[1], normals[1]) >= 0.0f &&
+               Dot(point - corners[2], normals[2]) >= 0.0f;
+    }
+
+    std::array<Vector2, 3> corners;
+    std::array<Vector2, 3> normals;  ///< unit; of the edge from corner i to corner i + 1
+    std::array<Vector2, 3> edges;    ///< unit direction
+    std::array<float, 3> lengths{};
+};
+
+struct Trigger {
+    /// Builds triangles and box. Corners that aren't finite give a trigger that nothing enters.
+    void SetCorners(Vector2 corner0, Vector2 corner1, Vector2 corner2, Vector2 corner3);
+    bool Contains(Vector2 point) const {
+        return triangleA.Contains(point) || triangleB.Contains(point);
+    }
+    /// Mean of the six corners of the triangles.
+    Vector2 Centre() const;
+    bool IsSpent() const { return typeInfo->fireLimit != 0 && fireCount >= typeInfo->fireLimit; }
+
+    TriggerTriangle triangleA;  ///< corners 0, 1, 2
+    TriggerTriangle triangleB;  ///< corners 2, 3, 0
+    float minX = 0.0f;          ///< box of the four corners
+    float maxX = 0.0f;
+    float minY = 0.0f;
+    float maxY = 0.0f;
+    /// How far outside of the box a point may be and still be contained: a little, by rounding,
+    /// or anywhere if a triangle is so thin that it goes on along its line.
+    float boxReach = 0.0f;
+    int type = 0;                           ///< as the level file says, known or not
+    std::uint32_t targetId = 0;             ///< 0 binds nothing
+    const TriggerType* typeInfo = nullptr;  ///< never null once added
+    float cooldown = 0.0f;                  ///< seconds until it may be tested again
+    float delay = 0.0f;                     ///< seconds from firing to effect
+    std::uint32_t fireCount = 0;            ///< since the last reset
+
+    // What the effects act on, bound when the trigger was added.
+    BoundTargets<LevelObject> objects;
+    BoundTargets<LevelObject> animatedObjects;
+    BoundTargets<Force> forces;
+    BoundTargets<LevelPolygon> polygons;
+    BoundTargets<Mover> movers;
+    BoundTargets<Emitter> emitters;
+};

@@ -1,0 +1,246 @@
+// The list of triggers, the test of the water against them, and delayed effects. What the
+// types do is in TriggerTypes.cpp.
+
+#include "actors/TriggerManager.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+#include <vector>
+
+#include "actors/ForceManager.h"
+#include "actors/LevelObjectsManager.h"
+#include "actors/MoverManager.h"
+#include "actors/TriggerTypes.h"
+#include "actors/ViewSquare.h"
+#include "engine/Console.h"
+#include "engine/Text.h"
+#include "game/Game.h"
+#include "level/LevelData.h"
+#include "water/FxParticleManager.h"
+#include "water/GroupedParticleMover.h"
+#include "water/ParticleManager.h"
+
+namespace TriggerManager {
+
+std::deque<Trigger> triggers;
+bool triggerDraw = false;
+
+namespace {
+
+IdIndex<LevelObject> objectIndex;
+IdIndex<LevelObject> animatedObjectIndex;
+IdIndex<Force> forceIndex;
+IdIndex<LevelPolygon> polygonIndex;
+IdIndex<Mover> moverIndex;
+IdIndex<Emitter> emitterIndex;
+
+struct DelayedEffect {
+    TriggerEffect effect;
+    Trigger* trigger;
+    float dt;        // of the step of firing, seconds
+    float timeLeft;  // seconds
+    std::uint32_t times;
+};
+std::vector<DelayedEffect> delayedEffects;
+
+/// A trigger that is tested in this step, with the box outside of which it contains nothing.
+struct Candidate {
+    float minX, maxX, minY, maxY;
+    Trigger* trigger;
+};
+std::vector<Candidate> candidates;  // keeps its storage from step to step
+
+void Bind(Trigger& trigger) {
+    if (trigger.targetId == 0) {
+        return;
+    }
+    const std::uint32_t id = trigger.targetId;
+    trigger.objects = objectIndex.Bind(LevelObjectsManager::objects, id);
+    trigger.animatedObjects = animatedObjectIndex.Bind(LevelObjectsManager::animatedObjects, id);
+    trigger.forces = forceIndex.Bind(ForceManager::forces, id);
+    trigger.polygons = polygonIndex.Bind(LevelData::polygons, id);
+    trigger.movers = moverIndex.Bind(MoverManager::movers, id);
+    trigger.emitters = emitterIndex.Bind(FxParticleManager::emitters, id);
+}
+
+void RunDelayedEffects(float dt) {
+    for (DelayedEffect& delayed : delayedEffects) {
+        delayed.timeLeft -= dt;
+        if (delayed.timeLeft <= 0.0f) {
+            for (std::uint32_t i = 0; i < delayed.times; ++i) {
+                delayed.effect(*delayed.trigger, nullptr, 0, delayed.dt);
+            }
+        }
+    }
+    std::erase_if(delayedEffects, [](const DelayedEffect& d) { return d.timeLeft <= 0.0f; });
+}
+
+/// A trigger full of water fires for every particle; what is queued right behind its like
+/// shares an entry, so that the queue grows with steps, not with particles.
+void Delay(Trigger& trigger, float dt) {
+    if (!delayedEffects.empty()) {
+        DelayedEffect& last = delayedEffects.back();
+        if (last.trigger == &trigger && last.timeLeft == trigger.delay && last.dt == dt) {
+            ++last.times;
+            return;
+        }
+    }
+    delayedEffects.push_back({trigger.typeInfo->effect, &trigger, dt, trigger.delay, 1});
+}
+
+void CollectCandidates(float dt) {
+    candidates.clear();
+    const ViewSquare square = ViewSquare::Around(ActiveHalfSize());
+    for (Trigger& trigger : triggers) {
+        if (trigger.IsSpent() ||
+            !square.Overlaps(trigger.minX, trigger.maxX, trigger.minY, trigger.maxY)) {
+            continue;
+        }
+        if (trigger.cooldown > 0.0f) {
+            trigger.cooldown -= dt;
+            continue;
+        }
+        const float reach = trigger.boxReach;
+        candidates.push_back({trigger.minX - reach, trigger.maxX + reach, trigger.minY - reach,
+                              trigger.maxY + reach, &trigger});
+    }
+}
+
+void Fire(Trigger& trigger, void* object, unsigned kind, float dt) {
+    ++trigger.fireCount;
+    trigger.cooldown = trigger.typeInfo->repeatDelay;
+    if (trigger.delay > 0.0f) {
+        Delay(trigger, dt);
+    } else {
+        trigger.typeInfo->effect(trigger, object, kind, dt);
+    }
+}
+
+void Test(Vector2 position, void* object, unsigned kind, float dt) {
+    for (const Candidate& candidate : candidates) {
+        if (position.x < candidate.minX || position.x > candidate.maxX ||
+            position.y < candidate.minY || position.y > candidate.maxY) {
+            continue;
+        }
+        Trigger& trigger = *candidate.trigger;
+        if (!trigger.IsSpent() && trigger.Contains(position)) {
+            Fire(trigger, object, kind, dt);
+        }
+    }
+}
+
+void PrintTypes() {
+    Console::PrintBanner("Trigger types");
+    for (const TriggerType& type : TriggerTypes::All()) {
+        Console::Print("\nTrigger id: ");
+        Console::PrintInt(type.number);
+        Console::Print("\t\tTrigger name:   ");
+        Console::Print(type.name);
+    }
+}
+
+void PrintUsage() {
+    Console::Print(
+        "\nUSAGE: TriggerCreate "
+        "< id : integer > "
+        "< target id : integer > "
+        "< x : number > "
+        "< y : number > "
+        "< w : number > "
+        "< h : number > ");
+}
+
+void CreateFromText(std::string text) {
+    const std::vector<std::string> words = SplitWords(text);
+    bool valid = words.size() == 6 && IsInteger(words[0]) && IsInteger(words[1]);
+    for (std::size_t i = 2; valid && i < words.size(); ++i) {
+        valid = IsNumber(words[i]);
+    }
+    if (!valid) {
+        PrintUsage();
+        return;
+    }
+    const Vector2 at{ToNumber(words[2]), ToNumber(words[3])};
+    const Vector2 width{ToNumber(words[4]), 0.0f};
+    const Vector2 height{0.0f, ToNumber(words[5])};
+    Add(ToInteger(words[0]), static_cast<std::uint32_t>(ToInteger(words[1])), 0.0f, at, at + width,
+        at + width + height, at + height);
+}
+
+}  // namespace
+
+void Initialise() {
+    Shutdown();
+    Console::Print("\nInitialising down trigger manager..");
+    triggerDraw = false;
+    Console::AddCommand("TriggerTypeList", PrintTypes);
+    Console::AddCommand("TriggerCreate", CreateFromText);
+    Console::AddCommand("TriggerDraw", [](bool value, bool isSet) {
+        if (isSet) {
+            triggerDraw = value;
+        }
+        return triggerDraw;
+    });
+    Console::AddCommand("TriggerCount", [] { return static_cast<int>(triggers.size()); });
+}
+
+void Shutdown() {
+    Console::Print("\nShutting down trigger manager..");
+    Console::RemoveCommand("TriggerTypeList");
+    Console::RemoveCommand("TriggerCreate");
+    Console::RemoveCommand("TriggerDraw");
+    Console::RemoveCommand("TriggerCount");
+    triggers.clear();
+    delayedEffects.clear();
+    candidates.clear();
+    objectIndex.Clear();
+    animatedObjectIndex.Clear();
+    forceIndex.Clear();
+    polygonIndex.Clear();
+    moverIndex.Clear();
+    emitterIndex.Clear();
+}
+
+void Add(int type, std::uint32_t targetId, float delay, Vector2 corner0, Vector2 corner1,
+         Vector2 corner2, Vector2 corner3) {
+    Trigger& trigger = triggers.emplace_back();
+    trigger.SetCorners(corner0, corner1, corner2, corner3);
+    trigger.targetId = targetId;
+    trigger.type = type;
+    trigger.typeInfo = &TriggerTypes::Find(type);
+    trigger.delay = trigger.typeInfo->needsObject || !std::isfinite(delay) ? 0.0f : delay;
+    Bind(trigger);
+}
+
+void Reset() {
+    delayedEffects.clear();
+    for (Trigger& trigger : triggers) {
+        trigger.cooldown = 0.0f;
+        trigger.fireCount = 0;
+    }
+}
+
+void Step(float dt) {
+    RunDelayedEffects(dt);
+    CollectCandidates(dt);
+    if (candidates.empty()) {
+        return;
+    }
+    for (Particle& particle : ParticleManager::particles) {
+        Test(particle.position, &particle, 0, dt);
+    }
+    for (ParticleGroup& group : GroupedParticleMover::groups) {
+        Test(group.position, &group, 1, dt);
+    }
+}
+
+std::size_t DelayedCount() {
+    return delayedEffects.size();
+}
+
+float ActiveHalfSize() {
+    return 0.55f * std::max(Game::ViewWidth(), Game::ViewHeight());
+}
+
+}  // namespace TriggerManager

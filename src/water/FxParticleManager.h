@@ -1,0 +1,78 @@
+#pragma once
+// Sprite effects: sparks, drips, mist. An effect particle collides with nothing; it flies,
+// falls and fades. The manager owns the level's emitters and the particles they throw.
+// Particles point into their emitter's textures, so they go whenever emitters go. Pointers to
+// emitters stay valid until Shutdown.
+
+#include <cstdint>
+#include <list>
+#include <string>
+#include <vector>
+
+#include "engine/Vector2.h"
+#include "graphics/Texture.h"
+
+struct FxColour {
+    float r = 1.0f, g = 1.0f, b = 1.0f, a = 1.0f;
+};
+
+/// Where effect particles come from. Values 1 and 2 bound a random choice at a particle's birth.
+struct Emitter {
+    /// Normalises; (0, 0) gives a direction that is drawn once.
+    void SetDirection(float x, float y);
+    /// Takes over what a settings file names; other values stay.
+    void LoadSettings(const std::string& fileName);
+    /// Emits `burstSize` particles at once, running or not.
+    void Burst();
+
+    std::uint32_t id = 0;  ///< what triggers address; not unique
+    Vector2 position;
+    Vector2 direction{1.0f, 0.0f};  ///< unit
+    float frequency = 1.0f;         ///< seconds between two particles, at least 0.001
+    float timeSinceEmit = 0.0f;     ///< seconds
+    float spread = 0.0f;            ///< radians, width of the cone round `direction`
+    std::uint32_t burstSize = 16;   ///< at most 4096
+    std::uint8_t running = 1;
+    std::uint8_t useAlphaBlending = 1;  ///< otherwise additive
+    float velocity1 = 0.0f;             ///< units per second
+    float velocity2 = 0.0f;
+    float size1 = 0.0f;  ///< full width, world units
+    float size2 = 0.0f;
+    float liveTime1 = 1.0f;  ///< seconds, at least 0.0001
+    float liveTime2 = 1.0f;
+    FxColour color1;
+    FxColour color2;
+    float gravity1 = 0.0f;  ///< factor
+    float gravity2 = 0.0f;
+    std::vector<Texture> textures;  ///< a particle picks one; none: nothing is emitted
+};
+
+struct FxParticle {
+    std::uint8_t useAlphaBlending = 1;
+    Vector2 position;
+    Vector2 velocity;  ///< units per second
+    FxColour color;
+    float size = 0.0f;                 ///< full width, world units
+    float liveTime = 1.0f;             ///< seconds in all
+    float timeLeft = 1.0f;             ///< seconds
+    float gravity = 0.0f;              ///< factor
+    const Texture* texture = nullptr;  ///< an entry of the emitter's `textures`
+};
+
+namespace FxParticleManager {
+
+extern std::list<Emitter> emitters;
+extern std::list<FxParticle> particles;
+
+void Initialise();
+void Shutdown();
+/// Appends a copy.
+void Add(const Emitter& emitter);
+void AddParticle(const FxParticle& particle);
+/// Level restart: emitters stay.
+void ClearParticles();
+void Step(float dt);
+/// All particles (FxParticleManagerDraw.cpp).
+void Draw();
+
+}  // namespace FxParticleManager
