@@ -1,0 +1,281 @@
+// The collision query: equal to its plain form, one-sided edges, contacts and their averages,
+// and no way through any kind of shape.
+
+#include "level/Collision.h"
+
+#include <gtest/gtest.h>
+
+#include "level/BspTree.h"
+#include "level/BspWorlds.h"
+
+namespace {
+
+using Polygons = std::list<LevelPolygon>;
+
+/// The query in its plainest form: recursion over the whole tree and lists with two ends.
+class PlainQuery {
+public:
+    bool Run(Vector2& at, float r, const std::vector<BspSegment*>& moving) {
+        for (const BspSegment* s : moving) {
+            const float d = Dot(at - s->start, s->normal);
+            if (-r <= d && d <= r) {
+                Test(*s, at, r);
+            }
+        }
+        Gather(BspTree::Root(), at, r);
+        bool more = true;
+        for (int pair = 0; pair < 3 && more; ++pair) {
+            more = Points(at, r);
+            more = Edges(at, r) || more;
+        }
+        if (count > 0) {
+            normal *= 1.0f / static_cast<float>(count);
+            friction *= 1.0f / static_cast<float>(count);
+        } else {
+            friction = 1.0f;
+        }
+        return count > 0;
+    }
+
+    Vector2 normal;
+    float friction = 0.0f;
+
+private:
+    unsigned count = 0;
+    std::list<std::pair<Vector2, float>> points;
+    std::list<const BspSegment*> edges;
+
+    void Test(const BspSegment& s, Vector2 at, float r) {
+        const float t = Dot(at - s.start, s.direction);
+        if (t >= 0.0f && t <= s.length) {
+            edges.push_front(&s);
+            points.push_front({s.start + s.direction * t, s.friction});
+        } else if (t >= -r && t <= s.length + r) {
+            points.push_front({s.start + s.direction * (t < 0.0f ? 0.0f : s.length), s.friction});
+        }
+    }
+
+    void Gather(const BspSegment* s, Vector2 at, float r) {
+        if (!s) {
+            return;
+        }
+        const float d = Dot(at - s->start, s->normal);
+        if (d >= r) {
+            Gather(s->frontChild, at, r);
+        } else if (d < -r) {
+            Gather(s->backChild, at, r);
+        } else {
+            if (s->active) {
+                Test(*s, at, r);
+            }
+            Gather(s->backChild, at, r);
+            Gather(s->frontChild, at, r);
+        }
+    }
+
+    void Touch(Vector2 v, float f) {
+        normal += v;
+        friction += f;
+        ++count;
+    }
+
+    bool Points(Vector2& at, float r) {
+        const unsigned before = count;
+        for (const auto& [point, f] : points) {
+            const Vector2 v = point - at;
+            const float dist = Length(v);
+            if (dist < r && dist > 0.0f) {
+                at -= v / dist * (r - dist);
+                Touch(v / dist, f);
+            }
+        }
+        return count > before;
+    }
+
+    bool Edges(Vector2& at, float r) {
+        const unsigned before = count;
+        for (const BspSegment* s : edges) {
+            const float d = Dot(at - s->start, s->normal);
+            if (d >= -r) {
+                at -= s->normal * (r + d);
+                Touch(s->normal, s->friction);
+            }
+        }
+        return count > before;
+    }
+};
+
+void ExpectPlainAnswers(BspWorlds::Dice& dice, float low, float high,
+                        const std::vector<BspSegment*>& moving) {
+    for (int i = 0; i < 4000; ++i) {
+        const Vector2 at{dice.Within(low, high), dice.Within(low, high)};
+        const float radius = dice.Below(8) == 0 ? dice.Within(0.0f, 30.0f) : 2.0f;
+        PlainQuery plain;
+        Vector2 expected = at;
+        const bool expectedHit = plain.Run(expected, radius, moving);
+        Vector2 position = at;
+        ASSERT_EQ(Collision::CollideCircle(position, radius), expectedHit);
+        ASSERT_EQ(position, expected) << at.x << " " << at.y << " " << radius;
+        ASSERT_EQ(Collision::ContactNormal(), plain.normal);
+        ASSERT_EQ(Collision::ContactFriction(), plain.friction);
+    }
+}
+
+/// Whether the point lies in the polygon, by counting the sides to its right.
+bool IsInside(const LevelPolygon& polygon, Vector2 point) {
+    bool inside = false;
+    for (std::size_t i = 0, j = polygon.PointCount() - 1; i < polygon.PointCount(); j = i++) {
+        const Vector2 a = polygon.Point(i);
+        const Vector2 b = polygon.Point(j);
+        if ((a.y > point.y) != (b.y > point.y) &&
+            point.x < (b.x - a.x) * (point.y - a.y) / (b.y - a.y) + a.x) {
+            inside = !inside;
+        }
+    }
+    return inside;
+}
+
+class CollisionTest : public testing::Test {
+protected:
+    void TearDown() override {
+        Collision::UseMovingSegments(nullptr);
+        BspTree::Destroy();
+    }
+
+    /// A query against the built level from `at`; `position` holds where it ends.
+    bool Collide(Vector2 at, float radius = 2.0f) {
+        position = at;
+        return Collision::CollideCircle(position, radius);
+    }
+
+    Vector2 position;
+};
+
+TEST_F(CollisionTest, EqualsItsPlainFormOnRandomWorlds) {
+    for (std::uint32_t seed = 0; seed < 12; ++seed) {
+        SCOPED_TRACE(seed);
+        for (Polygons polygons : {BspWorlds::Tiles(seed, 8), BspWorlds::Boxes(seed, 30),
+                                  BspWorlds::Stars(seed, 40), BspWorlds::Skyline(seed, 20)}) {
+            BspWorlds::MixFlags(seed, polygons);
+            BspTree::Build(polygons);
+            std::vector<BspSegment*> nodes;
+            BspTree::CollectNodes(nodes);
+            BspWorlds::Dice dice(seed);
+            std::vector<BspSegment> moved;
+            for (BspSegment* node : nodes) {
+                node->active = dice.Below(10) != 0;
+                moved.push_back(*node);
+                moved.back().SetEnds(node->start + Vector2{7.0f, 3.0f},
+                                     node->end + Vector2{7.0f, 3.0f});
+            }
+            std::vector<BspSegment*> moving;
+            for (BspSegment& segment : moved) {
+                moving.push_back(&segment);
+            }
+            ASSERT_NO_FATAL_FAILURE(ExpectPlainAnswers(dice, -40.0f, 600.0f, {}));
+            Collision::UseMovingSegments(&moving);
+            ASSERT_NO_FATAL_FAILURE(ExpectPlainAnswers(dice, -40.0f, 300.0f, moving));
+            Collision::UseMovingSegments(nullptr);
+        }
+    }
+}
+
+TEST_F(CollisionTest, AnswersWithoutALevelAndFarOutsideOfOne) {
+    EXPECT_FALSE(Collide({5.0f, 5.0f}));
+    EXPECT_EQ(Collision::ContactNormal(), Vector2{});
+    EXPECT_EQ(Collision::ContactFriction(), 1.0f);
+    Polygons box{BspWorlds::Rectangle(0, 0, 100, 10)};
+    BspTree::Build(box);
+    for (const float far : {1e4f, -1e9f, 3e38f, INFINITY, NAN}) {
+        EXPECT_FALSE(Collide({far, 5.0f}));
+        EXPECT_FALSE(Collide({5.0f, far}));
+        EXPECT_FALSE(Collide({far, far}, 50.0f));
+    }
+}
+
+TEST_F(CollisionTest, PushesCirclesOutOnTheFreeSide) {
+    Polygons floor{BspWorlds::Rectangle(0, 0, 100, 10)};
+    floor.front().friction = 0.25f;
+    BspTree::Build(floor);
+    // Deep or shallow, the circle ends exactly a radius above the floor.
+    for (const float y : {-1.5f, 0.0f, 1.75f}) {
+        EXPECT_TRUE(Collide({50.0f, y}));
+        EXPECT_EQ(position, (Vector2{50.0f, -2.0f}));
+        EXPECT_EQ(Collision::ContactFriction(), 0.25f);
+    }
+    // At rest it keeps its contact and its place.
+    EXPECT_TRUE(Collide({50.0f, -2.0f}));
+    EXPECT_EQ(position, (Vector2{50.0f, -2.0f}));
+    EXPECT_EQ(Collision::ContactNormal(), (Vector2{0.0f, 1.0f}));
+    // A radius inside it is out of the floor's band, just above it isn't in it yet.
+    EXPECT_FALSE(Collide({50.0f, 2.0f}));
+    EXPECT_FALSE(Collide({50.0f, -2.001f}));
+    // Round a corner it is pushed away from the corner alone.
+    EXPECT_TRUE(Collide({-0.5f, -0.5f}));
+    EXPECT_NEAR(Length(position), 2.0f, 1e-5f);
+    EXPECT_FLOAT_EQ(position.x, position.y);
+}
+
+TEST_F(CollisionTest, AveragesTheContactsOfACorner) {
+    Polygons corner{BspWorlds::Rectangle(0, 0, 100, 10), BspWorlds::Rectangle(-10, -50, 0, 10)};
+    corner.front().friction = 0.5f;
+    corner.back().friction = 1.0f;
+    BspTree::Build(corner);
+    EXPECT_TRUE(Collide({1.5f, -1.5f}));
+    EXPECT_GE(position.x, 2.0f);
+    EXPECT_LE(position.y, -2.0f);
+    const Vector2 normal = Collision::ContactNormal();
+    EXPECT_LT(Length(normal), 1.0f);
+    EXPECT_LT(normal.x, 0.0f);
+    EXPECT_GT(normal.y, 0.0f);
+    EXPECT_GT(Collision::ContactFriction(), 0.5f);
+    EXPECT_LT(Collision::ContactFriction(), 1.0f);
+}
+
+TEST_F(CollisionTest, TakesMovingSegmentsBesideTheLevel) {
+    Polygons floor{BspWorlds::Rectangle(0, 0, 100, 10)};
+    BspTree::Build(floor);
+    BspSegment platform;
+    platform.SetEnds({0.0f, -20.0f}, {100.0f, -20.0f});
+    platform.active = 0;  // which only counts in the tree
+    const std::vector<BspSegment*> moving{&platform};
+    Collision::UseMovingSegments(&moving);
+    // From both rims of the band, even from a full radius inside.
+    EXPECT_TRUE(Collide({50.0f, -18.0f}));
+    EXPECT_EQ(position, (Vector2{50.0f, -22.0f}));
+    EXPECT_TRUE(Collide({50.0f, -22.0f}));
+    Vector2 still{50.0f, -19.0f};
+    EXPECT_FALSE(Collision::CollideCircleStatic(still, 2.0f));
+    EXPECT_EQ(still, (Vector2{50.0f, -19.0f}));
+}
+
+TEST_F(CollisionTest, LetsNoCircleIntoAnySolid) {
+    // Every kind of shape: convex, concave, spikes, a thin wall, tiles and overlaps.
+    Polygons polygons = BspWorlds::Stars(5, 30);
+    polygons.splice(polygons.end(), BspWorlds::Boxes(6, 10));
+    polygons.push_back(BspWorlds::Rectangle(-50, 500, 900, 505));
+    polygons.push_back(BspWorlds::Outline({{-20, 300}, {0, 200}, {20, 300}}));
+    BspTree::Build(polygons);
+    BspWorlds::Dice dice(9);
+    int leaks = 0;
+    for (int drop = 0; drop < 400; ++drop) {
+        Vector2 at{dice.Within(-50.0f, 800.0f), -50.0f};
+        Vector2 velocity;
+        for (int step = 0; step < 600; ++step) {
+            velocity += Vector2{dice.Within(-0.3f, 0.3f), 0.1f};
+            if (Length(velocity) > 1.7f) {
+                velocity *= 1.7f / Length(velocity);
+            }
+            at += velocity;
+            if (Collision::CollideCircle(at, 2.0f)) {
+                const Vector2 normal = Collision::ContactNormal();
+                velocity -= normal * std::max(0.0f, Dot(velocity, normal));
+            }
+            leaks += std::any_of(polygons.begin(), polygons.end(),
+                                 [at](const LevelPolygon& p) { return IsInside(p, at); });
+        }
+    }
+    EXPECT_EQ(leaks, 0);
+}
+
+}  // namespace
