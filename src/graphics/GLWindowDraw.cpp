@@ -68,9 +68,8 @@ void Vertex(Vector2 at) {
 
 State::State() {
     glPushAttrib(GL_ENABLE_BIT | GL_CURRENT_BIT | GL_LINE_BIT | GL_POINT_BIT | GL_COLOR_BUFFER_BIT);
-    for (const GLenum feature :
-         {GL_TEXTURE_2D, GL_LIGHTING, GL_CULL_FACE, GL_BLEND, GL_DEPTH_TEST}) {
-        glDisable(feature);
+    for (const int feature : {GL_TEXTURE_2D, GL_LIGHTING, GL_CULL_FACE, GL_BLEND, GL_DEPTH_TEST}) {
+        glDisable(static_cast<GLenum>(feature));
     }
 }
 

@@ -1,43 +1,48 @@
 #pragma once
-// A directory for one test, which is the working directory while it lives and is gone
-// afterwards.
+// A directory that lasts as long as the object, for tests with real files.
 
-#include <stdlib.h>
-
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <string>
 #include <string_view>
 
 class TemporaryDirectory {
 public:
     TemporaryDirectory() {
-        std::string name = (std::filesystem::temp_directory_path() / "vantrel-XXXXXX").string();
-        path = mkdtemp(name.data());
-        std::filesystem::current_path(path);
+        std::string name =
+            (std::filesystem::temp_directory_path() / "vantrel-test-XXXXXX").string();
+        path = mkdtemp(name.data()) != nullptr ? name : std::string();
     }
     ~TemporaryDirectory() {
-        std::filesystem::current_path(before);
-        std::filesystem::remove_all(path);
+        std::error_code ignored;
+        std::filesystem::remove_all(path, ignored);
     }
     TemporaryDirectory(const TemporaryDirectory&) = delete;
     TemporaryDirectory& operator=(const TemporaryDirectory&) = delete;
 
-    const std::filesystem::path& Path() const { return path; }
+    /// Writes a file, and makes the directories on its way.
+    std::filesystem::path Write(std::string_view name, std::string_view text) const {
+        const std::filesystem::path file = path / name;
+        std::filesystem::create_directories(file.parent_path());
+        std::ofstream(file, std::ios::binary) << text;
+        return file;
+    }
 
-    /// Writes a file below the directory, with the directories that it needs.
-    void Write(const std::filesystem::path& name, std::string_view text) const {
-        std::filesystem::create_directories((path / name).parent_path());
-        std::ofstream(path / name, std::ios::binary) << text;
+    std::filesystem::path path;
+};
+
+/// Makes a directory the working directory for as long as the object lives.
+class WorkingDirectoryGuard {
+public:
+    explicit WorkingDirectoryGuard(const std::filesystem::path& path)
+        : before(std::filesystem::current_path()) {
+        std::filesystem::current_path(path);
     }
-    /// The file's text; empty if there is none.
-    std::string Read(const std::filesystem::path& name) const {
-        std::ifstream file(path / name, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
+    ~WorkingDirectoryGuard() { std::filesystem::current_path(before); }
+    WorkingDirectoryGuard(const WorkingDirectoryGuard&) = delete;
+    WorkingDirectoryGuard& operator=(const WorkingDirectoryGuard&) = delete;
 
 private:
-    std::filesystem::path before = std::filesystem::current_path();
-    std::filesystem::path path;
+    std::filesystem::path before;
 };
