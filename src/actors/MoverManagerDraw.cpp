@@ -1,0 +1,64 @@
+// Debug views of the movers' paths and of the edges they carry.
+
+#include <cstdio>
+
+#include "actors/DebugLabels.h"
+#include "actors/MoverManager.h"
+#include "graphics/GLWindowDraw.h"
+#include "level/LevelPolygon.h"
+
+namespace MoverManager {
+
+namespace {
+
+DebugLabels labels;
+
+constexpr DebugDraw::Colour white{1.0f, 1.0f, 1.0f};
+constexpr DebugDraw::Colour green{0.0f, 1.0f, 0.0f};
+constexpr DebugDraw::Colour red{1.0f, 0.0f, 0.0f};
+
+void DrawMovers() {
+    for (const Mover& mover : movers) {
+        DebugDraw::Line(mover.start, mover.end, white);
+        DebugDraw::Point(mover.start, green, 3.0f);
+        DebugDraw::Point(mover.end, green, 3.0f);
+        char text[64];
+        std::snprintf(text, sizeof text, "Id: %1i Speed: %2f ", static_cast<int>(mover.id),
+                      static_cast<double>(mover.speed));
+        labels.Add(mover.start + Vector2{4.0f, 4.0f}, text);
+    }
+    labels.Draw();
+}
+
+void DrawCollider(const MoverCollider& collider) {
+    const DebugDraw::Colour colour = collider.polygon->solid ? green : red;
+    const Vector2 offset = collider.polygon->offset;
+    for (const BspSegment& edge : collider.edges) {
+        const Vector2 start = edge.start + offset;
+        const Vector2 end = edge.end + offset;
+        const Vector2 middle = (start + end) * 0.5f;
+        DebugDraw::Line(start, end, colour);
+        DebugDraw::Line(middle, middle + edge.normal * 8.0f, colour);
+        DebugDraw::Point(start, colour, 2.0f);
+        DebugDraw::Point(end, colour, 2.0f);
+    }
+}
+
+}  // namespace
+
+void Draw() {
+    if (!moverDraw && !dynamicNodeDraw) {
+        return;
+    }
+    const DebugDraw::State state;
+    if (dynamicNodeDraw) {
+        for (const MoverCollider& collider : colliders) {
+            DrawCollider(collider);
+        }
+    }
+    if (moverDraw) {
+        DrawMovers();
+    }
+}
+
+}  // namespace MoverManager
