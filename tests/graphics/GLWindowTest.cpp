@@ -1,0 +1,361 @@
+#include "graphics/GLWindow.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/HeadlessWindow.h"
+
+namespace {
+
+using Platform::DisplayMode;
+using Platform::EventKind;
+
+/// Writes down what it hears.
+class Recorder : public GLWindowEventListener {
+public:
+    void OnMouseMove(int x, int y) override { Add("move", x, y); }
+    void OnMouseDown(int x, int y, int button) override { Add("down" + Text(button), x, y); }
+    void OnMouseUp(int x, int y, int button) override { Add("up" + Text(button), x, y); }
+    void OnKeyDown(int key) override { heard.push_back("key " + Text(key)); }
+    void OnKeyUp(int key) override { heard.push_back("keyUp " + Text(key)); }
+    void OnResize() override { heard.emplace_back("resize"); }
+    void OnClose() override { heard.emplace_back("close"); }
+    void OnDestroy() override { heard.emplace_back("destroy"); }
+    void OnPaint() override {
+        heard.emplace_back("paint");
+        GLWindow::RequestRepaint();
+    }
+    void OnFocusLost() override { heard.emplace_back("focusLost"); }
+
+    /// What was heard since the last call.
+    std::vector<std::string> Take() { return std::exchange(heard, {}); }
+
+private:
+    static std::string Text(int number) { return std::to_string(number); }
+    void Add(const std::string& what, int x, int y) {
+        heard.push_back(what + " " + Text(x) + " " + Text(y));
+    }
+    std::vector<std::string> heard;
+};
+
+using Heard = std::vector<std::string>;
+
+class GLWindowTest : public testing::Test {
+protected:
+    GLWindowTest() {
+        Platform::UseWindow(&window);
+        GLWindow::Create("Game", 800, 600);
+        GLWindow::PumpMessages();
+        GLWindow::SetListener(&recorder);
+    }
+    ~GLWindowTest() override {
+        GLWindow::SetListener(nullptr);
+        GLWindow::Close();
+        Platform::UseWindow(nullptr);
+    }
+    int BestRate(const std::vector<int>& rates) {
+        std::vector<DisplayMode> modes{{640, 480, 60}};
+        for (const int rate : rates) {
+            modes.push_back({800, 600, rate});
+        }
+        window.SetDisplayModes(modes);
+        DisplayMode best;
+        EXPECT_TRUE(GLWindow::FindDisplayMode(800, 600, best));
+        return best.refreshRate;
+    }
+
+    Platform::HeadlessWindow window;
+    Recorder recorder;
+};
+
+TEST_F(GLWindowTest, OpensCentredWithTheSizeAskedForTheClientArea) {
+    EXPECT_EQ(GLWindow::GetTitle(), "Game");
+    EXPECT_EQ(window.Title(), "Game");
+    EXPECT_EQ(GLWindow::ClientWidth(), 800);
+    EXPECT_EQ(window.ViewportHeight(), 600);
+    EXPECT_EQ(GLWindow::WindowLeft(), 1280 / 2 - window.OuterWidth() / 2);
+    GLWindow::Create("Another", 640, 480);
+    EXPECT_EQ(window.CreateCount(), 1);
+    EXPECT_EQ(GLWindow::GetTitle(), "Game");
+}
+
+TEST_F(GLWindowTest, CallsTheListenerForEachEvent) {
+    window.SetCursorPosition(window.ClientLeft() + 3, window.ClientTop() + 4);
+    window.SetButton(4, true);
+    window.SetButton(4, false);
+    window.SetKey('A', true);
+    window.SetKey('A', false);
+    GLWindow::RequestRepaint();
+    GLWindow::PumpMessages();
+    EXPECT_EQ(recorder.Take(),
+              (Heard{"move 3 4", "down4 3 4", "up4 3 4", "key 65", "keyUp 65", "paint"}));
+    EXPECT_EQ(GLWindow::TakeLastKey(), 'A');
+    EXPECT_EQ(GLWindow::TakeLastKey(), 0);
+    GLWindow::PumpMessages();
+    EXPECT_EQ(recorder.Take(), Heard{"paint"}) << "asked for within the paint before";
+}
+
+TEST_F(GLWindowTest, KeepsItsStateWithoutAListener) {
+    GLWindow::SetListener(nullptr);
+    window.QueueEvent({.kind = EventKind::MouseMove, .x = 9, .y = -1});
+    window.SetKey('B', true);
+    GLWindow::PumpMessages();
+    EXPECT_EQ(GLWindow::MouseX(), 9);
+    EXPECT_EQ(GLWindow::MouseY(), 65535);
+    EXPECT_EQ(GLWindow::TakeLastKey(), 'B');
+    window.QueueEvent({.kind = EventKind::Close});
+    GLWindow::PumpMessages();
+    EXPECT_FALSE(GLWindow::IsOpen());
+}
+
+TEST_F(GLWindowTest, ClosesAlsoWhenTheListenerDoesNot) {
+    window.SetKey('A', true);
+    window.QueueEvent({.kind = EventKind::Close});
+    window.SetKey('B', true);
+    GLWindow::PumpMessages();
+    EXPECT_EQ(recorder.Take(), (Heard{"key 65", "close", "destroy"}));
+    EXPECT_FALSE(GLWindow::IsOpen());
+    EXPECT_EQ(GLWindow::GetListener(), nullptr);
+}
+
+TEST_F(GLWindowTest, MinimisesOncePerLossOfTheForeground) {
+    window.SetForeground(false);
+    for (int i = 0; i < 3; ++i) {
+        GLWindow::PumpMessages();
+    }
+    EXPECT_EQ(recorder.Take(), Heard{"focusLost"});
+    EXPECT_EQ(window.MinimiseCount(), 1);
+
+    // Back, but the keyboard comes a little later than the picture.
+    window.SetMinimised(false);
+    GLWindow::PumpMessages();
+    EXPECT_EQ(window.MinimiseCount(), 1);
+    window.SetForeground(true);
+    GLWindow::PumpMessages();
+    window.SetForeground(false);
+    GLWindow::PumpMessages();
+    EXPECT_EQ(recorder.Take(), Heard{"focusLost"});
+    EXPECT_EQ(window.MinimiseCount(), 2);
+}
+
+TEST_F(GLWindowTest, DoesNotInsistWhereNothingCanBeMinimised) {
+    window.SetCanMinimise(false);
+    window.SetForeground(false);
+    for (int i = 0; i < 5; ++i) {
+        GLWindow::PumpMessages();
+    }
+    EXPECT_EQ(window.MinimiseCount(), 1);
+    EXPECT_EQ(recorder.Take(), Heard{"focusLost"});
+}
+
+TEST_F(GLWindowTest, LeavesAWindowAloneThatTheUserMinimised) {
+    window.SetMinimised(true);
+    window.SetForeground(false);
+    GLWindow::PumpMessages();
+    window.SetMinimised(false);
+    GLWindow::PumpMessages();
+    EXPECT_EQ(window.MinimiseCount(), 0);
+    EXPECT_TRUE(recorder.Take().empty());
+}
+
+TEST_F(GLWindowTest, WalksTowardsSixtyHertz) {
+    EXPECT_EQ(BestRate({60, 75, 85}), 60);
+    EXPECT_EQ(BestRate({85, 75, 60}), 60);
+    EXPECT_EQ(BestRate({75, 60, 85}), 60);
+    EXPECT_EQ(BestRate({50, 56}), 56);
+    EXPECT_EQ(BestRate({72, 85}), 72);
+    EXPECT_EQ(BestRate({50, 85}), 85) << "from below it takes any higher rate";
+    EXPECT_FALSE(GLWindow::HasDisplayMode(801, 600));
+}
+
+TEST_F(GLWindowTest, GoesFullscreenOnlyInAModeThatThereIs) {
+    GLWindow::SetFullscreen(true, 801, 600);
+    EXPECT_FALSE(GLWindow::IsFullscreen());
+    GLWindow::SetCursorKind(0);
+    GLWindow::SetFullscreen(true, 1280, 1024);
+    EXPECT_TRUE(GLWindow::IsFullscreen());
+    EXPECT_EQ(window.ViewportWidth(), 1280);
+    EXPECT_EQ(window.CursorShown(), Platform::Cursor::Arrow);
+    EXPECT_EQ(GLWindow::GetCursorKind(), 0);
+    GLWindow::SetFullscreen(false, 640, 480);
+    EXPECT_FALSE(GLWindow::IsFullscreen());
+    EXPECT_EQ(GLWindow::ClientWidth(), 640);
+    EXPECT_EQ(GLWindow::WindowTop(), 1024 / 2 - window.OuterHeight() / 2);
+}
+
+TEST_F(GLWindowTest, GivesTheDisplayModeBackWhenClosed) {
+    GLWindow::SetFullscreen(true, 800, 600);
+    EXPECT_EQ(window.ModeInForce().width, 800);
+    GLWindow::Close();
+    EXPECT_EQ(window.ModeInForce().width, 1280);
+    EXPECT_FALSE(GLWindow::IsFullscreen());
+}
+
+TEST_F(GLWindowTest, IgnoresSizesAndCursorsThatAreNone) {
+    GLWindow::SetClientSize(0, 600);
+    GLWindow::SetOuterSize(800, 0);
+    EXPECT_EQ(GLWindow::ClientWidth(), 800);
+    EXPECT_EQ(GLWindow::ClientHeight(), 600);
+    GLWindow::SetCursorKind(3);
+    GLWindow::SetCursorKind(-1);
+    EXPECT_EQ(GLWindow::GetCursorKind(), 1);
+    GLWindow::SetGamma(2.5f);
+    EXPECT_TRUE(window.GammaRamp().empty());
+    GLWindow::SetGamma(1.5f);
+    EXPECT_EQ(window.GammaRamp()[100], 100 * 382);
+    EXPECT_EQ(window.GammaRamp()[255], 65535);
+}
+
+TEST_F(GLWindowTest, CountsTheCursorInWithItsEdges) {
+    const int left = window.ClientLeft();
+    const int middle = window.ClientTop() + 300;
+    const auto isIn = [&](int x) {
+        window.SetCursorPosition(x, middle);
+        return GLWindow::IsCursorInClient();
+    };
+    EXPECT_FALSE(isIn(left));
+    EXPECT_TRUE(isIn(left + 1));
+    EXPECT_TRUE(isIn(left + 801));
+    EXPECT_FALSE(isIn(left + 802));
+}
+
+TEST_F(GLWindowTest, ShowsTheArrowOutsideOfTheClientArea) {
+    const auto paintAt = [&](int x, int y) {
+        window.SetCursorPosition(x, y);
+        GLWindow::RequestRepaint();
+        GLWindow::PumpMessages();
+    };
+    paintAt(window.ClientLeft() + 10, window.ClientTop() + 10);
+    GLWindow::SetCursorKind(0);
+    paintAt(window.ClientLeft() + 20, window.ClientTop() + 10);
+    EXPECT_EQ(window.CursorShown(), Platform::Cursor::Empty);
+    paintAt(0, 0);
+    EXPECT_EQ(window.CursorShown(), Platform::Cursor::Arrow);
+    EXPECT_EQ(GLWindow::GetCursorKind(), 1);
+}
+
+TEST_F(GLWindowTest, ReadsAMouseAtRestAsTheCentre) {
+    for (const int size : {800, 801, 13, 1}) {
+        GLWindow::SetClientSize(size, size);
+        GLWindow::WarpCursorToCentre();
+        EXPECT_EQ(GLWindow::CursorScreenX(), GLWindow::ClientCentreScreenX()) << size;
+        EXPECT_EQ(GLWindow::CursorScreenY(), GLWindow::ClientCentreScreenY()) << size;
+    }
+    // With the centre off the screen the cursor can't get there.
+    GLWindow::SetClientSize(800, 600);
+    GLWindow::Move(-700, 0);
+    GLWindow::WarpCursorToCentre();
+    EXPECT_EQ(GLWindow::CursorScreenX(), GLWindow::ClientCentreScreenX());
+    GLWindow::WarpCursorBy(25, 0);
+    EXPECT_EQ(GLWindow::CursorScreenX() - GLWindow::ClientCentreScreenX(), 25);
+}
+
+/// Windows with samples, as drivers may offer them.
+class SampleTest : public GLWindowTest {
+protected:
+    SampleTest() {
+        GLWindow::SetTitle("Mine");
+        GLWindow::SetCursorKind(2);
+        GLWindow::SetClientSize(640, 480);
+        GLWindow::Move(50, 60);
+        recorder.Take();
+    }
+    /// Whether nothing but the context has changed.
+    void ExpectKept() {
+        EXPECT_EQ(window.Title(), "Mine");
+        EXPECT_EQ(window.CursorShown(), Platform::Cursor::Cross);
+        EXPECT_EQ(GLWindow::ClientWidth(), 640);
+        EXPECT_EQ(GLWindow::WindowLeft(), 50);
+        EXPECT_EQ(GLWindow::WindowTop(), 60);
+        EXPECT_EQ(GLWindow::GetListener(), &recorder);
+        for (const std::string& event : recorder.Take()) {
+            EXPECT_EQ(event, "resize");
+        }
+    }
+};
+
+TEST_F(SampleTest, RebuildsTheWindowAndKeepsTheRest) {
+    window.SetSampleLimits(4, 4);
+    EXPECT_TRUE(GLWindow::SetSamples(4));
+    EXPECT_EQ(GLWindow::Samples(), 4u);
+    EXPECT_EQ(window.CreateCount(), 2);
+    EXPECT_FALSE(GLWindow::IsResizable());
+    ExpectKept();
+    EXPECT_TRUE(GLWindow::SetSamples(0));
+    EXPECT_EQ(GLWindow::Samples(), 1u);
+    EXPECT_TRUE(GLWindow::IsResizable()) << "a plain window has a frame to pull at";
+    ExpectKept();
+}
+
+TEST_F(SampleTest, LeavesTheWindowAloneIfThereIsNothingToDo) {
+    EXPECT_TRUE(GLWindow::SetSamples(0));
+    EXPECT_TRUE(GLWindow::SetSamples(1));
+    EXPECT_FALSE(GLWindow::SetSamples(8)) << "not offered";
+    EXPECT_EQ(window.CreateCount(), 1);
+    GLWindow::Close();
+    EXPECT_FALSE(GLWindow::SetSamples(1));
+}
+
+TEST_F(SampleTest, FallsBackWhenTheContextHasFewerThanWereOffered) {
+    window.SetSampleLimits(8, 4);
+    EXPECT_FALSE(GLWindow::SetSamples(8));
+    EXPECT_EQ(GLWindow::Samples(), 1u);
+    ExpectKept();
+    EXPECT_TRUE(GLWindow::SetSamples(4));
+    EXPECT_FALSE(GLWindow::SetSamples(8));
+    EXPECT_EQ(GLWindow::Samples(), 4u) << "back to what it had";
+    ExpectKept();
+}
+
+TEST_F(SampleTest, StaysFullscreen) {
+    window.SetSampleLimits(4, 4);
+    GLWindow::SetFullscreen(true, 1280, 1024);
+    EXPECT_TRUE(GLWindow::SetSamples(2));
+    EXPECT_TRUE(GLWindow::IsFullscreen());
+    EXPECT_EQ(GLWindow::ClientWidth(), 1280);
+}
+
+TEST_F(GLWindowTest, FindsExtensionsAsWholeWords) {
+    window.SetExtensions("GL_ARB_one GL_EXT_swap_control_tear\nGL_ARB_two ");
+    EXPECT_TRUE(GLWindow::HasExtension("gl_arb_ONE"));
+    EXPECT_TRUE(GLWindow::HasExtension("GL_ARB_two"));
+    EXPECT_FALSE(GLWindow::HasExtension("GL_EXT_swap_control"));
+    EXPECT_FALSE(GLWindow::HasExtension(""));
+    std::vector<std::string> names;
+    GLWindow::ListExtensions(names);
+    EXPECT_EQ(names,
+              (std::vector<std::string>{"GL_ARB_one", "GL_EXT_swap_control_tear", "GL_ARB_two"}));
+    GLWindow::Close();
+    EXPECT_FALSE(GLWindow::HasExtension("GL_ARB_one"));
+}
+
+TEST_F(GLWindowTest, ReportsSwapControlAsOnWhereItCannotBeAsked) {
+    GLWindow::SetVsync(true);
+    EXPECT_TRUE(GLWindow::VsyncEnabled());
+    GLWindow::SetVsync(false);
+    EXPECT_FALSE(GLWindow::VsyncEnabled());
+    window.SetSwapControl(-1);
+    GLWindow::SetVsync(false);
+    EXPECT_TRUE(GLWindow::VsyncEnabled());
+}
+
+TEST(GLWindowDeathTest, EndsTheProgramWithOneClearMessage) {
+    const auto create = [](Platform::WindowError error) {
+        unsetenv("DISPLAY");
+        unsetenv("WAYLAND_DISPLAY");
+        Platform::HeadlessWindow window;
+        window.SetCreateError(error);
+        Platform::UseWindow(&window);
+        GLWindow::Create("Game", 800, 600);
+    };
+    EXPECT_EXIT(create(Platform::WindowError::NoDisplay), testing::ExitedWithCode(1),
+                "Unable to create window. There is no display.");
+    EXPECT_EXIT(create(Platform::WindowError::NoContext), testing::ExitedWithCode(1),
+                "Could not create an OpenGL rendering context.");
+}
+
+}  // namespace
