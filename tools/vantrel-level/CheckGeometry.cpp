@@ -86,7 +86,7 @@ void CheckOutline(const Shape& shape, std::size_t number, Problems& problems) {
 /// The outline in one form for all starts and directions.
 std::vector<std::pair<std::int32_t, std::int32_t>> Canonical(const Points& points) {
     std::vector<std::pair<std::int32_t, std::int32_t>> form;
-    for (const LevelFile::Point point : Outline::Tidy(points)) {
+    for (const LevelFile::Point point : Outline::Reduced(points)) {
         form.emplace_back(point.x, point.y);
     }
     std::ranges::rotate(form, std::ranges::min_element(form));

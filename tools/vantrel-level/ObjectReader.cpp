@@ -147,13 +147,17 @@ std::int64_t ObjectReader::Word(const char* name, std::span<const Names::Word> w
     if (text == nullptr) {
         return Integer(name, low, high, standard);
     }
-    Take(name);
-    const auto number = Names::NumberOf(words, *text);
-    if (!number) {
-        Fail(Quoted(name) + "is \"" + Names::ToText(*text) + "\", which is none of " +
-             Names::List(words));
+    if (const auto number = Names::NumberOf(words, *text)) {
+        Take(name);
+        return *number;
     }
-    return number.value_or(standard);
+    if (AsInteger(found->second)) {
+        return Integer(name, low, high, standard);
+    }
+    Take(name);
+    Fail(Quoted(name) + "is \"" + Names::ToText(*text) + "\", which is none of " +
+         Names::List(words));
+    return standard;
 }
 
 std::uint32_t ObjectReader::TriggerType() {

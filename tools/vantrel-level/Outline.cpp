@@ -5,6 +5,8 @@
 #include <limits>
 #include <unordered_set>
 
+#include "level/LevelPolygon.h"
+
 namespace Outline {
 
 namespace {
@@ -20,6 +22,19 @@ Wide Cross(Point a, Point b, Point c) {
 
 int Sign(Wide value) {
     return value > 0 ? 1 : (value < 0 ? -1 : 0);
+}
+
+/// How many starting points are tried before an outline is given up.
+constexpr std::size_t mostStarts = 100;
+
+LevelPolygon MakePolygon(const Points& points) {
+    std::vector<Vector2> corners;
+    for (const Point point : points) {
+        corners.push_back({static_cast<float>(point.x), static_cast<float>(point.y)});
+    }
+    LevelPolygon polygon;
+    polygon.AddPoints(corners);
+    return polygon;
 }
 
 Points WithoutRepeats(const Points& points) {
@@ -69,19 +84,37 @@ bool IsOnSegment(Point a, Point b, Point c) {
            c.y <= std::max(a.y, b.y) && Cross(a, b, c) == 0;
 }
 
-Points Tidy(const Points& points) {
-    Points tidy = WithoutRepeats(points);
-    while (tidy.size() >= 3) {
-        Points fewer = WithoutStraightPoints(tidy);
-        if (fewer.size() == tidy.size() || fewer.size() < 2) {
+Points Reduced(const Points& points) {
+    Points reduced = WithoutRepeats(points);
+    while (reduced.size() >= 3) {
+        Points fewer = WithoutStraightPoints(reduced);
+        if (fewer.size() == reduced.size() || fewer.size() < 2) {
             break;
         }
-        tidy = std::move(fewer);
+        reduced = std::move(fewer);
     }
-    if (Turn(tidy) < 0) {
-        std::reverse(tidy.begin() + 1, tidy.end());
+    if (Turn(reduced) < 0) {
+        std::reverse(reduced.begin() + 1, reduced.end());
     }
-    return tidy;
+    return reduced;
+}
+
+Points Tidy(const Points& points) {
+    Points tidy = Reduced(points);
+    // Needles and narrow spikes only work from some starting points, since the side from the
+    // last point to the first is treated apart.
+    const std::size_t tries = std::min<std::size_t>(tidy.size(), mostStarts);
+    for (std::size_t start = 0; start < tries; ++start) {
+        const LevelPolygon polygon = MakePolygon(tidy);
+        if (polygon.triangleCount > 0 && polygon.winding == 1) {
+            return tidy;
+        }
+        if (start == 0 && polygon.IsInvalid()) {
+            return tidy;
+        }
+        std::rotate(tidy.begin(), tidy.begin() + 1, tidy.end());
+    }
+    return Reduced(points);
 }
 
 bool Contains(std::span<const Point> outline, double x, double y) {

@@ -13,9 +13,12 @@ namespace Outline {
 using Point = LevelFile::Point;
 using Points = std::vector<Point>;
 
-/// The outline as the compiler writes it: no point twice, none on the straight line between
-/// its neighbours, and turning from +x towards +y, so that it triangulates at the first try.
-/// It starts with the first point that stays. Tidying twice changes nothing.
+/// The outline without points that stand there twice or on the straight line between their
+/// neighbours, turning from +x towards +y, and starting with the first point that stays.
+Points Reduced(const Points& points);
+
+/// The outline as the compiler writes it: reduced, and starting where it can be cut into
+/// triangles at the first try, if there is such a point. Tidying twice changes nothing.
 Points Tidy(const Points& points);
 
 /// Which side of the line from a to b the point c lies on: 1 towards the inside of tidy

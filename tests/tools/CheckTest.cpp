@@ -1,0 +1,188 @@
+// What `check` finds, and the exact forms that the other commands print.
+
+#include "ToolRun.h"
+
+namespace {
+
+class Check : public ToolTest {
+protected:
+    Check() {
+        // The water starts away from everything.
+        level.waterStart = {-500, -500};
+        for (const char* name : {"metal", "wood", "stone", "cloth", "sand"}) {
+            surfaces += std::string(name) + " 0.5\n";
+        }
+    }
+
+    /// The problem lines; the status must say whether one of them is an error.
+    std::string Problems() {
+        WriteLevel("a.swah", level);
+        const Outcome outcome = Run("check a.swah --data .");
+        const std::size_t counts = outcome.out.find("emitters ");
+        const std::string problems = outcome.out.substr(outcome.out.find('\n', counts) + 1);
+        EXPECT_EQ(outcome.error, "");
+        EXPECT_EQ(outcome.status, problems.find("error: ") == std::string::npos ? 0 : 1);
+        return problems;
+    }
+    void AddTrigger(std::uint32_t type, std::uint32_t target) {
+        level.triggers.push_back({target, type, 0.0f, {{0, 0}, {9, 0}, {9, 9}, {0, 9}}});
+    }
+
+    LevelFile level;
+    std::string surfaces;
+};
+
+TEST_F(Check, CountsAndAcceptsASoundLevel) {
+    level.polygons = {Box(0, 0, 10, 10), Box(10, 0, 20, 10), Box(0, 10, 20, 20)};
+    AddTrigger(801, 0);
+    EXPECT_EQ(Problems(), "");
+    EXPECT_EQ(Read("out.txt"),
+              "polygons 3\nobjects 0\nforces 0\nmovers 0\ntriggers 1\nsounds 0\nemitters 0\n");
+}
+
+TEST_F(Check, FindsPolygonsWithoutTriangles) {
+    level.polygons.resize(3);
+    level.polygons[1].points = {{0, 0}, {10, 10}, {10, 0}, {0, 5}};
+    level.polygons[2].points = {{0, 0}, {10, 0}, {10, 10}, {5, 0}};
+    EXPECT_EQ(Problems(),
+              "error: polygon 0: has no triangles: it has fewer than three points\n"
+              "error: polygon 1: has no triangles: its outline crosses itself\n"
+              "error: polygon 2: has no triangles: corner (5, 0) touches another side of its "
+              "outline\n");
+}
+
+TEST_F(Check, FindsOverlapsAndTwinsButNoTouching) {
+    level.polygons = {Box(0, 0, 10, 10), Box(10, 2, 20, 8), Box(8, 2, 9, 8), Box(0, 0, 10, 10)};
+    level.polygons[3].points = {{10, 10}, {10, 0}, {0, 0}, {0, 10}};
+    EXPECT_EQ(Problems(),
+              "warning: polygon 3: is identical to polygon 0\n"
+              "warning: polygon 0: overlaps polygon 2\n"
+              "warning: polygon 2: overlaps polygon 3\n");
+    // Moved and switched solids may stand inside others.
+    level.polygons[2].id = level.polygons[3].id = 5;
+    level.polygons[3].flags = 3;
+    level.movers = {{5, 1.0f, {0, 0}, {9, 9}}};
+    EXPECT_EQ(Problems(), "");
+}
+
+TEST_F(Check, FindsEdgesInLineThatDiffer) {
+    level.polygons = {Box(10, 0, 20, 10), Box(0, 0, 10, 10)};
+    level.polygons[0].surface = 2;
+    EXPECT_EQ(Problems(),
+              "warning: polygon 1: an edge runs on in line as one of polygon 0 at (10, 0) and "
+              "takes on its surface\n");
+    // A cutting polygon takes the solid's upper and lower edges with it.
+    level.polygons = {Box(10, 0, 20, 10, 3), Box(0, 0, 10, 10)};
+    EXPECT_NE(Problems().find("a cutting and a solid edge in line become one"), std::string::npos)
+        << Read("out.txt");
+}
+
+TEST_F(Check, FindsDeadTargetsAndTriggersWithoutArea) {
+    level.polygons = {Box(0, 0, 10, 10)};
+    level.polygons[0].id = 7;
+    AddTrigger(401, 7);
+    AddTrigger(300, 0);
+    AddTrigger(300, 8);
+    AddTrigger(100, 0);
+    AddTrigger(777, 0);
+    AddTrigger(801, 9);
+    level.triggers.push_back({0, 801, 0.0f, {{0, 0}, {5, 5}, {9, 9}, {5, 5}}});
+    EXPECT_EQ(Problems(),
+              "error: trigger 0: no mover bears its target id 7\n"
+              "warning: trigger 1: has target id 0: it acts on nothing, but takes all polygons of "
+              "id 0 out of the edge cleaning\n"
+              "error: trigger 2: no polygon or object or force bears its target id 8\n"
+              "error: trigger 3: no sound bears its target id 0\n"
+              "warning: trigger 4: has the unknown type 777 and does nothing\n"
+              "warning: trigger 5: nothing bears its target id 9, nor does its type need one\n"
+              "warning: trigger 6: has no area\n");
+}
+
+TEST_F(Check, FindsMissingFiles) {
+    Write("img/there.png", "x");
+    Write("img/anim_frame1.png", "x");
+    Write("cfg/spray.cfg", "texture1 img\\gone.png\n");
+    level.polygons = {Box(0, 0, 10, 10), Box(20, 0, 30, 10)};
+    level.polygons[0].texture = "IMG\\There.png";
+    level.polygons[1].texture = "..\\img\\there.png";
+    level.objects = {{0, "img\\anim_FRAME1.png", 0, {}, 0}, {0, "img\\other_FRAME.png", 0, {}, 0}};
+    level.sounds = {{0, {}, 9, 0, "snd\\gone.wav"}};
+    level.emitters = {{0, {}, {}, "cfg\\spray.cfg"}, {0, {}, {}, "cfg\\gone.cfg"}};
+    EXPECT_EQ(Problems(),
+              "error: polygon 1: texture \"..\\img\\there.png\" isn't there\n"
+              "error: object 1: texture \"img\\other_FRAME.png\" isn't there\n"
+              "error: sound 0: sound \"snd\\gone.wav\" isn't there\n"
+              "error: emitter 0: texture \"img\\gone.png\" isn't there\n"
+              "error: emitter 1: settings file \"cfg\\gone.cfg\" isn't there\n");
+}
+
+TEST_F(Check, FindsWaterThatStartsInOrAtASolid) {
+    level.polygons = {Box(0, 0, 10, 10), Box(30, 0, 40, 10, 1)};
+    level.waterStart = {5, 5};
+    EXPECT_EQ(Problems(), "error: start 0: the water starts inside polygon 0\n");
+    level.waterStart = {5, -11};
+    EXPECT_EQ(Problems(), "warning: start 0: the water starts closer than 12 to polygon 0\n");
+    level.waterStart = {35, 5};
+    EXPECT_EQ(Problems(), "");
+}
+
+TEST_F(Check, IsQuickOnLargeLevels) {
+    for (int i = 0; i < 5000; ++i) {
+        level.polygons.push_back(
+            Box(20 * (i % 70), 20 * (i / 70), 20 * (i % 70) + 20, 20 * (i / 70) + 20));
+    }
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(Problems(), "");
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+}
+
+TEST_F(Check, PrintsTrianglesTreeAndCollisions) {
+    level.polygons = {Box(0, 0, 10, 10), Box(20, 0, 30, 10, 1)};
+    Write("cfg/surfaces.cfg", surfaces);
+    WriteLevel("a.swah", level);
+    EXPECT_EQ(Run("triangles a.swah").out,
+              "POLYGON 0 1 2\n0 0 10 0 10 10\n0 0 10 10 0 10\n"
+              "POLYGON 1 1 2\n20 0 30 0 30 10\n20 0 30 10 20 10\n");
+    const std::string tree = Run("bsp a.swah --data .").out;
+    EXPECT_TRUE(tree.starts_with("EDGES 4\nSIZE 4\nDEPTH 4\nNODE ")) << tree;
+    EXPECT_EQ(std::count(tree.begin(), tree.end(), '\n'), 7);
+    EXPECT_NE(tree.find("NODE 0 0 10 0 -0 1 10 "), std::string::npos) << tree;
+    Write("queries", "5 -1 2\n\n5 -100 2\n");
+    EXPECT_EQ(Run("collide a.swah queries --data .").out.substr(0, 14), "HIT 1 5 -2 0 1");
+    EXPECT_NE(Read("out.txt").find("\nHIT 0 5 -100 0 0 1\n"), std::string::npos);
+    Write("queries", "5 -1 2\n5 one 2\n");
+    const Outcome bad = Run("collide a.swah queries");
+    EXPECT_EQ(bad.status, 1);
+    EXPECT_EQ(bad.error, "vantrel-level: queries:2: expected \"x y r\"\n");
+}
+
+using Arguments = ToolTest;
+
+TEST_F(Arguments, TellUseVersionAndMistakes) {
+    EXPECT_EQ(Run("--version").out, "vantrel-level 1.03\n");
+    EXPECT_EQ(Run("compile --help").status, 0);
+    for (const char* bad : {"", "melt a", "compile a", "compile -o b", "check", "check a b",
+                            "check a --fast", "collide a", "bsp a --data", "check a -o b"}) {
+        const Outcome outcome = Run(bad);
+        EXPECT_EQ(outcome.status, 2) << bad;
+        EXPECT_EQ(outcome.out, "") << bad;
+        EXPECT_EQ(std::count(outcome.error.begin(), outcome.error.end(), '\n'), 1) << bad;
+    }
+}
+
+TEST_F(Arguments, UnusableFilesGiveOneLineAndStatus1) {
+    Write("short", "\x97\x13");
+    Write("old", std::string("\x97\x13\x8F\x00\x0B\x00\x00\x00", 8));
+    for (const char* command : {"check gone", "triangles short", "bsp old", "decompile gone -o x",
+                                "collide short gone", "compile gone -o x"}) {
+        const Outcome outcome = Run(command);
+        EXPECT_EQ(outcome.status, 1) << command;
+        EXPECT_EQ(std::count(outcome.error.begin(), outcome.error.end(), '\n'), 1) << command;
+        EXPECT_FALSE(std::filesystem::exists(folder / "x"));
+    }
+    WriteLevel("a.swah", LevelFile());
+    EXPECT_EQ(Run("decompile a.swah -o gone/x").error,
+              "vantrel-level: gone/x: cannot be written\n");
+}
+
+}  // namespace
