@@ -1,64 +1,27 @@
 // Builds the tree. At every node each edge of the list is rated as a splitter against all
 // others; the ratings are sums over the list, so a child that keeps most of its parent's list
-// takes over the parent's sums and corrects them by what went away or was added. That keeps
-// the whole build at a few times the square of the edge count, however deep the tree becomes.
+// takes over the parent's sums and corrects them by what went away or was added. So
+// even a tree as deep as it has edges takes no more than the square of their number.
 
 #include "level/BspBuilder.h"
 
-#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
-#include <span>
 #include <utility>
 
 #include "engine/Geometry.h"
+#include "level/BspSideCounter.h"
 
 namespace {
 
 /// World units by which an edge may reach over a node's line without being split.
 constexpr float splitTolerance = 0.1f;
 
-/// What an edge's line does to a list of edges.
-struct Tally {
-    int endsBehind = 0;  ///< ends on the back side, 0 to 2 per edge
-    int crossings = 0;   ///< edges with an end on each side
-
-    Tally& operator+=(Tally t) {
-        endsBehind += t.endsBehind;
-        crossings += t.crossings;
-        return *this;
-    }
-    Tally& operator-=(Tally t) {
-        endsBehind -= t.endsBehind;
-        crossings -= t.crossings;
-        return *this;
-    }
-};
-
-/// Edges with their ends in arrays, as the counting loop likes them.
-struct EdgeEnds {
-    std::vector<float> startX, startY, endX, endY;
-
-    std::size_t Size() const { return startX.size(); }
-
-    void Add(const BspSegment& edge) {
-        startX.push_back(edge.start.x);
-        startY.push_back(edge.start.y);
-        endX.push_back(edge.end.x);
-        endY.push_back(edge.end.y);
-    }
-    void Clear() {
-        for (auto* array : {&startX, &startY, &endX, &endY}) {
-            array->clear();
-        }
-    }
-};
-
 /// The edges on one side of a node, in list order, with their ratings against each other.
 struct EdgeList {
     std::vector<std::uint32_t> edge;  ///< index into the builder's edges
-    std::vector<Tally> tally;         ///< of this edge's line against all others of the list
+    std::vector<BspSideTally> tally;  ///< of this edge's line against all others of the list
     std::vector<std::size_t> pieces;  ///< positions of edges that the parent's list hadn't
 
     std::size_t Size() const { return edge.size(); }
@@ -71,29 +34,8 @@ struct Task {
     bool isFront = false;
 };
 
-Tally CountSides(const BspSegment& splitter, const EdgeEnds& ends) {
-    const Vector2 origin = splitter.start;
-    const Vector2 normal = splitter.normal;
-    const std::size_t count = ends.Size();
-    const float* startX = ends.startX.data();
-    const float* startY = ends.startY.data();
-    const float* endX = ends.endX.data();
-    const float* endY = ends.endY.data();
-    int endsBehind = 0;
-    int crossings = 0;
-    for (std::size_t i = 0; i < count; ++i) {
-        const float d1 = (startX[i] - origin.x) * normal.x + (startY[i] - origin.y) * normal.y;
-        const float d2 = (endX[i] - origin.x) * normal.x + (endY[i] - origin.y) * normal.y;
-        const int behind1 = d1 < 0.0f;
-        const int behind2 = d2 < 0.0f;
-        endsBehind += behind1 + behind2;
-        crossings += behind1 ^ behind2;
-    }
-    return {endsBehind, crossings};
-}
-
-/// What CountSides gives for the splitter itself: rounding may put its end behind its line.
-Tally CountSelf(const BspSegment& edge) {
+/// What counting gives for the splitter itself: rounding may put its end behind its line.
+BspSideTally CountSelf(const BspSegment& edge) {
     const int behind = Dot(edge.end - edge.start, edge.normal) < 0.0f;
     return {behind, behind};
 }
@@ -131,7 +73,8 @@ private:
     std::vector<Task> tasks;
     // Reused from node to node.
     std::vector<Side> fates;
-    EdgeEnds all, removed, added;
+    BspSideCounter all, removed, added;
+    std::vector<std::uint32_t> indices;
 
     void BuildNode(const Task& task) {
         const EdgeList& list = task.list;
@@ -162,7 +105,7 @@ private:
         std::size_t best = 0;
         int bestScore = 0;
         for (std::size_t i = 0; i < list.Size(); ++i) {
-            const Tally tally = list.tally[i];
+            const BspSideTally tally = list.tally[i];
             // An edge wholly behind has two ends there, one wholly in front none, so this is
             // the count in front less the count behind.
             const int balance = others - tally.endsBehind;
@@ -197,7 +140,7 @@ private:
         }
     }
 
-    static void Keep(EdgeList& list, std::uint32_t index, Tally tally) {
+    static void Keep(EdgeList& list, std::uint32_t index, BspSideTally tally) {
         list.edge.push_back(index);
         list.tally.push_back(tally);
     }
@@ -235,12 +178,13 @@ private:
         if (child.Size() < 2) {
             return;
         }
-        const double size = static_cast<double>(child.Size());
-        const double pieces = static_cast<double>(child.pieces.size());
-        const double kept = size - pieces;
-        const double gone = static_cast<double>(parent.Size()) - kept;
-        // The constant stands for what it costs to begin a counting loop.
-        if (size * size < kept * (gone + pieces + 16.0) + pieces * size) {
+        const std::size_t kept = child.Size() - child.pieces.size();
+        const auto cost = [](std::size_t splitters, std::size_t edgeCount) {
+            return static_cast<double>(splitters) * BspSideCounter::Cost(edgeCount);
+        };
+        if (cost(child.Size(), child.Size()) < cost(kept, parent.Size() - kept) +
+                                                   cost(kept, child.pieces.size()) +
+                                                   cost(child.pieces.size(), child.Size())) {
             Rate(child);
         } else {
             CorrectRates(parent, side, child);
@@ -249,32 +193,34 @@ private:
 
     /// Rates every edge of the list anew.
     void Rate(EdgeList& list) {
-        Gather(list.edge, all);
+        all.Assign(edges, list.edge);
         for (std::size_t i = 0; i < list.Size(); ++i) {
             RateEdge(list, i);
         }
     }
 
-    /// Rates one edge against the list, whose ends are in `all`.
+    /// Rates one edge against the list, which is in `all`.
     void RateEdge(EdgeList& list, std::size_t i) {
         const BspSegment& edge = edges[list.edge[i]];
-        list.tally[i] = CountSides(edge, all);
+        list.tally[i] = all.Count(edge);
         list.tally[i] -= CountSelf(edge);
     }
 
     void CorrectRates(const EdgeList& parent, Side side, EdgeList& child) {
-        removed.Clear();
+        indices.clear();
         for (std::size_t i = 0; i < parent.Size(); ++i) {
             if (fates[i] != side) {
-                removed.Add(edges[parent.edge[i]]);
+                indices.push_back(parent.edge[i]);
             }
         }
-        added.Clear();
+        removed.Assign(edges, indices);
+        indices.clear();
         for (const std::size_t piece : child.pieces) {
-            added.Add(edges[child.edge[piece]]);
+            indices.push_back(child.edge[piece]);
         }
+        added.Assign(edges, indices);
         if (!child.pieces.empty()) {
-            Gather(child.edge, all);
+            all.Assign(edges, child.edge);
         }
         std::size_t nextPiece = 0;
         for (std::size_t i = 0; i < child.Size(); ++i) {
@@ -283,16 +229,11 @@ private:
                 ++nextPiece;
             } else {
                 const BspSegment& edge = edges[child.edge[i]];
-                child.tally[i] -= CountSides(edge, removed);
-                child.tally[i] += CountSides(edge, added);
+                child.tally[i] -= removed.Count(edge);
+                if (!child.pieces.empty()) {
+                    child.tally[i] += added.Count(edge);
+                }
             }
-        }
-    }
-
-    void Gather(std::span<const std::uint32_t> indices, EdgeEnds& ends) const {
-        ends.Clear();
-        for (const std::uint32_t index : indices) {
-            ends.Add(edges[index]);
         }
     }
 
