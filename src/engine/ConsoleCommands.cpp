@@ -156,7 +156,7 @@ std::string_view WithoutLeadingBlanks(std::string_view text) {
     return text.substr(std::min(text.find_first_not_of(' '), text.size()));
 }
 
-void ListCommands(std::string text) {
+void ListCommands(const char* text) {
     PrintBanner("Command list: Use Commands < term > to filter listings");
     const std::string term = UpperCased(WithoutLeadingBlanks(text));
     for (auto entry = commands.lower_bound(term);

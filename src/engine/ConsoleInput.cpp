@@ -111,7 +111,7 @@ void Complete() {
         CompleteFirst();
         return;
     }
-    const Entry shown = Commands().find(UpperCased(Line()));
+    const auto shown = Commands().find(UpperCased(Line()));
     if (shown == Commands().end()) {
         CompleteFirst();
     } else if (!Offer(std::next(shown))) {

@@ -74,8 +74,10 @@ void DrawBox(float left, float top, float right, float bottom, const Colour& col
 void AddCharacter(char character, float x, float y, float size) {
     constexpr float step = 1.0f / 16.0f;
     const auto code = static_cast<unsigned char>(character);
-    const float u = static_cast<float>(code % 16) * step;
-    const float v = static_cast<float>(code / 16) * step;
+    const int sheetColumn = code % 16;
+    const int sheetRow = code / 16;
+    const float u = static_cast<float>(sheetColumn) * step;
+    const float v = static_cast<float>(sheetRow) * step;
     vertices.push_back({u, v, x, y, 0.0f});
     vertices.push_back({u + step, v, x + size, y, 0.0f});
     vertices.push_back({u + step, v + step, x + size, y + size, 0.0f});
@@ -115,7 +117,8 @@ void DrawInputText(const Area& area) {
     }
     line = line.substr(0, columns);
     const auto size = static_cast<float>(area.cell);
-    const float top = area.inputTop + static_cast<float>(area.cell + area.cell / 2);
+    const int gap = area.cell + area.cell / 2;  // whole pixels
+    const float top = area.inputTop + static_cast<float>(gap);
     for (std::size_t i = 0; i < line.size(); ++i) {
         AddCharacter(line[i], static_cast<float>(i) * size, top, size);
     }

@@ -4,9 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include "WorkingFolder.h"
 #include "engine/ConsoleLayout.h"
 #include "platform/HeadlessWindow.h"
-#include "support/TemporaryDirectory.h"
 
 namespace fs = std::filesystem;
 
@@ -43,12 +43,12 @@ void AddOneCommandOfEachKind() {
     Console::AddCommand("DoInt", [](int value) { integer = value; });
     Console::AddCommand("DoBool", [](bool value) { flag = value; });
     Console::AddCommand("DoFloat", [](float value) { number = value; });
-    Console::AddCommand("DoString", [](std::string text) { heard = text; });
+    Console::AddCommand("DoString", [](std::string text) { heard = std::move(text); });
     Console::AddCommand("DoText", [](const char* text) { heard = text; });
     Console::AddCommand("Int", Access<int, integer>);
     Console::AddCommand("Bool", Access<bool, flag>);
     Console::AddCommand("Float", Access<float, number>);
-    Console::AddCommand("Filter", [](std::string text) { return '<' + text + '>'; });
+    Console::AddCommand("Filter", [](std::string text) { return std::move(text) + '!'; });
     Console::AddCommand("TextFilter", [](const char* text) -> Text { return text; });
 }
 
@@ -84,7 +84,7 @@ protected:
     }
     static std::string Line() { return Console::inputLine.data(); }
 
-    TemporaryDirectory directory;
+    WorkingFolder directory;
     Platform::HeadlessWindow window;
 };
 
@@ -131,7 +131,7 @@ TEST_F(ConsoleTest, LogsWhatIsPrintedUnchanged) {
 }
 
 TEST_F(ConsoleTest, StopsALogThatCannotBeWritten) {
-    fs::create_symlink("/dev/full", directory.Path() / "ConsoleLog.txt");
+    fs::create_symlink("/dev/full", directory.path / "ConsoleLog.txt");
     Console::SetLogging(true);
     if (!Console::IsLogging()) {
         GTEST_SKIP() << "nothing to write to that fails";
@@ -148,8 +148,8 @@ TEST_F(ConsoleTest, StopsALogThatCannotBeWritten) {
     Console::SetLogging(false);
     EXPECT_EQ(Console::OutputText(), message);
 
-    fs::remove(directory.Path() / "ConsoleLog.txt");
-    fs::create_directory(directory.Path() / "ConsoleLog.txt");
+    fs::remove(directory.path / "ConsoleLog.txt");
+    fs::create_directory(directory.path / "ConsoleLog.txt");
     Console::Clear();
     Console::SetLogging(true);
     EXPECT_EQ(Console::OutputText(), "\nUnable to write log to ConsoleLog.txt");
@@ -188,8 +188,8 @@ TEST_F(ConsoleTest, RunsEveryKindOfFunction) {
         {"Float", "\nFloat is 0.250000"},
         {"Float 1e3", "\nUSAGE: Float < number OR nothing >"},
         {"DoFloat", "\nUSAGE: DoFloat < number >"},
-        {"Filter", "\nFilter is <>"},
-        {"Filter  a b ", "\nFilter is now < a b >"},
+        {"Filter", "\nFilter is !"},
+        {"Filter  a b ", "\nFilter is now  a b !"},
         {"TextFilter t", "\nTextFilter is now t"},
         {"   ", ""},
         {"None", "\nUNKNOWN COMMAND. USE 'COMMANDS' FOR A LIST OF AVAILABLE COMMANDS."},

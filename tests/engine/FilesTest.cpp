@@ -5,11 +5,11 @@
 #include <array>
 #include <limits>
 
+#include "WorkingFolder.h"
 #include "engine/BufferedFile.h"
 #include "engine/ByteReader.h"
 #include "engine/ByteWriter.h"
 #include "engine/EmbeddedResources.h"
-#include "support/TemporaryDirectory.h"
 
 TEST(ByteReader, ReadsWhatTheWriterWrote) {
     ByteWriter writer;
@@ -58,7 +58,7 @@ protected:
         return c;
     }
 
-    TemporaryDirectory directory;
+    WorkingFolder directory;
     DiskFile file;
 };
 

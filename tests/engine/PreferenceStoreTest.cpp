@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "support/TemporaryDirectory.h"
+#include "WorkingFolder.h"
 
 namespace fs = std::filesystem;
 
@@ -12,12 +12,12 @@ namespace {
 
 class PreferenceStoreTest : public testing::Test {
 protected:
-    PreferenceStoreTest() { setenv("XDG_CONFIG_HOME", directory.Path().c_str(), 1); }
+    PreferenceStoreTest() { setenv("XDG_CONFIG_HOME", directory.path.c_str(), 1); }
     ~PreferenceStoreTest() override { unsetenv("XDG_CONFIG_HOME"); }
 
     // The one values.txt of the test, wherever it lies.
     fs::path ValuesFile() const {
-        for (const auto& entry : fs::recursive_directory_iterator(directory.Path())) {
+        for (const auto& entry : fs::recursive_directory_iterator(directory.path)) {
             if (entry.path().filename() == "values.txt") {
                 return entry.path();
             }
@@ -25,14 +25,14 @@ protected:
         return {};
     }
 
-    TemporaryDirectory directory;
+    WorkingFolder directory;
 };
 
 }  // namespace
 
 TEST_F(PreferenceStoreTest, CreatesKeysOnlyWhenAskedTo) {
     EXPECT_FALSE(PreferenceStore::OpenKey("software/Vantrel").IsOpen());
-    EXPECT_TRUE(fs::is_empty(directory.Path()));
+    EXPECT_TRUE(fs::is_empty(directory.path));
     EXPECT_TRUE(PreferenceStore::OpenOrCreateKey("software/Vantrel/Preferences").IsOpen());
     for (const char* path : {"software\\Vantrel\\Preferences", "/software//vantrel\\preferences/",
                              "SOFTWARE/VANTREL"}) {
@@ -86,7 +86,7 @@ TEST_F(PreferenceStoreTest, DoesNothingWithoutAKeyOrAPlaceToWrite) {
     fs::create_directory(file);  // a directory can be neither read nor replaced
     key.SetValue("a", "2");
     EXPECT_EQ(key.GetValue("a"), "");
-    fs::remove_all(directory.Path() / "vantrel");
+    fs::remove_all(directory.path / "vantrel");
     key.SetValue("a", "3");
     EXPECT_FALSE(key.HasValue("a"));
 }

@@ -4,10 +4,10 @@
 
 #include <limits>
 
+#include "WorkingFolder.h"
 #include "engine/ConfigFile.h"
 #include "engine/Console.h"
 #include "engine/Text.h"
-#include "support/TemporaryDirectory.h"
 
 TEST(Text, KnowsIntegers) {
     for (const char* text : {"0", "-12", "007", "-"}) {
@@ -107,7 +107,7 @@ TEST(ConfigFile, KeepsTargetsWhoseValuesAreOfAnotherForm) {
 }
 
 TEST(ConfigFile, SaysWhichFileCannotBeRead) {
-    const TemporaryDirectory directory;
+    const WorkingFolder directory;
     directory.Write("cfg/Game.CFG", "gravity 100");
     directory.Write("cfg/empty.cfg", "");
     Console::Clear();
