@@ -1,14 +1,15 @@
 #include "graphics/TextureManager.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <fstream>
 #include <map>
+#include <memory>
+#include <thread>
 
 #include "TgaBytes.h"
 #include "graphics/Texture.h"
 #include "platform/Paths.h"
+#include "support/TemporaryDirectory.h"
 
 namespace {
 
@@ -66,9 +67,7 @@ public:
 class TextureManagerTest : public testing::Test {
 protected:
     TextureManagerTest() {
-        root = fs::path(testing::TempDir()) / ("textures" + std::to_string(getpid()));
-        fs::create_directories(root / "img");
-        Platform::UseDataRoot(root, true);
+        Platform::UseDataRoot(directory.path, true);
         Platform::ForgetListings();
         TextureManager::UseDevice(&device);
         TextureManager::Initialise();
@@ -77,11 +76,10 @@ protected:
         TextureManager::Shutdown();
         TextureManager::UseDevice(nullptr);
         Platform::UseDataRoot({});
-        fs::remove_all(root);
     }
 
     void Write(const std::string& name, const std::string& bytes) {
-        std::ofstream(root / "img" / name, std::ios::binary) << bytes;
+        directory.Write("img/" + name, bytes);
         Platform::ForgetListings();
     }
     static std::string Tga(int depth, int side, std::uint32_t word) {
@@ -97,7 +95,7 @@ protected:
         return lines;
     }
 
-    fs::path root;
+    TemporaryDirectory directory;
     RecordingDevice device;
 };
 

@@ -1,0 +1,113 @@
+#include <algorithm>
+#include <cstdlib>
+#include <memory>
+#include <string>
+
+#include "WindowFixture.h"
+
+namespace {
+
+class TextWindowTest : public WindowFixture {
+protected:
+    void SetUp() override {
+        WindowFixture::SetUp();
+        font = std::make_unique<Texture>("no_such_font", "DEFAULT_FONT");
+        ASSERT_EQ(font->width, 256u);
+        sheet = ReadTexture(*font);
+    }
+    void TearDown() override {
+        font.reset();
+        WindowFixture::TearDown();
+    }
+
+    /// The sheet's alpha where the cell of `code` has its pixel (x, y), in cells of `size`
+    /// pixels: 16 as it is, 8 as the mean of four.
+    int Expected(int code, int x, int y, int size) const {
+        const int step = 16 / size;
+        int sum = 0;
+        for (int dy = 0; dy < step; ++dy) {
+            for (int dx = 0; dx < step; ++dx) {
+                const int row = code / 16 * 16 + y * step + dy;
+                const int column = code % 16 * 16 + x * step + dx;
+                sum += static_cast<int>(sheet[static_cast<std::size_t>(row * 256 + column)] >> 24);
+            }
+        }
+        return sum / (step * step);
+    }
+    void ExpectCell(unsigned char code, int left, int top, int size) const {
+        const auto seen = ReadChannel(GL_GREEN, left, top, size, size);
+        int worst = 0;
+        for (int i = 0; i < size * size; ++i) {
+            const int expected = Expected(code, i % size, i / size, size);
+            worst = std::max(worst, std::abs(expected - seen[static_cast<std::size_t>(i)]));
+        }
+        EXPECT_LE(worst, 3) << "code " << int{code} << " at " << left << ", " << top;
+    }
+    static bool AnythingDrawn() {
+        for (const std::uint8_t value : ReadChannel(GL_GREEN, 0, 0, 320, 240)) {
+            if (value != 0) {
+                return true;
+            }
+        }
+        return false;
+    }
+
+    std::unique_ptr<Texture> font;
+    Pixels sheet;
+};
+
+TEST_F(TextWindowTest, LaysCellsOutInLines) {
+    font->DrawText("AB\nC\xE9\t", 10, 20, 16, 1, 1, 1, 1);
+    ExpectCell('A', 10, 20, 16);
+    ExpectCell('B', 26, 20, 16);
+    ExpectCell(' ', 42, 20, 16);
+    ExpectCell('C', 10, 36, 16);
+    ExpectCell(0xE9, 26, 36, 16);
+    ExpectCell('\t', 42, 36, 16);
+}
+
+TEST_F(TextWindowTest, IsSharpAtEightPixels) {
+    font->DrawText("agMW8@#", 8, 8, 8, 1, 1, 1, 1);
+    int left = 8;
+    for (const char c : std::string("agMW8@#")) {
+        ExpectCell(static_cast<unsigned char>(c), left, 8, 8);
+        left += 8;
+    }
+}
+
+TEST_F(TextWindowTest, CentresAndRounds) {
+    font->DrawTextCentred("ABCD", 0, 0, 104, 56, 16, 1, 1, 1, 1);
+    ExpectCell('A', 20, 20, 16);
+    ExpectCell('D', 68, 20, 16);
+    font->DrawTextCentred("x", 100.5f, 99.5f, 16, 16, 16, 1, 1, 1, 1);  // up to 101 and 100
+    ExpectCell('x', 101, 100, 16);
+}
+
+TEST_F(TextWindowTest, TintsWithTheDrawingColour) {
+    font->DrawText("\x7F", 0, 0, 16, 1.0f, 0.5f, 0.0f, 0.5f);
+    const auto red = ReadChannel(GL_RED, 8, 3, 1, 1);
+    const auto green = ReadChannel(GL_GREEN, 8, 3, 1, 1);
+    const auto blue = ReadChannel(GL_BLUE, 8, 3, 1, 1);
+    EXPECT_NEAR(red[0], 128, 2);
+    EXPECT_NEAR(green[0], 64, 2);
+    EXPECT_EQ(blue[0], 0);
+}
+
+TEST_F(TextWindowTest, DrawsNothingForNothingAndGivesTheStateBack) {
+    glDisable(GL_BLEND);
+    glEnable(GL_DEPTH_TEST);
+    font->DrawText(nullptr, 0, 0, 16, 1, 1, 1, 1);
+    font->DrawText("", 0, 0, 16, 1, 1, 1, 1);
+    font->DrawText("A", 0, 0, 0, 1, 1, 1, 1);
+    font->DrawText("A", 0, 0, -4, 1, 1, 1, 1);
+    font->DrawTextCentred(nullptr, 0, 0, 10, 10, 16, 1, 1, 1, 1);
+    font->DrawTextCentred("A", 0, 0, 10, 10, 0, 1, 1, 1, 1);
+    EXPECT_FALSE(AnythingDrawn());
+    font->DrawText("A", 0, 0, 16, 1, 1, 1, 1);
+    EXPECT_TRUE(AnythingDrawn());
+    EXPECT_FALSE(glIsEnabled(GL_BLEND));
+    EXPECT_TRUE(glIsEnabled(GL_DEPTH_TEST));
+    EXPECT_FALSE(glIsEnabled(GL_VERTEX_ARRAY));
+}
+
+}  // namespace

@@ -1,0 +1,127 @@
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "WindowFixture.h"
+
+namespace {
+
+int Channel(std::uint32_t pixel, int index) {
+    return static_cast<int>(pixel >> (8 * index) & 255);
+}
+
+/// Differs by no more than `tolerance` in any channel of colour.
+bool Near(std::uint32_t a, std::uint32_t b, int tolerance) {
+    for (int i = 0; i < 3; ++i) {
+        if (std::abs(Channel(a, i) - Channel(b, i)) > tolerance) {
+            return false;
+        }
+    }
+    return true;
+}
+
+class TextureWindowTest : public WindowFixture {
+protected:
+    /// Checks the four quarters of a sample: red and green above, blue and white below.
+    static void ExpectQuarters(const Pixels& pixels, std::size_t side, int tolerance) {
+        ASSERT_EQ(pixels.size(), side * side);
+        const std::size_t low = side / 4;
+        const std::size_t high = side - 1 - low;
+        EXPECT_PRED3(Near, pixels[low * side + low], 0xFFFF0000, tolerance);
+        EXPECT_PRED3(Near, pixels[low * side + high], 0xFF00FF00, tolerance);
+        EXPECT_PRED3(Near, pixels[high * side + low], 0xFF0000FF, tolerance);
+        EXPECT_PRED3(Near, pixels[high * side + high], 0xFFFFFFFF, tolerance);
+    }
+};
+
+TEST_F(TextureWindowTest, ShowsEveryKindOfFileRightSideUpInItsColours) {
+    struct Sample {
+        const char* name;
+        int depth;
+        bool hasAlpha;
+    };
+    const Sample samples[] = {
+        {"rgb.png", 24, false},     {"rgb.bmp", 24, false},      {"palette.png", 8, false},
+        {"rgba.png", 32, true},     {"key.gif", 8, true},        {"bits16.bmp", 16, false},
+        {"tga24.tga", 24, false},   {"tga24top.tga", 24, false}, {"tga32.tga", 32, true},
+        {"tga32top.tga", 32, true}, {"tga32run.tga", 32, true}};
+    for (const Sample& sample : samples) {
+        SCOPED_TRACE(sample.name);
+        const Texture texture(std::string("samples\\") + sample.name, nullptr);
+        EXPECT_EQ(texture.width, 8u);
+        EXPECT_EQ(texture.hasAlpha, sample.hasAlpha);
+        const Pixels pixels = ReadTexture(texture);
+        ExpectQuarters(pixels, 8, sample.depth == 16 ? 7 : 0);
+        EXPECT_EQ(Channel(pixels.front(), 3), 255);
+        EXPECT_EQ(Channel(pixels.back(), 3), sample.hasAlpha ? 0 : 255);
+        std::vector<std::string> lines;
+        TextureManager::List(lines);
+        EXPECT_TRUE(lines.front().ends_with(" : " + std::to_string(sample.depth) + " BIT"))
+            << lines.front();
+    }
+}
+
+TEST_F(TextureWindowTest, QualityCompressesAndHalvesUnderTheSameName) {
+    const Texture texture("samples\\large.png", nullptr);
+    const std::uint32_t glName = texture.glName;
+    EXPECT_EQ(LevelZero(texture, GL_TEXTURE_INTERNAL_FORMAT), GL_RGBA);
+
+    TextureManager::SetQuality(1);
+    EXPECT_EQ(LevelZero(texture, GL_TEXTURE_COMPRESSED_ARB), device.HasCompression() ? 1 : 0);
+    ExpectQuarters(ReadTexture(texture), 32, 12);
+
+    TextureManager::SetQuality(2);
+    EXPECT_EQ(LevelZero(texture, GL_TEXTURE_WIDTH), 16);
+    ExpectQuarters(ReadTexture(texture), 16, 12);
+
+    TextureManager::SetQuality(0);
+    ExpectQuarters(ReadTexture(texture), 32, 0);
+    EXPECT_EQ(texture.glName, glName);
+}
+
+TEST_F(TextureWindowTest, StretchesOddSizesAndScalesTinyOnes) {
+    const Pixels red(100 * 60, 0xFFFF0000);
+    const Texture texture("missing", nullptr);
+    device.Upload(texture.glName, red.data(), 100, 60, {});
+    EXPECT_EQ(LevelZero(texture, GL_TEXTURE_WIDTH), 128);
+    EXPECT_EQ(LevelZero(texture, GL_TEXTURE_HEIGHT), 64);
+    EXPECT_EQ(ReadTexture(texture), Pixels(128 * 64, 0xFFFF0000));
+    device.Upload(texture.glName, red.data(), 1, 1, {.quality = 2});
+    EXPECT_EQ(LevelZero(texture, GL_TEXTURE_WIDTH), 1);
+    device.Upload(texture.glName, red.data(), 0, 5, {});
+    EXPECT_EQ(LevelZero(texture, GL_TEXTURE_WIDTH), 1);
+}
+
+TEST_F(TextureWindowTest, AnisotropyIsSetOnTexturesThatStandAndOnNewOnes) {
+    if (device.MaxAnisotropy() == 0) {
+        GTEST_SKIP() << "no anisotropic filter here";
+    }
+    const auto anisotropy = [](const Texture& texture) {
+        GLint value = 0;
+        glBindTexture(GL_TEXTURE_2D, texture.glName);
+        glGetTexParameteriv(GL_TEXTURE_2D, GL_TEXTURE_MAX_ANISOTROPY_EXT, &value);
+        return value;
+    };
+    const Texture before("samples\\rgb.png", nullptr);
+    EXPECT_EQ(anisotropy(before), 1);
+    TextureManager::SetAnisotropy(1000);
+    EXPECT_EQ(TextureManager::Anisotropy(), device.MaxAnisotropy());
+    const Texture after("samples\\rgb.bmp", nullptr);
+    EXPECT_EQ(anisotropy(before), device.MaxAnisotropy());
+    EXPECT_EQ(anisotropy(after), device.MaxAnisotropy());
+}
+
+TEST_F(TextureWindowTest, EveryShippedPictureLoads) {
+    Platform::UseDataRoot(VANTREL_SOURCE_DIR "/data", true);
+    int count = 0;
+    for (const char* pattern : {"img\\*.png", "img\\*.tga"}) {
+        for (const std::string& file : Platform::ListFiles(pattern)) {
+            const Texture texture("img\\" + file, nullptr);
+            EXPECT_GE(texture.width, 64u) << file;
+            ++count;
+        }
+    }
+    EXPECT_GE(count, 17);
+}
+
+}  // namespace
