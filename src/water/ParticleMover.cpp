@@ -33,71 +33,102 @@ constexpr float longestCohesion = Particle::radius * 0.75f;
 constexpr float nearestCentre = 0.0001f;
 constexpr float cohesionNoise = 0.1f;
 
-/// Sum of what the neighbours do to a particle.
+/// What the neighbours do to a particle's position.
 struct Push {
+    Vector2 direction;
+    float depth = 0.0f;
+};
+
+/// One particle's meetings with its neighbours. Contact mixes the two at once, so the order of
+/// pairs is part of the result. The particle's own mixed values are kept here, in registers,
+/// until it has met all.
+class Meeting {
+public:
+    explicit Meeting(Particle& met)
+        : particle(met),
+          position(met.position),
+          velocity(met.velocity),
+          pushVelocity(met.pushVelocity),
+          temperature(met.temperature) {}
+
+    void MeetChain(Particle* other) {
+        for (; other != nullptr; other = other->gridNext) {
+            if (other != &particle) {
+                Meet(*other);
+            }
+        }
+    }
+
+    Push Finish() {
+        particle.velocity = velocity;
+        particle.pushVelocity = pushVelocity;
+        particle.temperature = temperature;
+        if (count == 0) {
+            return {};
+        }
+        direction /= static_cast<float>(count);
+        Normalise(direction);
+        return {direction, depth / static_cast<float>(count)};
+    }
+
+private:
+    void Meet(Particle& other) {
+        const Vector2 d = position - other.position;
+        const float squared = d.x * d.x + d.y * d.y;
+        // The root of a float below 16 is below 4, so the squares decide; and so written, a
+        // distance that is no number is no contact.
+        if (!(squared < contactDistance * contactDistance)) {
+            return;
+        }
+        const float distance = std::sqrt(squared);
+        if (distance > nearZeroDistance) {
+            direction += d / distance;
+            depth += contactDistance - distance;
+            ++count;
+        }
+        other.velocity = velocity = (velocity + other.velocity) * 0.5f;
+        other.pushVelocity = pushVelocity = (pushVelocity + other.pushVelocity) * 0.5f;
+        other.temperature = temperature = (temperature + other.temperature) * 0.5f;
+    }
+
+    Particle& particle;
+    const Vector2 position;
+    Vector2 velocity;
+    Vector2 pushVelocity;
+    float temperature;
     Vector2 direction;
     float depth = 0.0f;
     int count = 0;
 };
 
-/// The pair rule. Contact mixes the two at once, so the order of pairs is part of the result.
-void MeetNeighbour(Particle& a, Particle& b, Push& push) {
-    const Vector2 d = a.position - b.position;
-    const float squared = d.x * d.x + d.y * d.y;
-    // The root of a float below 16 is below 4, so the squares decide; and so written, a
-    // distance that is no number is no contact.
-    if (!(squared < contactDistance * contactDistance)) {
-        return;
-    }
-    const float distance = std::sqrt(squared);
-    if (distance > nearZeroDistance) {
-        push.direction += d / distance;
-        push.depth += contactDistance - distance;
-        ++push.count;
-    }
-    a.velocity = b.velocity = (a.velocity + b.velocity) * 0.5f;
-    a.pushVelocity = b.pushVelocity = (a.pushVelocity + b.pushVelocity) * 0.5f;
-    a.temperature = b.temperature = (a.temperature + b.temperature) * 0.5f;
-}
-
-void MeetChain(Particle& particle, std::uint32_t x, std::uint32_t y, Push& push) {
-    for (Particle* other = ParticleGrid::Head(x, y); other != nullptr; other = other->gridNext) {
-        if (other != &particle) {
-            MeetNeighbour(particle, *other, push);
-        }
-    }
-}
-
-/// One column beside the particle's: the same row, the one below, the one above.
-void MeetColumn(Particle& particle, std::uint32_t x, Push& push) {
-    const std::uint32_t y = particle.gridY;
-    MeetChain(particle, x, y, push);
-    if (y < ParticleGrid::side - 1) {
-        MeetChain(particle, x, y + 1, push);
-    }
-    if (y > 0) {
-        MeetChain(particle, x, y - 1, push);
-    }
-}
-
-/// Visits the particle's cell and the two columns beside it, but not the cells right above and
-/// below: stacked particles let each other through until one drifts aside.
+/// Visits the particle's cell and the two columns beside it, each column from its middle row
+/// down and then up, but not the cells right above and below: stacked particles let each other
+/// through until one drifts aside.
 Push MeetNeighbours(Particle& particle) {
-    Push push;
     const std::uint32_t x = particle.gridX;
-    MeetChain(particle, x, particle.gridY, push);
+    const std::uint32_t y = particle.gridY;
+    Particle* chains[7] = {ParticleGrid::Head(x, y)};
+    int chainCount = 1;
+    const auto addColumn = [&](std::uint32_t column) {
+        chains[chainCount++] = ParticleGrid::Head(column, y);
+        if (y < ParticleGrid::side - 1) {
+            chains[chainCount++] = ParticleGrid::Head(column, y + 1);
+        }
+        if (y > 0) {
+            chains[chainCount++] = ParticleGrid::Head(column, y - 1);
+        }
+    };
     if (x > 0) {
-        MeetColumn(particle, x - 1, push);
+        addColumn(x - 1);
     }
     if (x < ParticleGrid::side - 1) {
-        MeetColumn(particle, x + 1, push);
+        addColumn(x + 1);
     }
-    if (push.count > 0) {
-        push.direction /= static_cast<float>(push.count);
-        push.depth /= static_cast<float>(push.count);
-        Normalise(push.direction);
+    Meeting meeting(particle);
+    for (int i = 0; i < chainCount; ++i) {
+        meeting.MeetChain(chains[i]);
     }
-    return push;
+    return meeting.Finish();
 }
 
 /// Moves a position by `move` in hops, each followed by a collision query.
