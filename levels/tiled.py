@@ -94,20 +94,23 @@ class Map:
 
     # -- the map ------------------------------------------------------------------------------
 
-    def save(self, path):
+    def document(self):
+        """The map as Tiled stores it."""
         layers = []
         for index, (name, objects) in enumerate(sorted(self._groups.items()), 1):
             layers.append({"id": index, "name": name, "type": "objectgroup", "x": 0, "y": 0,
                            "opacity": 1, "visible": True, "draworder": "index",
                            "objects": objects})
         layers.sort(key=lambda layer: not layer["name"].startswith("layer"))
-        document = {"type": "map", "version": "1.10", "tiledversion": "1.10.2",
-                    "orientation": "orthogonal", "renderorder": "right-down", "infinite": True,
-                    "width": 40, "height": 30, "tilewidth": 20, "tileheight": 20,
-                    "compressionlevel": -1, "tilesets": [], "layers": layers,
-                    "nextlayerid": len(layers) + 1, "nextobjectid": self._next}
+        return {"type": "map", "version": "1.10", "tiledversion": "1.10.2",
+                "orientation": "orthogonal", "renderorder": "right-down", "infinite": True,
+                "width": 40, "height": 30, "tilewidth": 20, "tileheight": 20,
+                "compressionlevel": -1, "tilesets": [], "layers": layers,
+                "nextlayerid": len(layers) + 1, "nextobjectid": self._next}
+
+    def save(self, path):
         with open(path, "w", encoding="utf-8") as file:
-            json.dump(document, file, indent=1)
+            json.dump(self.document(), file, indent=1)
             file.write("\n")
 
     @staticmethod
