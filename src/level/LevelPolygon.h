@@ -31,17 +31,17 @@ public:
     std::size_t PointCount() const { return pointsX.size(); }
     Vector2 Point(std::size_t i) const { return {pointsX[i], pointsY[i]}; }
 
-    std::uint8_t solid = 1;            ///< the edges collide
-    std::uint8_t enabled = 1;          ///< a trigger can take it out of the level
-    std::uint8_t visible = 1;          ///< the renderers draw it
-    std::uint8_t movedByMover = 0;     ///< a mover carries it; its edges stay out of the tree
-    std::uint8_t toggledByTrigger = 0; ///< its edges are exempt from edge cleaning
-    std::uint8_t winding = 0;          ///< 1 or 0: which way the outline was found to turn
+    std::uint8_t solid = 1;             ///< the edges collide
+    std::uint8_t enabled = 1;           ///< a trigger can take it out of the level
+    std::uint8_t visible = 1;           ///< the renderers draw it
+    std::uint8_t movedByMover = 0;      ///< a mover carries it; its edges stay out of the tree
+    std::uint8_t toggledByTrigger = 0;  ///< its edges are exempt from edge cleaning
+    std::uint8_t winding = 0;           ///< 1 or 0: which way the outline was found to turn
     std::uint32_t triangleCount = 0;
-    std::uint32_t id = 0;      ///< what movers and triggers address; not unique
-    float friction = 1.0f;     ///< 0..1
-    Vector2 offset;            ///< displacement by a mover
-    Vector2 previousOffset;    ///< `offset` at the end of the previous step
+    std::uint32_t id = 0;    ///< what movers and triggers address; not unique
+    float friction = 1.0f;   ///< 0..1
+    Vector2 offset;          ///< displacement by a mover
+    Vector2 previousOffset;  ///< `offset` at the end of the previous step
     Texture texture;
     std::vector<float> pointsX;  ///< outline in level file order
     std::vector<float> pointsY;
