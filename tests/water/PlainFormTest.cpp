@@ -142,6 +142,24 @@ TEST(GroupMerge, GivesWhatAllPairsGive) {
     }
 }
 
+TEST(GroupMerge, ReachesFurtherAsGroupsGrow) {
+    // Each on the spiral is just in reach of the last group, had that taken in all before it.
+    GroupList plain;
+    for (int i = 0; i < 40; ++i) {
+        ParticleGroup& group = plain.emplace_back();
+        const float distance = 3.9f + 2.0f * std::sqrt(static_cast<float>(i + 1));
+        group.position = {distance, 0.0f};
+        Rotate(group.position, 1.7f * static_cast<float>(i));
+        group.particles.resize(1);
+        group.targetRadius = 2.0f;
+    }
+    plain.back().position = {};
+    GroupList fast = plain;
+    PlainWater::Merge(plain);
+    MergeGroups(fast);
+    EXPECT_EQ(Describe(fast), Describe(plain));
+}
+
 /// Hashes of a run in which the level turns and water freezes, thaws, boils, dies and leaves.
 static std::vector<std::uint64_t> RandomRun(std::uint32_t seed, void (*step)(float)) {
     Dice dice(seed);

@@ -1,0 +1,137 @@
+// Ice: freezing, sliding, merging, thawing.
+
+#include <gtest/gtest.h>
+
+#include "engine/Console.h"
+#include "water/WaterWorld.h"
+
+using GroupedParticleMover::groups;
+
+namespace {
+
+ParticleGroup& AddGroup(Vector2 position, std::size_t members, float temperature = -10.0f) {
+    ParticleGroup& group = groups.emplace_back();
+    group.position = position;
+    group.temperature = temperature;
+    group.radius = group.targetRadius = 2.0f * std::sqrt(static_cast<float>(members));
+    group.particles.resize(members);
+    for (Particle& member : group.particles) {
+        member.position = position;
+        member.groupDirection = {1.0f, 0.0f};
+    }
+    return group;
+}
+
+}  // namespace
+
+TEST(Groups, TakeWarmNeighboursWithinReachAndThoseLinkedByThem) {
+    const WaterWorld world;
+    WaterWorld::Add({0.0f, 0.0f}, {}, 0.0f);
+    Particle& linked = WaterWorld::Add({12.0f, 0.0f}, {3.0f, 0.0f}, 50.0f);
+    WaterWorld::Add({24.0f, 0.0f}, {}, 120.0f);
+    const Particle& apart = WaterWorld::Add({24.0f, 12.01f}, {}, 50.0f);
+    GroupedParticleMover::Freeze(ParticleManager::particles);
+    ASSERT_EQ(groups.size(), 1u);
+    EXPECT_EQ(groups.front().particles.size(), 3u);
+    EXPECT_EQ(groups.front().position, (Vector2{0.0f, 0.0f}));
+    EXPECT_FLOAT_EQ(groups.front().targetRadius, 2.0f * std::sqrt(3.0f));
+    // Records move without changing address.
+    EXPECT_EQ(&*std::next(groups.front().particles.begin()), &linked);
+    EXPECT_EQ(linked.temperature, 50.0f);
+    ASSERT_EQ(ParticleManager::Count(), 1u);
+    EXPECT_EQ(&ParticleManager::particles.front(), &apart);
+}
+
+TEST(Groups, ThawAboveZeroAndStayAtZero) {
+    const WaterWorld world;
+    ParticleManager::heatTransferRate = 0.0f;
+    AddGroup({0.0f, 0.0f}, 2, 0.0f).velocity = {5.0f, 0.0f};
+    GroupedParticleMover::Step(0.01f, ParticleManager::particles);
+    ASSERT_EQ(groups.size(), 1u);
+    groups.front().temperature = 0.5f;
+    const Vector2 velocity = groups.front().velocity;
+    GroupedParticleMover::Step(0.01f, ParticleManager::particles);
+    EXPECT_TRUE(groups.empty());
+    ASSERT_EQ(ParticleManager::Count(), 2u);
+    const Particle& thawed = ParticleManager::particles.front();
+    EXPECT_EQ(thawed.temperature, 0.5f);
+    EXPECT_EQ(thawed.velocity.x, velocity.x);
+    EXPECT_GT(thawed.velocity.y, velocity.y);
+    EXPECT_EQ(thawed.positionHistory[2], thawed.position);
+}
+
+TEST(Groups, MergeOnlyBelowTheSumOfRadiiAndMargin) {
+    const WaterWorld world;
+    ParticleManager::gravity = 0.0f;
+    AddGroup({0.0f, 0.0f}, 1);
+    AddGroup({6.0f, 0.0f}, 1);
+    GroupedParticleMover::Step(0.01f, ParticleManager::particles);
+    EXPECT_EQ(groups.front().particles.size(), 1u);
+    groups.back().position.x = 5.99f;
+    GroupedParticleMover::Step(0.01f, ParticleManager::particles);
+    ASSERT_EQ(groups.size(), 2u);
+    EXPECT_TRUE(groups.front().particles.empty());  // the tie goes to the later one
+    EXPECT_EQ(groups.back().particles.size(), 2u);
+    GroupedParticleMover::Step(0.01f, ParticleManager::particles);
+    EXPECT_EQ(groups.size(), 1u);
+}
+
+TEST(Groups, SlideWithoutLossAndTellThatTheyTouch) {
+    std::list<LevelPolygon> level;
+    level.push_back(TestLevel::Box(-500.0f, 10.0f, 500.0f, 50.0f, 0.0f));
+    const WaterWorld world(std::move(level));
+    ParticleGroup& group = AddGroup({0.0f, 4.0f}, 9, -30.0f);
+    group.velocity = {100.0f, 0.0f};
+    for (int i = 0; i < 60; ++i) {
+        GroupedParticleMover::Step(1.0f / 60.0f, ParticleManager::particles);
+    }
+    EXPECT_NEAR(group.velocity.x, 100.0f, 0.01f);
+    EXPECT_NEAR(group.position.x, 100.0f, 0.1f);
+    EXPECT_NEAR(group.position.y, 4.0f, 0.01f);
+    EXPECT_EQ(group.hitThisStep, 1);
+    for (const Particle& member : group.particles) {
+        EXPECT_NEAR(member.position.x, group.position.x, 0.1f);
+    }
+}
+
+TEST(Groups, PassTheirDeathOnAndDieWithTheirMembers) {
+    const WaterWorld world;
+    ParticleGroup& group = AddGroup({0.0f, 0.0f}, 3);
+    GroupedParticleMover::KillGroup(group);
+    GroupedParticleMover::Step(0.25f, ParticleManager::particles);
+    GroupedParticleMover::KillGroup(group);
+    EXPECT_EQ(group.killTimer, 0.75f);
+    EXPECT_EQ(group.particles.front().killTimer, 0.75f);
+    EXPECT_EQ(group.particles.front().dying, 1);
+    group.temperature = 9.0f;
+    GroupedParticleMover::Step(0.25f, ParticleManager::particles);
+    ASSERT_EQ(ParticleManager::Count(), 3u);
+    EXPECT_EQ(ParticleManager::particles.front().killTimer, 0.5f);
+    GroupedParticleMover::KillGroup(AddGroup({0.0f, 0.0f}, 3));
+    GroupedParticleMover::Step(1.0f, ParticleManager::particles);
+    EXPECT_TRUE(groups.empty());
+}
+
+TEST(Groups, LeaveWithTheViewAndItsMargin) {
+    const WaterWorld world;  // the view ends at 400
+    ParticleManager::gravity = 0.0f;
+    AddGroup({400.0f + 128.0f + 2.0f, 0.0f}, 1);
+    GroupedParticleMover::Step(0.01f, ParticleManager::particles);
+    EXPECT_EQ(groups.size(), 1u);
+    groups.front().position.x += 0.01f;
+    GroupedParticleMover::Step(0.01f, ParticleManager::particles);
+    EXPECT_TRUE(groups.empty());
+}
+
+TEST(Groups, AreCountedAndShownFromTheConsole) {
+    const WaterWorld world;
+    AddGroup({0.0f, 0.0f}, 5);
+    Console::Clear();
+    Console::Execute("ParticleGroupCount");
+    EXPECT_NE(Console::OutputText().find('1'), std::string::npos);
+    Console::Execute("ParticleGroupDraw false");
+    EXPECT_FALSE(GroupedParticleMover::groupDraw);
+    Console::Execute("ParticleGroupDraw true");
+    Console::Execute("ParticleGroupDraw false");
+    EXPECT_TRUE(GroupedParticleMover::groupDraw);
+}

@@ -1,0 +1,146 @@
+// Life, temperature and console commands of the free particles.
+
+#include <gtest/gtest.h>
+
+#include "actors/TriggerManager.h"
+#include "engine/Console.h"
+#include "water/WaterWorld.h"
+
+using ParticleManager::particles;
+
+TEST(ParticleManager, DropsWaterBeyondTheViewAndItsMargin) {
+    const WaterWorld world;  // the view ends at 400
+    ParticleManager::gravity = 0.0f;
+    WaterWorld::Add({530.0f, 0.0f});
+    WaterWorld::Add({530.01f, 0.0f});
+    ParticleManager::Step(0.01f);
+    ASSERT_EQ(ParticleManager::Count(), 1u);
+    EXPECT_EQ(particles.front().position.x, 530.0f);
+}
+
+TEST(ParticleManager, TurnsGravityAndViewWithTheCamera) {
+    const WaterWorld world;
+    WaterWorld::Add({-390.0f, 0.0f});
+    WaterWorld::Add({0.0f, 440.0f});
+    Camera::angle = 90.0f;
+    ParticleManager::Step(0.01f);
+    ASSERT_EQ(ParticleManager::Count(), 2u);
+    EXPECT_NEAR(particles.back().velocity.x, -5.0f, 1e-4f);
+    EXPECT_NEAR(particles.back().velocity.y, 0.0f, 1e-4f);
+}
+
+TEST(ParticleManager, KillsOnceAndRemovesAtZero) {
+    const WaterWorld world;
+    Particle& particle = WaterWorld::Add({0.0f, 0.0f});
+    ParticleManager::KillParticle(particle);
+    ParticleManager::Step(0.5f);
+    ParticleManager::KillParticle(particle);
+    EXPECT_EQ(particle.killTimer, 0.5f);
+    ParticleManager::Step(0.5f);
+    EXPECT_EQ(ParticleManager::Count(), 0u);
+}
+
+TEST(ParticleManager, DriftsToRoomTemperatureWithTimeAlone) {
+    const WaterWorld world;
+    ParticleManager::gravity = 0.0f;
+    Particle& particle = WaterWorld::Add({0.0f, 0.0f}, {}, 50.0f);
+    ParticleManager::Step(0.0f);
+    EXPECT_EQ(particle.temperature, 50.0f);
+    WaterWorld::Steps(100, 0.01f);
+    EXPECT_NEAR(particle.temperature, 20.0f + 30.0f * 0.8f, 0.01f);
+    ParticleManager::heatTransferRate = 1.0f;
+    ParticleManager::Step(0.001f);
+    EXPECT_EQ(particle.temperature, 20.0f);
+}
+
+TEST(ParticleManager, ShiftsTheHistoryInEachStep) {
+    const WaterWorld world;
+    Particle& particle = WaterWorld::Add({0.0f, 0.0f}, {60.0f, 0.0f});
+    WaterWorld::Steps(3);
+    EXPECT_NEAR(particle.positionHistory[0].x, 2.0f, 1e-4f);
+    EXPECT_NEAR(particle.positionHistory[1].x, 1.0f, 1e-4f);
+    EXPECT_EQ(particle.positionHistory[2].x, 0.0f);
+    EXPECT_NEAR(particle.speed, Length(particle.velocity), 1e-4f);
+}
+
+TEST(ParticleManager, LetsHostileValuesGoWithoutHangingOrSpreading) {
+    const WaterWorld world(WaterLevels::CrowdedBowl(100.0f, 100.0f), {50.0f, 50.0f});
+    const float bad[] = {std::nanf(""), INFINITY, -INFINITY, 3e38f, 1e20f};
+    for (const float value : bad) {
+        WaterWorld::Add({50.0f, 50.0f}, {value, 1.0f});
+        WaterWorld::Add({value, 50.0f});
+        WaterWorld::Add({50.0f, 50.0f}).pushVelocity.y = value;
+        WaterWorld::Add({50.0f, 50.0f}).temperature = value;
+        ParticleGroup& group = GroupedParticleMover::groups.emplace_back();
+        group.position = {50.0f, 50.0f};
+        group.radius = group.targetRadius = 2.0f;
+        group.temperature = -10.0f;
+        group.velocity = {value, 0.0f};
+        group.particles.resize(1);
+    }
+    const Particle& good = WaterWorld::Add({51.0f, 50.0f});
+    WaterWorld::Steps(3);
+    EXPECT_TRUE(std::isfinite(good.position.x) && std::isfinite(good.velocity.x));
+    EXPECT_EQ(ParticleManager::Count(), 1u);
+    // Merely absurd speed of a group must end too.
+    ParticleGroup& group = GroupedParticleMover::groups.emplace_back();
+    group.position = {50.0f, -200.0f};
+    group.radius = group.targetRadius = 2.0f;
+    group.temperature = -10.0f;
+    group.velocity = {0.0f, -1e14f};
+    group.particles.resize(1);
+    WaterWorld::Steps(2);
+    EXPECT_TRUE(GroupedParticleMover::groups.empty());
+}
+
+TEST(TemperatureTriggers, HeatAndCoolToTheirLimits) {
+    const WaterWorld world;
+    Trigger trigger;
+    Particle particle;
+    ParticleGroup group;
+    const auto apply = [&](auto effect, float from, float dt) {
+        particle.temperature = group.temperature = from;
+        effect(trigger, &particle, 0, dt);
+        effect(trigger, &group, 1, dt);
+        effect(trigger, &particle, 2, dt);
+        return Vector2{particle.temperature, group.temperature};
+    };
+    // 80 degrees a second.
+    EXPECT_EQ(apply(TemperatureTriggerToWater, 20.0f, 0.25f), (Vector2{40.0f, 40.0f}));
+    EXPECT_EQ(apply(TemperatureTriggerToWater, 40.0f, 0.25f), (Vector2{50.0f, 60.0f}));
+    EXPECT_EQ(apply(TemperatureTriggerToWater, 50.0f, 0.25f), (Vector2{50.0f, 70.0f}));
+    EXPECT_EQ(apply(TemperatureTriggerToIce, 0.0f, 0.25f), (Vector2{-20.0f, -20.0f}));
+    EXPECT_EQ(apply(TemperatureTriggerToIce, 0.0f, 1.0f), (Vector2{-40.0f, -40.0f}));
+    EXPECT_EQ(apply(TemperatureTriggerToSteam, 150.0f, 0.25f), (Vector2{160.0f, 170.0f}));
+}
+
+TEST(ParticleManager, IsTunedFromTheConsole) {
+    const WaterWorld world;
+    Console::Execute("Gravity -3");
+    Console::Execute("HeatTransferRate 4");
+    EXPECT_EQ(ParticleManager::gravity, -3.0f);
+    EXPECT_EQ(ParticleManager::heatTransferRate, 1.0f);
+
+    const auto answer = [](const char* line) {
+        Console::Clear();
+        Console::Execute(line);
+        return Console::OutputText();
+    };
+    const std::string usage =
+        "\nUsage: ParticleCreate < x : number > < y : number > < radius : number > "
+        "< amount : integer number > ";
+    EXPECT_NE(answer("ParticleCreate 0 0 10").find(usage), std::string::npos);
+    EXPECT_NE(answer("ParticleCreate 0 0 10 1.5").find(usage), std::string::npos);
+    EXPECT_NE(answer("ParticleCreate 0 0 10 0").find("\nInvalid number of particles to make"),
+              std::string::npos);
+    EXPECT_EQ(ParticleManager::Count(), 0u);
+    Console::Execute("ParticleCreate 7 -8 10 25");
+    EXPECT_EQ(ParticleManager::Count(), 25u);
+    EXPECT_EQ(Camera::position, (Vector2{7.0f, -8.0f}));
+    EXPECT_NE(answer("ParticleCount").find("25"), std::string::npos);
+    for (const Particle& particle : particles) {
+        EXPECT_LE(Distance(particle.position, {7.0f, -8.0f}), 10.001f);
+    }
+    ParticleManager::ClearAll();
+    EXPECT_EQ(ParticleManager::Count(), 0u);
+}
