@@ -3,6 +3,9 @@
 #include "game/Game.h"
 
 #include "actors/Camera.h"
+#include "actors/LevelObjectsManager.h"
+#include "actors/MoverManager.h"
+#include "actors/TriggerManager.h"
 #include "engine/ConfigFile.h"
 #include "engine/Console.h"
 #include "engine/Presentation.h"
@@ -11,6 +14,7 @@
 #include "graphics/GLWindow.h"
 #include "level/LevelData.h"
 #include "platform/Clock.h"
+#include "water/FxParticleManager.h"
 #include "water/ParticleManager.h"
 #include "water/ParticleMover.h"
 
@@ -86,6 +90,7 @@ void RestartLevel() {
     ResetRequests();
     ResetDebugViews();
     ParticleManager::ClearAll();
+    FxParticleManager::ClearParticles();
     LevelData::Restart();
     Camera::ReadConfig();
     StartWaterAndCamera();
@@ -112,7 +117,12 @@ void Simulate(float dt) {
     if (dt > longestSimulationStep) {
         dt = longestSimulationStep;
     }
+    MoverManager::CollectVisible();
+    MoverManager::Step(dt);
+    FxParticleManager::Step(dt);
     ParticleManager::Step(dt);
+    TriggerManager::Step(dt);
+    LevelObjectsManager::Step(dt);
     if (gameState.simulationCost.Add(begin, Platform::TheClock().Counter()) &&
         gameState.showSimSpeeds) {
         Console::Print("\nSimulation - clock tics: ");
@@ -219,6 +229,7 @@ void Game::Shutdown() {
     ParticleManager::Shutdown();
     Presentation::Current().ReleaseWater();
     LevelProgress::Shutdown();
+    FxParticleManager::Shutdown();
     gameState.running = false;
     gameState.loadedMapName.clear();
     gameState.cursorTexture.reset();

@@ -7,6 +7,11 @@
 #include <cstdio>
 
 #include "actors/Camera.h"
+#include "actors/CheckPointTimesManager.h"
+#include "actors/ForceManager.h"
+#include "actors/LevelObjectsManager.h"
+#include "actors/MoverManager.h"
+#include "actors/TriggerManager.h"
 #include "engine/Console.h"
 #include "game/Game.h"
 #include "game/GameState.h"
@@ -18,6 +23,7 @@
 #include "level/LevelData.h"
 #include "level/LevelGeometryRenderer.h"
 #include "platform/Clock.h"
+#include "water/FxParticleManager.h"
 #include "water/GroupedParticleMover.h"
 #include "water/ParticleRenderer.h"
 
@@ -53,10 +59,22 @@ void SetWorldState() {
 void DrawLayer(int layer, void (*drawStatic)()) {
     DynamicPolygonRenderer::DrawLayer(layer);
     drawStatic();
+    LevelObjectsManager::DrawLayer(layer);
+}
+
+/// Each draws only while its own console flag is on.
+void DrawDebugViews() {
+    LevelData::Draw();
+    ForceManager::Draw();
+    GroupedParticleMover::Draw();
+    TriggerManager::Draw();
+    LevelObjectsManager::DrawIds();
+    MoverManager::Draw();
 }
 
 void DrawWorld() {
     SetWorldState();
+    LevelObjectsManager::PrepareDraw();
     DynamicPolygonRenderer::PrepareDraw();
     DrawLayer(0, LevelGeometryRenderer::DrawLayer0);
     DrawLayer(1, LevelGeometryRenderer::DrawLayer1);
@@ -66,8 +84,8 @@ void DrawWorld() {
     DrawLayer(3, LevelGeometryRenderer::DrawLayer3);
     DrawLayer(4, LevelGeometryRenderer::DrawLayer4);
 
-    LevelData::Draw();
-    GroupedParticleMover::Draw();
+    FxParticleManager::Draw();
+    DrawDebugViews();
 }
 
 /// Where the game's own camera looks while the free camera is on.
@@ -144,6 +162,7 @@ void GamePresentation::DrawFrame() {
     if (gameState.paused && !gameState.freeCamera && gameState.font) {
         DrawPausedText();
     }
+    CheckPointTimesManager::Draw();
     PrintDrawingCost(begin);
     if (gameState.consoleOpen) {
         Console::Draw();

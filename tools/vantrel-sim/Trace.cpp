@@ -6,6 +6,8 @@
 #include <cstdio>
 
 #include "actors/Camera.h"
+#include "actors/MoverManager.h"
+#include "actors/TriggerManager.h"
 #include "engine/Random.h"
 #include "game/Game.h"
 #include "game/LevelProgress.h"
@@ -46,6 +48,15 @@ void PrintWater() {
     }
 }
 
+void PrintActors() {
+    for (const Mover& m : MoverManager::movers) {
+        std::printf("M %u %.9g %d\n", m.id, D(m.distance), static_cast<int>(m.state));
+    }
+    for (const Trigger& t : TriggerManager::triggers) {
+        std::printf("T %d %u\n", t.type, t.fireCount);
+    }
+}
+
 }  // namespace
 
 void PrintStep() {
@@ -54,6 +65,7 @@ void PrintStep() {
     std::printf("RANDOM %u\n", Random::state);
     PrintProgress();
     PrintWater();
+    PrintActors();
 }
 
 void PrintEnd(std::uint32_t frames) {
