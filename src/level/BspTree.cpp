@@ -118,8 +118,11 @@ bool SideIsSound(const BspSegment& top, const BspSegment* child, bool isFront) {
         return true;
     }
     // The rounding of a crossing point grows with the square of its distance from the origin.
+    // An edge made by joining two keeps one's direction, so its ends may lie beside its line.
     const float reach = std::abs(top.start.x) + std::abs(top.start.y) + top.length;
-    const float tolerance = 0.11f + reach * (1.0f + reach / top.length) * 1e-6f;
+    const float away = std::max(Distance(child->start, top.start), Distance(child->end, top.start));
+    const float bend = std::abs(Dot(top.end - top.start, top.normal)) / top.length;
+    const float tolerance = 0.11f + reach * (1.0f + reach / top.length) * 1e-6f + away * bend;
     const float d1 = Dot(child->start - top.start, top.normal);
     const float d2 = Dot(child->end - top.start, top.normal);
     return child->parent == &top &&

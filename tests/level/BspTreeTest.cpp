@@ -102,6 +102,13 @@ TEST_F(BspTreeTest, EqualsItsPlainFormOnRandomWorlds) {
     }
 }
 
+TEST_F(BspTreeTest, EqualsItsPlainFormOnLargeWorlds) {
+    for (Polygons polygons : {BspWorlds::Stars(7, 200), BspWorlds::Tiles(7, 44)}) {
+        BspWorlds::MixFlags(7, polygons);
+        ASSERT_NO_FATAL_FAILURE(ExpectPlainTree(polygons));
+    }
+}
+
 TEST_F(BspTreeTest, EqualsItsPlainFormFarFromTheOrigin) {
     for (std::uint32_t seed = 0; seed < 10; ++seed) {
         Polygons polygons = BspWorlds::Boxes(seed, 40);
