@@ -80,8 +80,10 @@ void StopSound(Trigger& /*trigger*/, void* /*object*/, unsigned /*kind*/, float 
 
 // Forces
 
-/// Sets the velocity to what each enabled force in turn makes of it. Strengths without measure
-/// stop short of values that aren't finite.
+/// Forces give no speed beyond this, units per second: its square is still a float.
+constexpr float mostSpeed = 1.0e18f;
+
+/// Sets the velocity to what each enabled force in turn makes of it.
 template <class Apply>
 void ApplyForces(const Trigger& trigger, const Water& water, Apply apply) {
     if (!water) {
@@ -90,7 +92,7 @@ void ApplyForces(const Trigger& trigger, const Water& water, Apply apply) {
     for (const Force* const force : trigger.forces) {
         if (force->enabled) {
             const Vector2 velocity = apply(*force, water.Velocity());
-            if (std::isfinite(velocity.x) && std::isfinite(velocity.y)) {
+            if (std::fabs(velocity.x) <= mostSpeed && std::fabs(velocity.y) <= mostSpeed) {
                 water.Velocity() = velocity;
             }
         }

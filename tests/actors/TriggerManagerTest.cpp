@@ -1,0 +1,365 @@
+#include "actors/TriggerManager.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "actors/CheckPointTimesManager.h"
+#include "actors/TriggerTypes.h"
+#include "engine/Console.h"
+#include "game/LevelProgress.h"
+#include "level/Collision.h"
+#include "support/TestWorld.h"
+
+namespace {
+
+constexpr float dt = 0.02f;
+
+/// A trigger of the given type over (0, 0) to (100, 100) with particles in it, in view.
+class Triggers : public testing::Test {
+protected:
+    static Trigger& Make(int type, std::uint32_t targetId = 0, float delay = 0.0f) {
+        return TestWorld::AddTrigger(type, {0.0f, 0.0f}, {100.0f, 100.0f}, targetId, delay);
+    }
+    static Particle& Inside() { return TestWorld::AddParticle({50.0f, 50.0f}); }
+
+    TestWorld world;
+};
+
+TEST_F(Triggers, FireOnceOrForAllWaterInEveryStep) {
+    const Trigger& once = Make(601);
+    const Trigger& always = Make(602);
+    for (int i = 0; i < 100; ++i) {
+        Inside();
+    }
+    TriggerManager::Step(dt);
+    TriggerManager::Step(dt);
+    EXPECT_EQ(once.fireCount, 1u);
+    EXPECT_EQ(always.fireCount, 200u);
+    TriggerManager::Reset();
+    EXPECT_EQ(once.fireCount, 0u);
+    TriggerManager::Step(dt);
+    EXPECT_EQ(once.fireCount, 1u);
+}
+
+TEST_F(Triggers, ReactOnlyNearTheCamera) {
+    // The square reaches 440 units from the camera, whatever the zoom.
+    const Trigger& near = TestWorld::AddTrigger(-1, {440.0f, 0.0f}, {500.0f, 50.0f});
+    const Trigger& far = TestWorld::AddTrigger(-1, {440.5f, 0.0f}, {500.0f, 50.0f});
+    TestWorld::AddParticle({470.0f, 20.0f});
+    Camera::zoom = 2.5f;
+    TriggerManager::Step(dt);
+    EXPECT_EQ(near.fireCount, 1u);
+    EXPECT_EQ(far.fireCount, 0u);
+}
+
+TEST_F(Triggers, OfUnknownTypeKeepTheirNumberAndDoNothing) {
+    const Trigger& unknown = Make(12345, 7);
+    EXPECT_STREQ(unknown.typeInfo->name, "Null_a");
+    EXPECT_EQ(unknown.type, 12345);
+    Inside();
+    TriggerManager::Step(dt);
+    EXPECT_EQ(unknown.fireCount, 1u);
+}
+
+TEST_F(Triggers, HeatCoolAndKillWhatIsInside) {
+    Make(2);
+    Particle& particle = Inside();
+    const Particle& outside = TestWorld::AddParticle({150.0f, 50.0f});
+    ParticleGroup& ice = GroupedParticleMover::groups.emplace_back();
+    ice.position = {20.0f, 20.0f};
+    ice.temperature = -10.0f;
+    TriggerManager::Step(dt);
+    EXPECT_EQ(particle.temperature, 20.0f + dt * 80.0f);
+    EXPECT_EQ(outside.temperature, 20.0f);
+    EXPECT_EQ(ice.temperature, -10.0f + dt * 80.0f);
+
+    Make(701, 0, 3.0f);
+    TriggerManager::Step(dt);
+    EXPECT_EQ(particle.dying, 1);
+    EXPECT_EQ(ice.dying, 1);
+    EXPECT_EQ(outside.dying, 0);
+}
+
+TEST_F(Triggers, KillAtRandomAsOftenAsTheirRateSays) {
+    Make(702);
+    for (int i = 0; i < 4000; ++i) {
+        Inside();
+    }
+    TriggerManager::Step(0.2f);
+    const auto dying = std::ranges::count_if(ParticleManager::particles,
+                                             [](const Particle& p) { return p.dying != 0; });
+    EXPECT_NEAR(static_cast<double>(dying), 400.0, 200.0);
+}
+
+TEST_F(Triggers, ApplyEnabledForces) {
+    ForceManager::Add(7, 50.0f, 20.0f, 3.0f, 4.0f, 100.0f);
+    ForceManager::Add(7, 50.0f, 20.0f, 0.0f, 1.0f, 30.0f);
+    ForceManager::Add(8, 50.0f, 20.0f, 0.0f, 1.0f, 1000.0f);
+    struct Case {
+        int type;
+        Vector2 once;    // velocity with all forces of the id enabled
+        Vector2 second;  // with the second alone
+    };
+    const float radial = std::sqrt(1.0f / 31.0f) * dt;
+    for (const Case& c :
+         {Case{200, {1.0f + 60.0f * dt, 80.0f * dt + 30.0f * dt}, {1.0f, 30.0f * dt}},
+          Case{201, {0.0f, 30.0f}, {0.0f, 30.0f}},
+          Case{202, {1.0f, -radial * 130.0f}, {1.0f, -radial * 30.0f}},
+          Case{203, {1.0f, radial * 130.0f}, {1.0f, radial * 30.0f}}}) {
+        TriggerManager::Initialise();
+        ParticleManager::particles.clear();
+        Make(c.type, 7);
+        Particle& particle = Inside();
+        for (const bool both : {true, false}) {
+            ForceManager::forces.front().enabled = both ? 1 : 0;
+            particle.velocity = {1.0f, 0.0f};
+            TriggerManager::Step(dt);
+            const Vector2 expected = both ? c.once : c.second;
+            EXPECT_NEAR(particle.velocity.x, expected.x, 1.0e-4f) << c.type;
+            EXPECT_NEAR(particle.velocity.y, expected.y, 1.0e-4f) << c.type;
+        }
+    }
+}
+
+TEST_F(Triggers, PullNothingThatStandsOnTheForceItself) {
+    ForceManager::Add(7, 50.0f, 50.0f, 1.0f, 0.0f, 1.0e30f);
+    Make(202, 7);
+    Make(203, 7);
+    const Particle& particle = Inside();
+    TriggerManager::Step(dt);
+    EXPECT_EQ(particle.velocity, Vector2{});
+}
+
+TEST_F(Triggers, KeepTheWaterFiniteUnderForcesWithoutMeasure) {
+    for (LevelPolygon& wall : TestLevel::Bowl(100.0f, 100.0f)) {
+        TestWorld::Add(wall);
+    }
+    for (const float strength : {3.0e38f, 1.0e30f, 1.0e17f, -9.0e17f, 1.0e12f}) {
+        ForceManager::Add(7, 50.0f, 80.0f, 1.0f, 1.0f, strength);
+    }
+    for (const int type : {200, 201, 202, 203}) {
+        Make(type, 7);
+    }
+    TestWorld::Start();
+    for (int i = 0; i < 60; ++i) {
+        const auto place = static_cast<float>(i);
+        TestWorld::AddParticle({20.0f + place, 50.0f + place / 2.0f}, i < 10 ? -20.0f : 20.0f);
+        TestWorld::Step(1.0f / 30.0f);
+        for (const Particle& particle : ParticleManager::particles) {
+            ASSERT_TRUE(std::isfinite(Length(particle.velocity)));
+            ASSERT_TRUE(std::isfinite(Length(particle.position)));
+        }
+        for (const ParticleGroup& group : GroupedParticleMover::groups) {
+            ASSERT_TRUE(std::isfinite(Length(group.velocity)));
+            ASSERT_TRUE(std::isfinite(Length(group.position)));
+        }
+    }
+}
+
+TEST_F(Triggers, TakeThingsOutOfTheLevelAndPutThemBack) {
+    LevelPolygon& gate = TestWorld::Add(TestLevel::Box(200.0f, 0.0f, 220.0f, 50.0f), 7);
+    ForceManager::Add(7, 0.0f, 0.0f, 1.0f, 0.0f, 1.0f);
+    LevelObject object;
+    object.id = 7;
+    LevelObjectsManager::Add(object);
+    TestWorld::Start();
+    Inside();
+    for (const int type : {300, 301}) {
+        const int expected = type == 301 ? 1 : 0;
+        Make(type, 7);
+        TriggerManager::Step(dt);
+        EXPECT_EQ(gate.solid, expected);
+        EXPECT_EQ(gate.enabled, expected);
+        Vector2 circle{199.0f, 25.0f};
+        EXPECT_EQ(Collision::CollideCircle(circle, 2.0f), expected == 1);
+        EXPECT_EQ(ForceManager::forces.front().enabled, expected);
+        EXPECT_EQ(LevelObjectsManager::objects.front().enabled, expected);
+    }
+}
+
+TEST_F(Triggers, RunAnimationsAndEmitters) {
+    LevelObject object;
+    object.id = 7;
+    object.frameCount = 3;
+    object.frame = 2;
+    LevelObjectsManager::Add(object);
+    const LevelObject& target = LevelObjectsManager::animatedObjects.front();
+    Emitter emitter;
+    emitter.id = 7;
+    FxParticleManager::Add(emitter);
+    const Emitter& source = FxParticleManager::emitters.front();
+    Inside();
+    const auto fire = [](int type) {
+        Make(type, 7);
+        TriggerManager::Step(dt);
+    };
+    fire(3);
+    EXPECT_EQ(target.stopped, 0);
+    EXPECT_EQ(target.frame, 2u);
+    fire(5);
+    EXPECT_EQ(target.stopped, 1);
+    fire(4);
+    EXPECT_EQ(target.stopped, 0);
+    EXPECT_EQ(target.frame, 0u);
+    EXPECT_EQ(target.playLimit, 1u);
+    fire(503);
+    EXPECT_EQ(source.running, 0);
+    fire(502);
+    EXPECT_EQ(source.running, 1);
+}
+
+TEST_F(Triggers, SetTheStateOfMovers) {
+    const Mover& mover = TestWorld::AddMover(7, {}, {100.0f, 0.0f}, 10.0f);
+    Inside();
+    const std::pair<int, int> states[] = {{401, Mover::GoingToStart},   {402, Mover::GoingToEnd},
+                                          {403, Mover::Stopped},        {404, Mover::GoingToStart},
+                                          {405, Mover::GoingToEnd},     {406, Mover::Stopped},
+                                          {407, Mover::LoopingToStart}, {408, Mover::LoopingToEnd},
+                                          {409, Mover::LoopingToStart}, {410, Mover::LoopingToEnd}};
+    for (const auto& [type, state] : states) {
+        // The last trigger of the list has the last word.
+        Make(type, 7);
+        TriggerManager::Step(dt);
+        EXPECT_EQ(mover.state, state) << type;
+    }
+}
+
+TEST_F(Triggers, BindWhatIsThereWhenTheyAreAdded) {
+    ForceManager::Add(7, 0.0f, 0.0f, 1.0f, 0.0f, 10.0f);
+    const Trigger& early = Make(201, 7);
+    ForceManager::Add(7, 0.0f, 0.0f, 1.0f, 0.0f, 20.0f);
+    ForceManager::Add(0, 0.0f, 0.0f, 1.0f, 0.0f, 30.0f);
+    const Particle& particle = Inside();
+    TriggerManager::Step(dt);
+    EXPECT_EQ(particle.velocity.x, 10.0f);
+    const Trigger& late = Make(201, 7);
+    TriggerManager::Step(dt);
+    EXPECT_EQ(particle.velocity.x, 20.0f);
+    const Trigger& none = Make(201, 0);
+    EXPECT_EQ(early.forces.size(), 1u);
+    EXPECT_EQ(late.forces.size(), 2u);
+    EXPECT_EQ(none.forces.size(), 0u);
+}
+
+TEST_F(Triggers, WaitForTheirDelay) {
+    const Mover& mover = TestWorld::AddMover(7, {}, {100.0f, 0.0f}, 10.0f);
+    Make(402, 7, 0.05f);
+    Inside();
+    TriggerManager::Step(dt);
+    ParticleManager::particles.clear();
+    TriggerManager::Step(dt);
+    TriggerManager::Step(dt);
+    EXPECT_EQ(mover.state, Mover::Stopped);
+    TriggerManager::Step(dt);
+    EXPECT_EQ(mover.state, Mover::GoingToEnd);
+    EXPECT_EQ(TriggerManager::DelayedCount(), 0u);
+
+    TriggerManager::Reset();
+    Inside();
+    TriggerManager::Step(dt);
+    EXPECT_EQ(TriggerManager::DelayedCount(), 1u);
+    TriggerManager::Reset();
+    EXPECT_EQ(TriggerManager::DelayedCount(), 0u);
+}
+
+TEST_F(Triggers, QueueDelayedEffectsByStepsNotByParticles) {
+    // Both directions at once: the order of the firings decides where the mover goes.
+    const Mover& mover = TestWorld::AddMover(7, {}, {100.0f, 0.0f}, 10.0f);
+    Make(404, 7, 0.03f);
+    TestWorld::AddTrigger(405, {0.0f, 0.0f}, {40.0f, 100.0f}, 7, 0.03f);
+    TestWorld::AddParticle({20.0f, 50.0f});
+    for (int i = 0; i < 500; ++i) {
+        Inside();
+    }
+    TriggerManager::Step(dt);
+    EXPECT_EQ(TriggerManager::DelayedCount(), 3u);
+    ParticleManager::particles.clear();
+    TriggerManager::Step(dt);
+    TriggerManager::Step(dt);
+    EXPECT_EQ(mover.state, Mover::GoingToStart);
+}
+
+TEST_F(Triggers, CountWaterInTheFinish) {
+    LevelProgress::Initialise();
+    ParticleGroup& ice = GroupedParticleMover::groups.emplace_back();
+    ice.position = {50.0f, 50.0f};
+    ice.particles.resize(30);
+    for (int i = 0; i < 10; ++i) {
+        Inside();
+    }
+    Make(801);
+    TriggerManager::Step(dt);
+    LevelProgress::Step(dt);
+    EXPECT_TRUE(LevelProgress::IsFinishing());
+    LevelProgress::Shutdown();
+}
+
+TEST_F(Triggers, MoveTheRespawnToTheirCentre) {
+    LevelProgress::Initialise();
+    CheckPointTimesManager::Initialise();
+    TriggerManager::Add(901, 0, 0.0f, {0.0f, 0.0f}, {90.0f, 0.0f}, {90.0f, 30.0f}, {0.0f, 30.0f});
+    for (int i = 0; i < 5; ++i) {
+        TestWorld::AddParticle({10.0f, 10.0f});
+    }
+    TriggerManager::Step(dt);
+    EXPECT_EQ(LevelProgress::respawnX, 45.0f);
+    EXPECT_EQ(LevelProgress::respawnY, 15.0f);
+    EXPECT_EQ(LevelProgress::respawnAmount, 5u);
+    CheckPointTimesManager::Shutdown();
+    LevelProgress::Shutdown();
+}
+
+TEST_F(Triggers, SurviveShapesAndNumbersOfAllKinds) {
+    const float infinity = std::numeric_limits<float>::infinity();
+    const Vector2 corners[] = {{50.0f, 50.0f},        {0.0f, 0.0f},      {100.0f, 100.0f},
+                               {2.0e9f, 2.0e9f},      {-2.0e9f, 2.0e9f}, {infinity, 0.0f},
+                               {std::nanf(""), 5.0f}, {50.0f, -2.0e9f}};
+    int index = 0;
+    for (int type = -5; type < 1000; ++type) {
+        const auto corner = [&] { return corners[(index += 3) % 8]; };
+        const float delays[] = {0.0f, -1.0f, infinity, std::nanf(""), 1.0e30f};
+        const Vector2 a = corner();
+        const Vector2 b = index % 5 == 0 ? a : corner();
+        TriggerManager::Add(type, static_cast<std::uint32_t>(type), delays[index % 5], a, b,
+                            corner(), corner());
+    }
+    for (int i = 0; i < 20; ++i) {
+        Inside();
+    }
+    LevelProgress::Initialise();
+    CheckPointTimesManager::Initialise();
+    TestWorld::Start();
+    TestWorld::Steps(20);
+    for (const Particle& particle : ParticleManager::particles) {
+        EXPECT_TRUE(std::isfinite(particle.position.x) && std::isfinite(particle.position.y));
+    }
+    CheckPointTimesManager::Shutdown();
+    LevelProgress::Shutdown();
+}
+
+TEST_F(Triggers, AreListedAndMadeOnTheConsole) {
+    Console::Initialise();
+    TriggerManager::Initialise();
+    Console::Execute("TriggerTypeList");
+    EXPECT_NE(Console::OutputText().find("\nTrigger id: 201\t\tTrigger name:   "
+                                         "Force_instantenous_a\nTrigger id: 202"),
+              std::string::npos);
+    Console::Execute("TriggerCreate 0 3 10 20 30.5 40");
+    ASSERT_EQ(TriggerManager::triggers.size(), 1u);
+    const Trigger& trigger = TriggerManager::triggers.front();
+    EXPECT_EQ(trigger.targetId, 3u);
+    EXPECT_EQ(trigger.minX, 10.0f);
+    EXPECT_EQ(trigger.maxX, 40.5f);
+    EXPECT_EQ(trigger.maxY, 60.0f);
+    Console::Execute("TriggerCreate 0 3 10 20 30.5");
+    Console::Execute("TriggerCreate 0 x 10 20 30.5 40");
+    EXPECT_EQ(TriggerManager::triggers.size(), 1u);
+    EXPECT_NE(Console::OutputText().find("\nUSAGE: TriggerCreate < id : integer > < target id : "),
+              std::string::npos);
+    Console::Shutdown();
+}
+
+}  // namespace
