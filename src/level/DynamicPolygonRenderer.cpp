@@ -1,7 +1,10 @@
+// Which polygons are drawn anew each frame, and in what order.
+
 #include "level/DynamicPolygonRenderer.h"
 
 #include <algorithm>
 #include <array>
+#include <vector>
 
 #include "actors/Camera.h"
 #include "engine/Console.h"
@@ -12,76 +15,101 @@ namespace DynamicPolygonRenderer {
 
 namespace {
 
+constexpr std::size_t layerCount = 5;
+
+/// A polygon with the box of its outline at rest.
 struct DynamicPolygon {
     const LevelPolygon* polygon = nullptr;
-    float minX = 0.0f;  ///< box of the outline at rest
+    float minX = 0.0f;
     float maxX = 0.0f;
     float minY = 0.0f;
     float maxY = 0.0f;
 };
 
-std::vector<DynamicPolygon> entries;
+std::vector<DynamicPolygon> polygons;
+/// Heaps with the smallest texture name on top. They keep their room from frame to frame.
 std::array<std::vector<const LevelPolygon*>, layerCount> layerQueues;
 
-DynamicPolygon MakeEntry(const LevelPolygon& polygon) {
+bool HasLargerTexture(const LevelPolygon* a, const LevelPolygon* b) {
+    return a->texture > b->texture;
+}
+
+/// An outline that crosses itself has no triangles.
+bool IsDynamic(const LevelPolygon& polygon) {
+    return polygon.triangleCount != 0 && polygon.visible != 0 &&
+           (polygon.movedByMover != 0 || polygon.toggledByTrigger != 0);
+}
+
+DynamicPolygon WithBox(const LevelPolygon& polygon) {
     const auto [minX, maxX] = std::minmax_element(polygon.pointsX.begin(), polygon.pointsX.end());
     const auto [minY, maxY] = std::minmax_element(polygon.pointsY.begin(), polygon.pointsY.end());
     return {&polygon, *minX, *maxX, *minY, *maxY};
 }
 
-bool IsInView(const DynamicPolygon& entry, Vector2 centre, float half) {
+bool IsInSquare(const DynamicPolygon& entry, Vector2 centre, float halfSize) {
     const Vector2 offset = entry.polygon->offset;
-    return entry.maxX + offset.x >= centre.x - half && entry.minX + offset.x <= centre.x + half &&
-           entry.maxY + offset.y >= centre.y - half && entry.minY + offset.y <= centre.y + half;
+    return entry.minX + offset.x <= centre.x + halfSize &&
+           entry.maxX + offset.x >= centre.x - halfSize &&
+           entry.minY + offset.y <= centre.y + halfSize &&
+           entry.maxY + offset.y >= centre.y - halfSize;
 }
 
-bool SmallerTexture(const LevelPolygon* a, const LevelPolygon* b) {
-    return a->texture.glName < b->texture.glName;
+void ClearQueues() {
+    for (auto& queue : layerQueues) {
+        queue.clear();
+    }
 }
 
 }  // namespace
-
-bool Draws(const LevelPolygon& polygon) {
-    return polygon.triangleCount > 0 && polygon.visible &&
-           (polygon.movedByMover || polygon.toggledByTrigger);
-}
 
 void Initialise() {
     Shutdown();
     Console::Print("\nIntialising dynamic polygon renderer..");
     for (const LevelPolygon& polygon : LevelData::polygons) {
-        if (Draws(polygon)) {
-            entries.push_back(MakeEntry(polygon));
+        if (IsDynamic(polygon)) {
+            polygons.push_back(WithBox(polygon));
         }
+    }
+    for (auto& queue : layerQueues) {
+        queue.reserve(polygons.size());
     }
 }
 
 void Shutdown() {
     Console::Print("\nShuttrng down dynamic polygon renderer..");
-    entries.clear();
-    for (auto& queue : layerQueues) {
-        queue.clear();
-    }
+    polygons.clear();
+    ClearQueues();
 }
 
 void PrepareDraw() {
+    ClearQueues();
     const Vector2 centre = Camera::position + Camera::shakeOffset;
-    const float half = std::max(Game::ViewWidth(), Game::ViewHeight()) * 0.65f * Camera::zoom;
-    for (auto& queue : layerQueues) {
-        queue.clear();
-    }
-    for (const DynamicPolygon& entry : entries) {
-        if (entry.polygon->enabled && IsInView(entry, centre, half)) {
-            layerQueues[entry.polygon->layer].push_back(entry.polygon);
+    const float halfSize = std::max(Game::ViewWidth(), Game::ViewHeight()) * 0.65f * Camera::zoom;
+    for (const DynamicPolygon& entry : polygons) {
+        const LevelPolygon& polygon = *entry.polygon;
+        if (polygon.enabled == 0 || polygon.layer >= layerCount ||
+            !IsInSquare(entry, centre, halfSize)) {
+            continue;
         }
-    }
-    for (auto& queue : layerQueues) {
-        std::sort(queue.begin(), queue.end(), SmallerTexture);
+        auto& queue = layerQueues[polygon.layer];
+        queue.push_back(&polygon);
+        std::push_heap(queue.begin(), queue.end(), HasLargerTexture);
     }
 }
 
-std::vector<const LevelPolygon*>& LayerQueue(int layer) {
-    return layerQueues[static_cast<std::size_t>(layer)];
+std::size_t PolygonCount() {
+    return polygons.size();
+}
+
+const LevelPolygon* TakeQueued(int layer) {
+    auto& queue = layerQueues[static_cast<std::size_t>(layer)];
+    if (queue.empty()) {
+        return nullptr;
+    }
+    std::pop_heap(queue.begin(), queue.end(), HasLargerTexture);
+    const LevelPolygon* const polygon = queue.back();
+    queue.pop_back();
+    return polygon;
 }
 
 }  // namespace DynamicPolygonRenderer

@@ -2,18 +2,13 @@
 // Draws the polygons that movers carry or triggers switch, each frame. `Initialise`,
 // `Shutdown` and `PrepareDraw` need no GL; `DrawLayer` is in DynamicPolygonRendererDraw.cpp.
 
-#include <vector>
+#include <cstddef>
 
 #include "level/LevelPolygon.h"
 
 namespace DynamicPolygonRenderer {
 
-inline constexpr std::size_t layerCount = 5;
-
-/// Whether this renderer, and not the one of static geometry, draws the polygon; false also
-/// for what neither draws.
-bool Draws(const LevelPolygon& polygon);
-
+/// Takes its polygons from the loaded level.
 void Initialise();
 void Shutdown();
 /// Once a frame before the layers: queues what is enabled and in view.
@@ -21,7 +16,10 @@ void PrepareDraw();
 /// Draws and empties the layer's queue.
 void DrawLayer(int layer);
 
-/// The layer's polygons as PrepareDraw left them, by texture.
-std::vector<const LevelPolygon*>& LayerQueue(int layer);
+/// How many polygons of the level it draws.
+std::size_t PolygonCount();
+/// Takes the polygon with the smallest texture name off the layer's queue; null if it is
+/// empty.
+const LevelPolygon* TakeQueued(int layer);
 
 }  // namespace DynamicPolygonRenderer

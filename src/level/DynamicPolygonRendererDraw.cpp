@@ -1,29 +1,59 @@
-// Draws the queued polygons with one bind for each run of one texture.
+// Sends the queued polygons in arrays, one for each texture.
 
 #include <GL/gl.h>
 
-#include "level/DynamicPolygonRenderer.h"
-#include "level/TriangleBatch.h"
+#include <cstdint>
+#include <vector>
 
-namespace DynamicPolygonRenderer {
+#include "level/DynamicPolygonRenderer.h"
+#include "level/PolygonTexture.h"
 
 namespace {
 
-TriangleBatch batch;
+struct Vertex {
+    float u, v;
+    float x, y;
+};
+
+/// Vertices of the texture at hand. It keeps its room from frame to frame.
+std::vector<Vertex> vertices;
+
+/// A moved polygon keeps the texture coordinates that it has at rest.
+void Append(const LevelPolygon& polygon) {
+    const float width = TextureRepeat(polygon.texture.width);
+    const float height = TextureRepeat(polygon.texture.height);
+    for (std::size_t i = 0; i < polygon.triangleX.size(); ++i) {
+        const float x = polygon.triangleX[i];
+        const float y = polygon.triangleY[i];
+        vertices.push_back({x / width, y / height, x + polygon.offset.x, y + polygon.offset.y});
+    }
+}
+
+void DrawVertices(std::uint32_t texture) {
+    glBindTexture(GL_TEXTURE_2D, texture);
+    glTexCoordPointer(2, GL_FLOAT, sizeof(Vertex), &vertices[0].u);
+    glVertexPointer(2, GL_FLOAT, sizeof(Vertex), &vertices[0].x);
+    glDrawArrays(GL_TRIANGLES, 0, static_cast<GLsizei>(vertices.size()));
+    vertices.clear();
+}
 
 }  // namespace
 
-void DrawLayer(int layer) {
-    auto& queue = LayerQueue(layer);
-    for (std::size_t i = 0; i < queue.size();) {
-        const GLuint texture = queue[i]->texture.glName;
-        for (; i < queue.size() && queue[i]->texture.glName == texture; ++i) {
-            batch.Add(*queue[i], queue[i]->offset);
-        }
-        glBindTexture(GL_TEXTURE_2D, texture);
-        batch.Draw();
+void DynamicPolygonRenderer::DrawLayer(int layer) {
+    const LevelPolygon* polygon = TakeQueued(layer);
+    if (polygon == nullptr) {
+        return;
     }
-    queue.clear();
+    glPushClientAttrib(GL_CLIENT_VERTEX_ARRAY_BIT);
+    glEnableClientState(GL_TEXTURE_COORD_ARRAY);
+    glEnableClientState(GL_VERTEX_ARRAY);
+    while (polygon != nullptr) {
+        const std::uint32_t texture = polygon->texture.glName;
+        Append(*polygon);
+        polygon = TakeQueued(layer);
+        if (polygon == nullptr || polygon->texture.glName != texture) {
+            DrawVertices(texture);
+        }
+    }
+    glPopClientAttrib();
 }
-
-}  // namespace DynamicPolygonRenderer

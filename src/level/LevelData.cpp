@@ -1,17 +1,11 @@
-// A level's life: load, unload and restart, in the orders that its modules need.
+// Life of the loaded level: the order in which its modules start, end and are reset.
 
 #include "level/LevelData.h"
 
-#include "actors/CheckPointTimesManager.h"
-#include "actors/ForceManager.h"
-#include "actors/LevelObjectsManager.h"
-#include "actors/MoverManager.h"
-#include "actors/TriggerManager.h"
 #include "engine/Console.h"
 #include "engine/Presentation.h"
 #include "level/BspTree.h"
 #include "level/DynamicPolygonRenderer.h"
-#include "level/LevelBuilder.h"
 #include "level/LevelFileReader.h"
 
 namespace LevelData {
@@ -24,25 +18,19 @@ Vector2 cameraStart;
 
 namespace {
 
-void MarkPolygons() {
-    LevelBuilder::Ids toggled;
-    LevelBuilder::Ids moved;
-    for (const Trigger& trigger : TriggerManager::triggers) {
-        if (LevelBuilder::TogglesPolygons(trigger.type)) {
-            toggled.insert(trigger.targetId);
-        }
+bool DrawTriangles(bool value, bool isSet) {
+    if (isSet) {
+        drawTriangles = value;
     }
-    for (const Mover& mover : MoverManager::movers) {
-        moved.insert(mover.id);
-    }
-    LevelBuilder::MarkPolygons(polygons, toggled, moved);
+    return drawTriangles;
 }
 
+/// Which nodes came from which polygon, in the tree's order.
 void MapSegments() {
-    std::vector<BspSegment*> nodes;
-    BspTree::CollectNodes(nodes);
-    for (BspSegment* node : nodes) {
-        polygonSegments[node->polygon].push_back(node);
+    std::vector<BspSegment*> segments;
+    BspTree::CollectNodes(segments);
+    for (BspSegment* const segment : segments) {
+        polygonSegments[segment->polygon].push_back(segment);
     }
 }
 
@@ -55,19 +43,12 @@ bool Load(const std::string& fileName) {
         return false;
     }
     drawTriangles = false;
-    // What movers carry stays out of the tree, so the marks come first.
-    MarkPolygons();
+    // The reader has marked what movers carry, which stays out of the tree.
     BspTree::Build(polygons);
     Presentation::Current().PrepareLevel();
     DynamicPolygonRenderer::Initialise();
-    CheckPointTimesManager::Initialise();
     MapSegments();
-    Console::AddCommand("DrawTriangles", [](bool value, bool isSet) {
-        if (isSet) {
-            drawTriangles = value;
-        }
-        return drawTriangles;
-    });
+    Console::AddCommand("DrawTriangles", DrawTriangles);
     return true;
 }
 
@@ -76,12 +57,7 @@ void Unload() {
     Console::RemoveCommand("DrawTriangles");
     Presentation::Current().ReleaseLevel();
     BspTree::Destroy();
-    LevelObjectsManager::Shutdown();
-    ForceManager::Shutdown();
     DynamicPolygonRenderer::Shutdown();
-    TriggerManager::Shutdown();
-    CheckPointTimesManager::Shutdown();
-    MoverManager::Shutdown();
     polygons.clear();
     polygonSegments.clear();
 }
@@ -94,19 +70,17 @@ void Restart() {
         polygon.previousOffset = {};
     }
     BspTree::Reset();
-    LevelObjectsManager::Reset();
-    MoverManager::Reset();
-    TriggerManager::Reset();
 }
 
 void SetPolygonSolid(LevelPolygon& polygon, bool solid) {
-    polygon.solid = solid ? 1 : 0;
+    const std::uint8_t value = solid ? 1 : 0;
+    polygon.solid = value;
     const auto entry = polygonSegments.find(&polygon);
     if (entry == polygonSegments.end()) {
         return;
     }
-    for (BspSegment* segment : entry->second) {
-        segment->active = polygon.solid;
+    for (BspSegment* const segment : entry->second) {
+        segment->active = value;
     }
 }
 

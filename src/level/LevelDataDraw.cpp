@@ -3,9 +3,7 @@
 #include "level/BspTree.h"
 #include "level/LevelData.h"
 
-namespace LevelData {
-
-void Draw() {
+void LevelData::Draw() {
     BspTree::DrawDebug();
     if (!drawTriangles) {
         return;
@@ -14,5 +12,3 @@ void Draw() {
         polygon.DrawWireframe();
     }
 }
-
-}  // namespace LevelData

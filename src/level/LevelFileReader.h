@@ -1,13 +1,13 @@
 #pragma once
-// Brings a level file into the game: reads and checks all of it first, and only then shuts the
-// old level down and hands the records to the modules that own them.
+// Brings a level file into the game: reads and checks it as a whole, and only then ends the
+// level that runs and puts the new one in its place.
 
 #include <string>
 
 namespace LevelFileReader {
 
-/// False if the file can't be used: the reason is on the console, and the level that was
-/// loaded lives on.
+/// Publishes the level of that name. On failure the reason is on the console, false comes
+/// back, and nothing has changed. Called by LevelData::Load only.
 bool Read(const std::string& fileName);
 
 }  // namespace LevelFileReader

@@ -1,82 +1,99 @@
+// Compiles the level's fixed polygons into one display list a layer: one bind for each
+// texture of a layer, one call a layer and frame.
+
 #include "level/LevelGeometryRenderer.h"
 
 #include <GL/gl.h>
 
-#include <algorithm>
 #include <array>
+#include <queue>
 #include <vector>
 
 #include "engine/Console.h"
 #include "engine/Timer.h"
-#include "level/DynamicPolygonRenderer.h"
 #include "level/LevelData.h"
-#include "level/TriangleBatch.h"
-
-namespace LevelGeometryRenderer {
+#include "level/PolygonTexture.h"
 
 namespace {
 
 constexpr std::size_t layerCount = 5;
 
-std::array<GLuint, layerCount> lists{};  // 0 where there is none
+/// Names of the lists; 0 without a list.
+std::array<GLuint, layerCount> lists{};
 bool drawLevelGeometry = true;
 
-using Layer = std::vector<const LevelPolygon*>;
-
-std::array<Layer, layerCount> SortIntoLayers() {
-    std::array<Layer, layerCount> layers;
-    for (const LevelPolygon& polygon : LevelData::polygons) {
-        if (polygon.triangleCount > 0 && polygon.visible &&
-            !DynamicPolygonRenderer::Draws(polygon)) {
-            layers[polygon.layer].push_back(&polygon);
-        }
+bool DrawLevelGeometry(bool value, bool isSet) {
+    if (isSet) {
+        drawLevelGeometry = value;
     }
-    for (Layer& layer : layers) {
-        std::stable_sort(layer.begin(), layer.end(),
-                         [](const LevelPolygon* a, const LevelPolygon* b) {
-                             return a->texture.glName < b->texture.glName;
-                         });
-    }
-    return layers;
+    return drawLevelGeometry;
 }
 
-/// One bind for each texture of the layer.
-void Emit(const Layer& layer) {
-    TriangleBatch batch;
-    for (std::size_t i = 0; i < layer.size();) {
-        const GLuint texture = layer[i]->texture.glName;
-        for (; i < layer.size() && layer[i]->texture.glName == texture; ++i) {
-            batch.Add(*layer[i], {});
-        }
+struct HasLargerTexture {
+    bool operator()(const LevelPolygon* a, const LevelPolygon* b) const {
+        return a->texture > b->texture;
+    }
+};
+/// The smallest texture name on top.
+using LayerHeap =
+    std::priority_queue<const LevelPolygon*, std::vector<const LevelPolygon*>, HasLargerTexture>;
+
+/// An outline that crosses itself has no triangles.
+bool IsFixed(const LevelPolygon& polygon) {
+    return polygon.triangleCount != 0 && polygon.visible != 0 && polygon.movedByMover == 0 &&
+           polygon.toggledByTrigger == 0;
+}
+
+void EmitTriangles(const LevelPolygon& polygon) {
+    const auto width = TextureRepeat(polygon.texture.width);
+    const auto height = TextureRepeat(polygon.texture.height);
+    // The view flattens z, and nothing tests depth: it only keeps the layers apart in theory.
+    const float z = 65535.0f - static_cast<float>(polygon.layer);
+    for (std::size_t i = 0; i < polygon.triangleX.size(); ++i) {
+        const float x = polygon.triangleX[i];
+        const float y = polygon.triangleY[i];
+        glTexCoord2f(x / width, y / height);
+        glVertex3f(x, y, z);
+    }
+}
+
+void EmitLayer(LayerHeap& heap) {
+    while (!heap.empty()) {
+        const GLuint texture = heap.top()->texture.glName;
         glBindTexture(GL_TEXTURE_2D, texture);
-        batch.Draw();
+        glBegin(GL_TRIANGLES);
+        while (!heap.empty() && heap.top()->texture.glName == texture) {
+            EmitTriangles(*heap.top());
+            heap.pop();
+        }
+        glEnd();
     }
 }
 
 void DrawLayer(std::size_t layer) {
-    if (drawLevelGeometry && lists[layer] != 0) {
+    if (lists[layer] != 0 && drawLevelGeometry) {
         glCallList(lists[layer]);
     }
 }
 
 }  // namespace
 
-void Initialise() {
+void LevelGeometryRenderer::Initialise() {
     Shutdown();
     Console::Print("\nInitialising level geometry renderer...");
     drawLevelGeometry = true;
-    Console::AddCommand("DrawLevelGeometry", [](bool value, bool isSet) {
-        if (isSet) {
-            drawLevelGeometry = value;
-        }
-        return drawLevelGeometry;
-    });
+    Console::AddCommand("DrawLevelGeometry", DrawLevelGeometry);
     Timer timer;
-    const auto layers = SortIntoLayers();
-    for (std::size_t i = 0; i < layerCount; ++i) {
-        lists[i] = glGenLists(1);
-        glNewList(lists[i], GL_COMPILE);
-        Emit(layers[i]);
+    std::array<LayerHeap, layerCount> heaps;
+    for (const LevelPolygon& polygon : LevelData::polygons) {
+        if (IsFixed(polygon) && polygon.layer < layerCount) {
+            heaps[polygon.layer].push(&polygon);
+        }
+    }
+    for (std::size_t layer = 0; layer < layerCount; ++layer) {
+        lists[layer] = glGenLists(1);
+        glNewList(lists[layer], GL_COMPILE);
+        EmitLayer(heaps[layer]);
         glEndList();
     }
     timer.Tick();
@@ -85,7 +102,7 @@ void Initialise() {
     Console::Print("\nseconds.");
 }
 
-void Shutdown() {
+void LevelGeometryRenderer::Shutdown() {
     Console::Print("\nShutting down level geometry renderer...");
     Console::RemoveCommand("DrawLevelGeometry");
     for (GLuint& list : lists) {
@@ -96,24 +113,22 @@ void Shutdown() {
     }
 }
 
-void DrawLayer0() {
+void LevelGeometryRenderer::DrawLayer0() {
     DrawLayer(0);
 }
 
-void DrawLayer1() {
+void LevelGeometryRenderer::DrawLayer1() {
     DrawLayer(1);
 }
 
-void DrawLayer2() {
+void LevelGeometryRenderer::DrawLayer2() {
     DrawLayer(2);
 }
 
-void DrawLayer3() {
+void LevelGeometryRenderer::DrawLayer3() {
     DrawLayer(3);
 }
 
-void DrawLayer4() {
+void LevelGeometryRenderer::DrawLayer4() {
     DrawLayer(4);
 }
-
-}  // namespace LevelGeometryRenderer

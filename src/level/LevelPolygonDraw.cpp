@@ -1,17 +1,19 @@
-// A polygon's debug view.
+// Debug view of a polygon's triangles.
+
+#include <GL/gl.h>
 
 #include "graphics/GLWindowDraw.h"
 #include "level/LevelPolygon.h"
 
 void LevelPolygon::DrawWireframe() const {
-    constexpr DebugDraw::Colour red{1.0f, 0.0f, 0.0f};
     const DebugDraw::State state;
-    const auto corner = [this](std::size_t i) {
-        return Vector2{triangleX[i], triangleY[i]} + offset;
-    };
-    for (std::size_t t = 0; t < triangleCount; ++t) {
-        for (std::size_t c = 0; c < 3; ++c) {
-            DebugDraw::Line(corner(3 * t + c), corner(3 * t + (c + 1) % 3), red);
-        }
+    glLineWidth(1.0f);
+    glColor4f(1.0f, 0.0f, 0.0f, 1.0f);
+    glBegin(GL_LINES);
+    for (std::size_t i = 0; i < triangleX.size(); ++i) {
+        const std::size_t next = i % 3 == 2 ? i - 2 : i + 1;
+        glVertex2f(triangleX[i] + offset.x, triangleY[i] + offset.y);
+        glVertex2f(triangleX[next] + offset.x, triangleY[next] + offset.y);
     }
+    glEnd();
 }
