@@ -105,7 +105,7 @@ int main(int argc, char** argv) {
 
     Platform::GlfwWindow window;
     Platform::UseWindow(&window);
-    TextureDeviceGL textures;
+    GLTextureDevice textures;
     TextureManager::UseDevice(&textures);
     GamePresentation presentation;
     Presentation::Use(&presentation);
