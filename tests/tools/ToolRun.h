@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -12,6 +11,7 @@
 #include <string>
 
 #include "level/LevelFile.h"
+#include "support/TemporaryDirectory.h"
 
 class ToolTest : public testing::Test {
 protected:
@@ -20,15 +20,6 @@ protected:
         std::string out;
         std::string error;
     };
-
-    ToolTest() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "vantrel-XXXXXX").string();
-        folder = mkdtemp(pattern.data());
-    }
-    ~ToolTest() override {
-        std::error_code error;
-        std::filesystem::remove_all(folder, error);
-    }
 
     /// Runs with the fixture's folder as working directory.
     Outcome Run(const std::string& arguments) const {
@@ -42,8 +33,7 @@ protected:
         return {std::istreambuf_iterator<char>(file), {}};
     }
     void Write(const std::string& name, const std::string& content) const {
-        std::filesystem::create_directories((folder / name).parent_path());
-        std::ofstream(folder / name, std::ios::binary) << content;
+        directory.Write(name, content);
     }
     void WriteLevel(const std::string& name, const LevelFile& level) const {
         const auto bytes = level.Serialise();
@@ -58,7 +48,8 @@ protected:
         return level.value_or(LevelFile());
     }
 
-    std::filesystem::path folder;
+    TemporaryDirectory directory;
+    const std::filesystem::path& folder = directory.path;
 };
 
 /// An axis-aligned polygon record.

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "Message.h"
 #include "level/LevelFile.h"
 #include "level/LevelPolygon.h"
 
@@ -27,8 +28,8 @@ public:
     std::vector<Problem> list;
 
 private:
-    void Add(bool isError, std::string kind, std::size_t number, std::string text) {
-        list.push_back({isError, std::move(kind) + " " + std::to_string(number), std::move(text)});
+    void Add(bool isError, const char* kind, std::size_t number, std::string text) {
+        list.push_back({isError, Message(kind, " ", number), std::move(text)});
     }
 };
 

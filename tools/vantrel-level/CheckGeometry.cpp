@@ -26,7 +26,7 @@ struct Shape {
 };
 
 std::string Text(LevelFile::Point point) {
-    return std::string("(") + std::to_string(point.x) + ", " + std::to_string(point.y) + ")";
+    return Message("(", point.x, ", ", point.y, ")");
 }
 
 /// The first point that lies on a side it is no end of.
@@ -61,8 +61,8 @@ void CheckOutline(const Shape& shape, std::size_t number, Problems& problems) {
     const Points& points = shape.record->points;
     const LevelFile::Point* corner = TouchingCorner(points);
     const std::string touch = corner == nullptr ? ""
-                                                : std::string("corner ") + Text(*corner) +
-                                                      " touches another side of its outline";
+                                                : Message("corner ", Text(*corner),
+                                                          " touches another side of its outline");
     if (shape.HasTriangles()) {
         if (corner != nullptr) {
             problems.Warning("polygon", number, touch);
@@ -80,7 +80,7 @@ void CheckOutline(const Shape& shape, std::size_t number, Problems& problems) {
     } else if (shape.polygon->IsInvalid()) {
         reason = "its outline crosses itself";
     }
-    problems.Error("polygon", number, "has no triangles: " + reason);
+    problems.Error("polygon", number, Message("has no triangles: ", reason));
 }
 
 /// The outline in one form for all starts and directions.
@@ -89,7 +89,7 @@ std::vector<std::pair<std::int32_t, std::int32_t>> Canonical(const Points& point
     for (const LevelFile::Point point : Outline::Reduced(points)) {
         form.emplace_back(point.x, point.y);
     }
-    std::ranges::rotate(form, std::ranges::min_element(form));
+    std::rotate(form.begin(), std::min_element(form.begin(), form.end()), form.end());
     return form;
 }
 
@@ -107,8 +107,7 @@ void CheckTwins(const std::vector<Shape>& shapes, Problems& problems) {
             const bool bothSeen = shapes[i].polygon->visible && other.polygon->visible &&
                                   shapes[i].record->layer == other.record->layer;
             if (bothSolid || bothSeen) {
-                problems.Warning("polygon", i,
-                                 "is identical to polygon " + std::to_string(entry->second));
+                problems.Warning("polygon", i, Message("is identical to polygon ", entry->second));
                 break;
             }
         }
@@ -132,8 +131,7 @@ void CheckOverlaps(const std::vector<Shape>& shapes, Problems& problems) {
         for (const std::size_t j : hits) {
             if (j > i &&
                 Overlap(shapes[solids[i]].record->points, shapes[solids[j]].record->points)) {
-                problems.Warning("polygon", solids[i],
-                                 "overlaps polygon " + std::to_string(solids[j]));
+                problems.Warning("polygon", solids[i], Message("overlaps polygon ", solids[j]));
             }
         }
     }
@@ -150,10 +148,9 @@ void CheckWaterStart(const LevelFile& level, const std::vector<Shape>& shapes, P
             continue;
         }
         if (Outline::Contains(points, x, y)) {
-            problems.Error("start", 0, "the water starts inside polygon " + std::to_string(i));
+            problems.Error("start", 0, Message("the water starts inside polygon ", i));
         } else if (Outline::DistanceToSides(points, x, y) < room) {
-            problems.Warning("start", 0,
-                             "the water starts closer than 12 to polygon " + std::to_string(i));
+            problems.Warning("start", 0, Message("the water starts closer than 12 to polygon ", i));
         }
     }
 }

@@ -20,8 +20,8 @@ std::uint64_t KeyOf(Vector2 corner) {
 }
 
 std::string At(Vector2 corner) {
-    return std::string("at (") + std::to_string(static_cast<std::int64_t>(corner.x)) + ", " +
-           std::to_string(static_cast<std::int64_t>(corner.y)) + ")";
+    return Message("at (", static_cast<std::int64_t>(corner.x), ", ",
+                   static_cast<std::int64_t>(corner.y), ")");
 }
 
 }  // namespace
@@ -50,18 +50,16 @@ void CheckJoints(const LevelFile& level, std::list<LevelPolygon>& polygons, Prob
             }
             const std::size_t one = numbers[first.polygon];
             const std::size_t other = numbers[second.polygon];
-            const std::string others = "polygon " + std::to_string(other);
+            const std::string meeting =
+                Message("an edge runs on in line as one of polygon ", other, " ", At(first.end));
             if (first.cutOnly != second.cutOnly) {
-                problems.Warning("polygon", one,
-                                 "an edge runs on in line as one of " + others + " " +
-                                     At(first.end) +
-                                     "; a cutting and a solid edge in line become one" +
-                                     (second.cutOnly ? ", which doesn't collide" : " solid edge"));
+                problems.Warning(
+                    "polygon", one,
+                    Message(meeting, "; a cutting and a solid edge in line become one",
+                            second.cutOnly ? ", which doesn't collide" : " solid edge"));
             } else if (!first.cutOnly &&
                        level.polygons[one].surface != level.polygons[other].surface) {
-                problems.Warning("polygon", one,
-                                 "an edge runs on in line as one of " + others + " " +
-                                     At(first.end) + " and takes on its surface");
+                problems.Warning("polygon", one, Message(meeting, " and takes on its surface"));
             }
         }
     }

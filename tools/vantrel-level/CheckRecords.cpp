@@ -40,7 +40,7 @@ private:
 };
 
 std::string Missing(const char* what, const std::string& name) {
-    return std::string(what) + " \"" + Names::ToText(name) + "\" isn't there";
+    return Message(what, " \"", Names::ToText(name), "\" isn't there");
 }
 
 void CheckFiles(const LevelFile& level, Problems& problems) {
@@ -123,12 +123,10 @@ std::string ListOfTargets(unsigned targets) {
 void CheckTarget(const LevelFile::Trigger& trigger, std::size_t number, unsigned bearers,
                  Problems& problems) {
     const auto* type = Names::FindTriggerType(static_cast<std::int32_t>(trigger.type));
-    const std::string id = std::to_string(trigger.targetId);
     if (type == nullptr) {
         problems.Warning("trigger", number,
-                         "has the unknown type " +
-                             std::to_string(static_cast<std::int32_t>(trigger.type)) +
-                             " and does nothing");
+                         Message("has the unknown type ", static_cast<std::int32_t>(trigger.type),
+                                 " and does nothing"));
         return;
     }
     const bool isToggle = type->number == 300 || type->number == 301;
@@ -141,10 +139,12 @@ void CheckTarget(const LevelFile::Trigger& trigger, std::size_t number, unsigned
         problems.Warning("trigger", number, "has target id 0 and acts on nothing");
     } else if (type->targets != 0 && (bearers & type->targets) == 0) {
         problems.Error("trigger", number,
-                       "no " + ListOfTargets(type->targets) + " bears its target id " + id);
+                       Message("no ", ListOfTargets(type->targets), " bears its target id ",
+                               trigger.targetId));
     } else if (type->targets == 0 && trigger.targetId != 0 && bearers == 0) {
         problems.Warning("trigger", number,
-                         "nothing bears its target id " + id + ", nor does its type need one");
+                         Message("nothing bears its target id ", trigger.targetId,
+                                 ", nor does its type need one"));
     }
 }
 
@@ -172,8 +172,7 @@ void CheckMovers(const LevelFile& level, Problems& problems) {
     for (std::size_t i = 0; i < level.movers.size(); ++i) {
         const LevelFile::Mover& mover = level.movers[i];
         if (!loads.contains(mover.id)) {
-            problems.Warning("mover", i,
-                             "no polygon or object bears its id " + std::to_string(mover.id));
+            problems.Warning("mover", i, Message("no polygon or object bears its id ", mover.id));
         }
         if (mover.start == mover.end) {
             problems.Warning("mover", i, "has a path of no length");

@@ -133,8 +133,8 @@ Json Writer::ShapeObject(const char* kind, const char* shape, std::span<const Po
 Json Writer::ArrowObject(const char* kind, Point position, Vector2 direction,
                          Properties& properties) {
     constexpr double visibleLength = 8.0;
-    const double x = static_cast<double>(direction.x);
-    const double y = static_cast<double>(direction.y);
+    const auto x = static_cast<double>(direction.x);
+    const auto y = static_cast<double>(direction.y);
     const double endX = position.x + x;
     const double endY = position.y + y;
     const auto isWhole = [](double value) {

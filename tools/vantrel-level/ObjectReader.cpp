@@ -129,7 +129,7 @@ std::string ObjectReader::FileName(const char* name, std::size_t limit) {
     const auto bytes = Names::ToBytes(*text);
     if (!bytes) {
         Fail(Quoted(name) +
-             "has a \"%\" without two hexadecimal digits behind it; write \"%25\" for a \"%\"");
+             R"(has a "%" without two hexadecimal digits behind it; write "%25" for a "%")");
         return {};
     }
     if (bytes->size() > limit) {

@@ -12,7 +12,7 @@ namespace Outline {
 namespace {
 
 /// Products of differences of 32-bit coordinates need 66 bits.
-__extension__ typedef __int128 Wide;
+__extension__ using Wide = __int128;
 
 Wide Cross(Point a, Point b, Point c) {
     const Wide abX = Wide{b.x} - a.x;
