@@ -61,7 +61,23 @@ void QueryAtRest(benchmark::State& state) {
     Query(state, positions);
 }
 
+/// Tiles with gaps between them, all in one line: every query near one is near the lines of
+/// them all.
+void QueryInRow(benchmark::State& state) {
+    std::list<LevelPolygon> polygons;
+    BspWorlds::Dice dice(4);
+    std::vector<Vector2> positions;
+    for (int i = 0; i < state.range(0) / 4; ++i) {
+        const float x = 50.0f * static_cast<float>(i);
+        polygons.push_back(BspWorlds::Rectangle(x, 0.0f, x + 40.0f, 40.0f));
+        positions.push_back({x + dice.Within(0.0f, 40.0f), -2.0f});
+    }
+    BspTree::Build(polygons);
+    Query(state, positions);
+}
+
 }  // namespace
 
 BENCHMARK(QueryAnywhere)->Arg(100)->Arg(1000)->Arg(20000);
 BENCHMARK(QueryAtRest)->Arg(100)->Arg(1000)->Arg(20000);
+BENCHMARK(QueryInRow)->Arg(100)->Arg(1000)->Arg(20000);

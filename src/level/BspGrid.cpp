@@ -12,8 +12,8 @@
 
 namespace {
 
-/// Circles up to this radius use the grid; it holds the game's particles.
-constexpr float largestRadius = 2.5f;
+using BspGrid::largestRadius;
+
 /// Least side of a cell in world units, and most cells in all and along one axis.
 constexpr double leastCellSize = 8.0;
 constexpr double mostCells = 262144.0;
@@ -145,6 +145,12 @@ void BspGrid::Prepare(std::span<const BspSegment> treeNodes) {
         MakeReach();
         MakeCells();
     }
+}
+
+bool BspGrid::CanTouch(const BspSegment* node, Vector2 position) {
+    const Box& box = reach[static_cast<std::size_t>(node - nodes.data())];
+    return position.x >= box.minX && position.x <= box.maxX && position.y >= box.minY &&
+           position.y <= box.maxY;
 }
 
 const BspSegment* BspGrid::StartNode(Vector2 position, float radius) {

@@ -16,8 +16,15 @@ namespace BspGrid {
 /// they are until the next call. None are fine.
 void Prepare(std::span<const BspSegment> nodes);
 
+/// Circles up to this radius use the short cuts; it holds the game's particles.
+constexpr float largestRadius = 2.5f;
+
 /// The node from which a descent for this circle may start: it meets the same candidates in
 /// the same order as one that starts at the root. Null if there are none.
 const BspSegment* StartNode(Vector2 position, float radius);
+
+/// Whether a circle of up to `largestRadius` at `position` can touch anything from `node`
+/// down. May be true without need, never false wrongly.
+bool CanTouch(const BspSegment* node, Vector2 position);
 
 }  // namespace BspGrid

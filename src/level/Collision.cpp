@@ -52,6 +52,7 @@ void GatherMoving(Vector2 position) {
 
 void GatherStatic(Vector2 position) {
     openNodes.clear();
+    const bool shortCuts = queryRadius <= BspGrid::largestRadius;
     const BspSegment* node = BspGrid::StartNode(position, queryRadius);
     while (node || !openNodes.empty()) {
         if (!node) {
@@ -68,10 +69,14 @@ void GatherStatic(Vector2 position) {
             if (node->active) {
                 TestCandidate(*node, relative);
             }
-            if (node->frontChild) {
-                openNodes.push_back(node->frontChild);
+            const BspSegment* front = node->frontChild;
+            if (front && (!shortCuts || BspGrid::CanTouch(front, position))) {
+                openNodes.push_back(front);
             }
             node = node->backChild;
+            if (node && shortCuts && !BspGrid::CanTouch(node, position)) {
+                node = nullptr;
+            }
         }
     }
 }
