@@ -1,0 +1,228 @@
+// Outlines and their triangles; large outlines are compared with the plain rules.
+
+#include "level/LevelPolygon.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <random>
+
+#include "PlainTriangles.h"
+#include "level/LevelPolygonOutline.h"
+#include "support/TestLevel.h"
+
+namespace {
+
+using Outline = std::vector<Vector2>;
+
+LevelPolygon Make(const Outline& outline) {
+    LevelPolygon polygon;
+    polygon.AddPoints(outline);
+    return polygon;
+}
+
+/// Level files hold whole numbers.
+Vector2 Whole(double x, double y) {
+    return {static_cast<float>(std::round(x)), static_cast<float>(std::round(y))};
+}
+
+/// Points round a centre, in order of their angle, at random distances: never crosses itself
+/// but for the rounding.
+Outline Star(std::mt19937& random, int count, double radius, Vector2 centre) {
+    std::uniform_real_distribution<double> share(0.3, 1.0);
+    Outline outline;
+    for (int i = 0; i < count; ++i) {
+        const double angle = 6.283185307 * i / count;
+        const double r = radius * share(random);
+        outline.push_back(centre + Whole(r * std::cos(angle), r * std::sin(angle)));
+    }
+    return outline;
+}
+
+/// Teeth of random height, turned by an angle.
+Outline Comb(std::mt19937& random, int teeth, double angle, Vector2 at) {
+    std::uniform_int_distribution<int> height(10, 400);
+    Outline outline;
+    const auto add = [&](double x, double y) {
+        outline.push_back(at + Whole(x * std::cos(angle) - y * std::sin(angle),
+                                     x * std::sin(angle) + y * std::cos(angle)));
+    };
+    for (int i = 0; i < teeth; ++i) {
+        const double h = height(random);
+        add(20.0 * i, 0.0);
+        add(20.0 * i + 8.0, 0.0);
+        add(20.0 * i + 8.0, h);
+        add(20.0 * i + 15.0, h);
+    }
+    add(20.0 * teeth, 450.0);
+    add(0.0, 460.0);
+    return outline;
+}
+
+/// A corridor that winds round itself.
+Outline Spiral(int count, double width, Vector2 at) {
+    Outline outline;
+    Outline inner;
+    for (int i = 0; i < count / 2; ++i) {
+        const double angle = 0.3 * i;
+        const double r = 100.0 + 12.0 * angle;
+        outline.push_back(at + Whole(r * std::cos(angle), r * std::sin(angle)));
+        inner.push_back(at + Whole((r - width) * std::cos(angle), (r - width) * std::sin(angle)));
+    }
+    outline.insert(outline.end(), inner.rbegin(), inner.rend());
+    return outline;
+}
+
+/// Counts outlines with triangles, so that a comparison that compares nothing is seen.
+class Comparison {
+public:
+    void Add(Outline outline) {
+        for (int way = 0; way < 2; ++way) {
+            std::reverse(outline.begin(), outline.end());
+            const LevelPolygon polygon = Make(outline);
+            const PlainTriangles plain(outline);
+            ASSERT_EQ(polygon.IsInvalid(), plain.isInvalid);
+            ASSERT_EQ(polygon.triangleCount, plain.x.size() / 3);
+            ASSERT_EQ(polygon.triangleX, plain.x);
+            ASSERT_EQ(polygon.triangleY, plain.y);
+            if (!plain.isInvalid) {
+                ASSERT_EQ(polygon.winding, plain.winding);
+            }
+            withTriangles += polygon.triangleCount > 0 ? 1 : 0;
+            invalid += plain.isInvalid ? 1 : 0;
+        }
+    }
+    int withTriangles = 0;
+    int invalid = 0;
+};
+
+}  // namespace
+
+TEST(LevelPolygon, DropsRepeatedPoints) {
+    const Outline outline{{0, 0}, {10, 0}, {0, 0}, {10, 10}, {10, 0}, {0, 10}, {10, 10}};
+    LevelPolygon oneByOne;
+    for (const Vector2 point : outline) {
+        oneByOne.AddPoint(point.x, point.y);
+    }
+    const LevelPolygon atOnce = Make(outline);
+    EXPECT_EQ(atOnce.PointCount(), 4u);
+    EXPECT_EQ(atOnce.pointsX, oneByOne.pointsX);
+    EXPECT_EQ(atOnce.pointsY, oneByOne.pointsY);
+    EXPECT_EQ(atOnce.triangleX, oneByOne.triangleX);
+    EXPECT_EQ(atOnce.triangleCount, 2u);
+}
+
+TEST(LevelPolygon, HasNoTrianglesWithoutAnArea) {
+    EXPECT_EQ(Make({}).triangleCount, 0u);
+    EXPECT_TRUE(Make({{0, 0}, {5, 5}}).IsInvalid());
+    EXPECT_EQ(Make({{0, 0}, {5, 5}}).triangleCount, 0u);
+    EXPECT_EQ(Make({{0, 0}, {5, 5}, {10, 10}}).triangleCount, 0u);
+    const LevelPolygon bow = Make({{0, 0}, {10, 10}, {10, 0}, {0, 10}});
+    EXPECT_TRUE(bow.IsInvalid());
+    EXPECT_EQ(bow.triangleCount, 0u);
+}
+
+TEST(LevelPolygon, FindsTheWindingAndKeepsTheCornersInOrder) {
+    const LevelPolygon one = Make({{0, 0}, {10, 0}, {10, 10}});
+    EXPECT_EQ(one.winding, 1);
+    EXPECT_EQ(one.triangleX, (std::vector<float>{0, 10, 10}));
+    EXPECT_EQ(one.triangleY, (std::vector<float>{0, 0, 10}));
+    // The side from (0, 0) to (10, 0): its normal points into the triangle.
+    EXPECT_EQ(one.triangleNormalX[0], 0.0f);
+    EXPECT_EQ(one.triangleNormalY[0], 1.0f);
+    const LevelPolygon zero = Make({{10, 10}, {10, 0}, {0, 0}});
+    EXPECT_EQ(zero.winding, 0);
+    EXPECT_EQ(zero.triangleX, (std::vector<float>{10, 10, 0}));
+    EXPECT_EQ(zero.triangleNormalX[0], 1.0f);  // out of it
+}
+
+TEST(LevelPolygon, MergesStraightRunsAndTheSeam) {
+    EXPECT_EQ(Make({{0, 0}, {5, 0}, {10, 0}, {10, 10}, {0, 10}}).triangleCount, 2u);
+    // The outline starts and ends in the middle of a side; the last point takes the place of
+    // the first, and the corner stays.
+    const LevelPolygon seam = Make({{5, 0}, {10, 0}, {10, 10}, {0, 10}, {0, 0}, {2, 0}});
+    EXPECT_EQ(seam.triangleCount, 3u);
+    EXPECT_EQ(seam.triangleX[0], 2.0f);
+}
+
+TEST(LevelPolygon, HoldsFrictionWithinItsRange) {
+    LevelPolygon polygon;
+    polygon.SetFriction(1.5f);
+    EXPECT_EQ(polygon.friction, 1.0f);
+    polygon.SetFriction(-1.0f);
+    EXPECT_EQ(polygon.friction, 0.0f);
+}
+
+TEST(LevelPolygon, GivesThePlainRulesTriangles) {
+    std::mt19937 random(7);
+    Comparison comparison;
+    for (const int count : {5, 12, 40, 70, 150, 300}) {
+        // Far from the origin single precision finds crossings where there are none: the
+        // same ones, whatever the form.
+        for (const Vector2 centre : {Vector2{0, 0}, Vector2{3000, -2000}, Vector2{300000, 70000}}) {
+            for (const double radius : {40.0, 300.0, 3000.0}) {
+                comparison.Add(Star(random, count, radius, centre));
+            }
+            for (const double angle : {0.0, 0.6, 0.785398163, 0.8}) {
+                comparison.Add(Comb(random, count / 4, angle, centre));
+            }
+            comparison.Add(Spiral(count, 20.0, centre));
+        }
+    }
+    EXPECT_GT(comparison.withTriangles, 100);
+    EXPECT_GT(comparison.invalid, 20);
+}
+
+TEST(LevelPolygon, FindsTheSameCrossingsFarFromTheOrigin) {
+    std::mt19937 random(11);
+    for (const float scale : {1e3f, 1e5f, 1e7f, 2e9f}) {
+        std::uniform_real_distribution<float> far(-scale, scale);
+        std::uniform_real_distribution<float> step(-40.0f, 40.0f);
+        for (int run = 0; run < 20; ++run) {
+            Outline outline{Whole(far(random), far(random))};
+            const bool slants = run % 2 == 0;
+            for (int i = 0; i < 200; ++i) {
+                const float along = 30.0f + step(random) / 2.0f;
+                const float dx = run % 3 == 0 ? step(random) : along;
+                const float dy = slants ? dx + step(random) / 4.0f : step(random);
+                const Vector2 next = outline.back() + Vector2{dx, dy};
+                outline.push_back(Whole(next.x, next.y));
+            }
+            const LevelPolygon polygon = Make(outline);
+            const Outline kept = PlainTriangles::WithoutRepeats(outline);
+            LevelPolygonOutline fast(kept);
+            for (std::size_t i = 0; i + 7 < kept.size(); ++i) {
+                const Vector2 a = kept[i];
+                const Vector2 b = kept[i + 1 + random() % 6];
+                ASSERT_EQ(fast.Crosses(a, b), polygon.EdgeCrossesOutline(a, b)) << scale;
+                const std::array<Vector2, 3> triangle{a, kept[i + 1], kept[i + 2 + random() % 5]};
+                ASSERT_EQ(fast.HoldsPoint(triangle), PlainTriangles::HoldsPoint(kept, triangle))
+                    << scale;
+            }
+        }
+    }
+}
+
+TEST(LevelPolygon, SplitsTheLargestOutlineInTime) {
+    // Hills over a flat bottom: as many points as a file can hold.
+    std::mt19937 random(1);
+    Outline outline;
+    for (int i = 0; i < 65533; ++i) {
+        outline.push_back({static_cast<float>(3 * i), static_cast<float>(random() % 1000)});
+    }
+    outline.push_back({196605.0f, 5000.0f});
+    outline.push_back({-3.0f, 5000.0f});
+    EXPECT_GT(Make(outline).triangleCount, 50000u);
+}
+
+TEST(LevelPolygon, GivesUpAnOutlineThatWouldTakeMinutes) {
+    // All points in one line: every side has to be tested against every other.
+    std::mt19937 random(1);
+    Outline outline;
+    for (int i = 0; i < 65535; ++i) {
+        outline.push_back({static_cast<float>(random() % 1000000), 5.0f});
+    }
+    EXPECT_EQ(Make(outline).triangleCount, 0u);
+}
