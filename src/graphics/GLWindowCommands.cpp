@@ -40,8 +40,8 @@ void PrintExtensions() {
     PrintLines(names);
 }
 
-void AskExtension(std::string name) {
-    if (name.empty()) {
+void AskExtension(const char* name) {
+    if (name == nullptr || *name == '\0') {
         Console::Print("\nUSAGE: IsExtension ");
         Console::Print(" < string >");
     } else {

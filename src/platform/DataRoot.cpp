@@ -62,11 +62,11 @@ bool DataRootComesFirst() {
     return rootComesFirst;
 }
 
-void UseDataRoot(fs::path root, bool first) {
+void UseDataRoot(const fs::path& root, bool first) {
     std::error_code error;
     // Absolute, since the working directory may change.
     const fs::path absolute = root.empty() ? fs::path() : fs::absolute(root, error);
-    dataRoot = error ? std::move(root) : absolute;
+    dataRoot = error ? root : absolute;
     rootComesFirst = first;
     installed = false;
 }

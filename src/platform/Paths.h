@@ -37,7 +37,7 @@ bool WriteWholeFile(const std::filesystem::path& path, const void* data, std::si
 /// The directory that the game's data is read from.
 std::filesystem::path DataRoot();
 /// Sets the data root; with `first`, it is looked up before the working directory.
-void UseDataRoot(std::filesystem::path root, bool first = false);
+void UseDataRoot(const std::filesystem::path& root, bool first = false);
 /// Finds the data root from VANTREL_DATA, a "data" directory beside the program or its
 /// source tree, or the install's share directory.
 void FindDataRoot(const std::filesystem::path& program);
