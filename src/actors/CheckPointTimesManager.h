@@ -2,7 +2,9 @@
 // Shows the level time when a check point is reached, or the difference to the earlier pass
 // of the same check point. Times are kept until the next level load; a restart keeps them.
 
+#include <array>
 #include <cstdint>
+#include <optional>
 
 struct Trigger;
 
@@ -15,5 +17,29 @@ void Shutdown();
 void Reached(const Trigger& trigger, std::uint32_t time);
 /// Once a frame; advances the fades too (CheckPointTimesManagerDraw.cpp).
 void Draw();
+
+// What drawing is made of.
+
+/// A text as it shows now, in its box across the 800 by 600 menu space.
+struct Display {
+    std::array<char, 16> text{};  ///< ends with a zero
+    float red = 0.0f, green = 0.0f, blue = 0.0f, alpha = 0.0f;
+    float top = 0.0f;
+    float size = 0.0f;
+};
+
+enum State {
+    Hidden = 0,
+    FadingInTime = 1,
+    FadingOutTime = 2,
+    FadingInDifference = 3,
+    FadingOutDifference = 4,
+};
+extern int state;
+
+/// None in state 0, and without a font.
+std::optional<Display> Current();
+/// Takes the seconds since the last call off the fade, and goes on to the next one.
+void AdvanceFade(float seconds);
 
 }  // namespace CheckPointTimesManager

@@ -5,6 +5,7 @@
 // step `Step` and per frame `PrepareDraw` and the layers. Pointers to objects stay valid until
 // Shutdown.
 
+#include <array>
 #include <cstdint>
 #include <list>
 #include <string>
@@ -14,10 +15,16 @@
 #include "graphics/Texture.h"
 
 struct LevelObject {
+    static constexpr std::uint32_t layerCount = 5;
+
     /// Loads `frames` from a texture name; one with "_FRAME" names an animation.
     void SetTexture(const std::string& name);
     /// Back to the first frame, with no plays done.
     void Rewind();
+    /// The centre of what is drawn.
+    Vector2 Centre() const { return position + offset; }
+    /// Of the current frame, world units; nothing without frames.
+    Vector2 HalfSize() const;
 
     std::uint8_t enabled = 1;  ///< drawn; triggers switch it
     std::uint32_t id = 0;      ///< what movers and triggers address; not unique
@@ -39,6 +46,19 @@ namespace LevelObjectsManager {
 /// Objects with one frame, and those with more, each in the order of adding.
 extern std::list<LevelObject> objects;
 extern std::list<LevelObject> animatedObjects;
+extern bool objectsDraw;
+extern bool objectsCull;
+extern bool objectsDrawIds;
+extern float animationSpeeds;  ///< frames per second of all objects
+
+/// One sprite that a layer draws. They go by texture, and those of one texture as queued.
+struct QueuedObject {
+    std::uint32_t glName = 0;  ///< of the current frame's texture
+    std::uint32_t number = 0;  ///< in the queue
+    const LevelObject* object = nullptr;
+};
+/// This frame's, from PrepareDraw to DrawLayer. Storage is kept.
+extern std::array<std::vector<QueuedObject>, LevelObject::layerCount> layerQueues;
 
 void Initialise();
 void Shutdown();

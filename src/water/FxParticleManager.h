@@ -18,12 +18,14 @@ struct FxColour {
 
 /// Where effect particles come from. Values 1 and 2 bound a random choice at a particle's birth.
 struct Emitter {
-    /// Normalises; (0, 0) gives a direction that is drawn once.
+    /// Normalises; (0, 0) gives a direction that is drawn once. What isn't finite counts as 0.
     void SetDirection(float x, float y);
-    /// Takes over what a settings file names; other values stay.
+    /// Takes over what a settings file names; other values stay. The textures are the file's.
     void LoadSettings(const std::string& fileName);
     /// Emits `burstSize` particles at once, running or not.
     void Burst();
+    /// Throws one particle. The random draws come in a fixed order.
+    void EmitOne() const;
 
     std::uint32_t id = 0;  ///< what triggers address; not unique
     Vector2 position;
@@ -63,6 +65,7 @@ namespace FxParticleManager {
 
 extern std::list<Emitter> emitters;
 extern std::list<FxParticle> particles;
+extern bool drawEmitters;
 
 void Initialise();
 void Shutdown();
@@ -74,5 +77,7 @@ void ClearParticles();
 void Step(float dt);
 /// All particles (FxParticleManagerDraw.cpp).
 void Draw();
+/// Debug view: place, direction, cone and id of each emitter (FxParticleManagerDraw.cpp).
+void DrawEmitters();
 
 }  // namespace FxParticleManager

@@ -1,0 +1,156 @@
+// Times of check points, and the fades of what is shown of them.
+
+#include "actors/CheckPointTimesManager.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <map>
+#include <string>
+
+#include "actors/CheckPointTimesState.h"
+#include "engine/ConfigFile.h"
+#include "engine/Console.h"
+#include "game/LevelProgress.h"
+
+namespace CheckPointTimesManager {
+
+int state = Hidden;
+std::optional<Texture> font;
+Timer frameTimer;
+
+namespace {
+
+struct Colour {
+    float r = 0.0f, g = 0.0f, b = 0.0f, a = 0.0f;
+};
+
+/// Level time of the last pass of each check point, milliseconds.
+std::map<const Trigger*, std::uint32_t> times;
+std::uint32_t previousTime = 0;
+std::uint32_t newTime = 0;
+float fadeTimer = 0.0f;  // seconds left of the present fade
+
+float fontSize = 0.0f;
+float top = 0.0f;
+float fadeTime = 0.01f;  // seconds, at least 0.01
+Colour timeColour;
+Colour slowerColour;  // of a difference; also for equal times
+Colour fasterColour;
+
+Colour ReadColour(const ConfigFile& file, const std::string& name) {
+    return {file.GetFloat(name + "_r"), file.GetFloat(name + "_g"), file.GetFloat(name + "_b"),
+            file.GetFloat(name + "_a")};
+}
+
+void ReadSettings() {
+    const ConfigFile file("cfg\\checkPoints.cfg");
+    if (!font) {
+        font.emplace(file.GetString("font"), "");
+    }
+    fontSize = file.GetFloat("fontSize");
+    timeColour = ReadColour(file, "fontColor");
+    slowerColour = ReadColour(file, "slowerFontColor");
+    fasterColour = ReadColour(file, "fasterFontColor");
+    top = file.GetFloat("y_position");
+    constexpr float shortest = 0.01f;
+    fadeTime = file.GetFloat("fadeTime");
+    if (!std::isfinite(fadeTime) || fadeTime < shortest) {
+        fadeTime = shortest;
+    }
+}
+
+/// Minutes, seconds and hundredths of the milliseconds behind a prefix; hours are dropped.
+void Write(std::array<char, 16>& text, const char* prefix, std::uint32_t time) {
+    const unsigned minutes = time % 3600000u / 60000u;
+    const unsigned seconds = time % 60000u / 1000u;
+    const unsigned hundredths = time % 1000u / 10u;
+    std::snprintf(text.data(), text.size(), "%s%02u:%02u:%02u", prefix, minutes, seconds,
+                  hundredths);
+}
+
+/// The text of the present state, and the colour it goes in.
+Colour WriteText(std::array<char, 16>& text) {
+    if (state == FadingInTime || state == FadingOutTime) {
+        Write(text, "", LevelProgress::ElapsedMs());
+        return timeColour;
+    }
+    const auto difference = static_cast<std::int32_t>(newTime - previousTime);
+    const bool faster = difference < 0;
+    const std::uint32_t size = faster ? previousTime - newTime : newTime - previousTime;
+    Write(text, faster ? "- " : "+ ", size);
+    return faster ? fasterColour : slowerColour;
+}
+
+/// Share of the colour's alpha, steep where a fade begins from nothing.
+float FadeFactor() {
+    const float left = fadeTimer / fadeTime;
+    const bool fadingIn = state == FadingInTime || state == FadingInDifference;
+    const float factor = fadingIn ? 1.0f - left : left;
+    return factor > 0.0f ? std::sqrt(factor) : factor;
+}
+
+}  // namespace
+
+void Initialise() {
+    Shutdown();
+    Console::Print("\nInitialising check point times manager..");
+    ReadSettings();
+    previousTime = 0;
+    newTime = 0;
+    state = Hidden;
+    fadeTimer = 0.0f;
+    frameTimer.Reset();
+}
+
+void Shutdown() {
+    Console::Print("\nShutting down check point times manager..");
+    times.clear();
+    font.reset();
+}
+
+void Reached(const Trigger& trigger, std::uint32_t time) {
+    const auto [pass, isFirst] = times.try_emplace(&trigger, time);
+    if (isFirst) {
+        state = FadingInTime;
+    } else {
+        previousTime = pass->second;
+        newTime = time;
+        state = FadingInDifference;
+        pass->second = time;
+    }
+    fadeTimer = fadeTime;
+}
+
+std::optional<Display> Current() {
+    if (!font || state == Hidden) {
+        return std::nullopt;
+    }
+    Display display;
+    const Colour colour = WriteText(display.text);
+    display.red = colour.r;
+    display.green = colour.g;
+    display.blue = colour.b;
+    display.alpha = colour.a * FadeFactor();
+    display.top = top;
+    display.size = fontSize;
+    return display;
+}
+
+void AdvanceFade(float seconds) {
+    if (!font || state == Hidden) {
+        return;
+    }
+    fadeTimer -= seconds;
+    if (fadeTimer > 0.0f) {
+        return;
+    }
+    if (state == FadingInTime || state == FadingInDifference) {
+        ++state;  // fading out
+        fadeTimer = fadeTime;
+    } else {
+        state = Hidden;
+    }
+}
+
+}  // namespace CheckPointTimesManager

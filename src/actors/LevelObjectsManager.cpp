@@ -1,0 +1,210 @@
+// The lists of level objects, their animation, and the choice of what is in view.
+
+#include "actors/LevelObjectsManager.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "actors/Camera.h"
+#include "actors/ViewSquare.h"
+#include "engine/ConfigFile.h"
+#include "engine/Console.h"
+#include "engine/Text.h"
+#include "game/Game.h"
+#include "graphics/TextureManager.h"
+
+void LevelObject::SetTexture(const std::string& name) {
+    std::vector<std::string> names;
+    if (UpperCased(name).find("_FRAME") != std::string::npos) {
+        TextureManager::ExpandFrameNames(name, names);
+    }
+    if (names.empty()) {
+        names.push_back(name);
+    }
+    frames.clear();
+    frames.reserve(names.size());
+    for (const std::string& file : names) {
+        frames.emplace_back(file, "DEFAULT_SPRITE");
+    }
+    frameCount = static_cast<std::uint32_t>(frames.size());
+    frame = 0;
+}
+
+void LevelObject::Rewind() {
+    frame = 0;
+    frameTimer = 0.0f;
+    plays = 0;
+}
+
+Vector2 LevelObject::HalfSize() const {
+    if (frame >= frames.size()) {
+        return {};
+    }
+    const Texture& texture = frames[frame];
+    return Vector2{static_cast<float>(texture.width), static_cast<float>(texture.height)} * 0.5f;
+}
+
+namespace LevelObjectsManager {
+
+std::list<LevelObject> objects;
+std::list<LevelObject> animatedObjects;
+bool objectsDraw = true;
+bool objectsCull = true;
+bool objectsDrawIds = false;
+float animationSpeeds = 0.0f;
+std::array<std::vector<QueuedObject>, LevelObject::layerCount> layerQueues;
+
+namespace {
+
+void ResetFlags() {
+    objectsDraw = true;
+    objectsCull = true;
+    objectsDrawIds = false;
+}
+
+void EmptyQueues() {
+    for (std::vector<QueuedObject>& queue : layerQueues) {
+        queue.clear();
+    }
+}
+
+template <bool& flag>
+bool Access(bool value, bool isSet) {
+    if (isSet) {
+        flag = value;
+    }
+    return flag;
+}
+
+void CreateFromText(std::string text) {
+    const std::vector<std::string> words = SplitWords(text);
+    if (words.size() != 4 || !IsNumber(words[0]) || !IsNumber(words[1]) || !IsInteger(words[2])) {
+        Console::Print(
+            "\nUSAGE: ObjectCreate < x : number > < y : number > < object id : integer > "
+            "< textureName : string >");
+        return;
+    }
+    LevelObject object;
+    object.position = {ToNumber(words[0]), ToNumber(words[1])};
+    object.id = static_cast<std::uint32_t>(ToInteger(words[2]));
+    object.SetTexture(words[3]);
+    Add(object);
+}
+
+/// At most one frame passes, however long the step is.
+void StepAnimation(LevelObject& object, float dt) {
+    if (object.stopped) {
+        return;
+    }
+    object.frameTimer += dt;
+    if (!(object.frameTimer >= 1.0f / animationSpeeds)) {
+        return;
+    }
+    object.frameTimer = 0.0f;
+    if (++object.frame < object.frameCount) {
+        return;
+    }
+    object.frame = 0;
+    if (object.playLimit != 0 && ++object.plays >= object.playLimit) {
+        object.plays = 0;
+        object.stopped = 1;
+        object.frame = object.frameCount - 1;
+    }
+}
+
+void Queue(const LevelObject& object) {
+    if (object.layer >= LevelObject::layerCount || object.frame >= object.frames.size()) {
+        return;
+    }
+    std::vector<QueuedObject>& queue = layerQueues[object.layer];
+    queue.push_back(
+        {object.frames[object.frame].glName, static_cast<std::uint32_t>(queue.size()), &object});
+}
+
+void QueueVisible(const std::list<LevelObject>& list, const ViewSquare& square) {
+    for (const LevelObject& object : list) {
+        if (!objectsCull) {
+            Queue(object);
+            continue;
+        }
+        const Vector2 centre = object.Centre();
+        const Vector2 half = object.HalfSize();
+        if (object.enabled && square.Overlaps(centre.x - half.x, centre.x + half.x,
+                                              centre.y - half.y, centre.y + half.y)) {
+            Queue(object);
+        }
+    }
+}
+
+}  // namespace
+
+void Initialise() {
+    Shutdown();
+    Console::Print("\nInitialising level objects manager..");
+    ResetFlags();
+    Console::AddCommand("ObjectsDraw", Access<objectsDraw>);
+    Console::AddCommand("ObjectsCull", Access<objectsCull>);
+    Console::AddCommand("ObjectsDrawIds", Access<objectsDrawIds>);
+    Console::AddCommand("ObjectsCount",
+                        [] { return static_cast<int>(objects.size() + animatedObjects.size()); });
+    Console::AddCommand("ObjectCreate", CreateFromText);
+    animationSpeeds = std::fabs(ConfigFile("cfg\\animation.cfg").GetFloat("animationSpeeds"));
+}
+
+void Shutdown() {
+    Console::Print("\nShutting down level objects manager..");
+    EmptyQueues();
+    objects.clear();
+    animatedObjects.clear();
+    for (const char* const command :
+         {"ObjectsDraw", "ObjectsCull", "ObjectsDrawIds", "ObjectsCount", "ObjectCreate"}) {
+        Console::RemoveCommand(command);
+    }
+}
+
+void Add(const LevelObject& object) {
+    if (object.frameCount == 1) {
+        objects.push_back(object);
+    } else if (object.frameCount > 1) {
+        animatedObjects.push_back(object);
+    }
+}
+
+void Reset() {
+    ResetFlags();
+    for (std::list<LevelObject>* const list : {&objects, &animatedObjects}) {
+        for (LevelObject& object : *list) {
+            object.Rewind();
+            object.offset = {};
+            object.stopped = 1;
+            object.enabled = 1;
+        }
+    }
+}
+
+void Step(float dt) {
+    if (!(animationSpeeds > 0.0f)) {
+        return;
+    }
+    for (LevelObject& object : animatedObjects) {
+        StepAnimation(object, dt);
+    }
+}
+
+void PrepareDraw() {
+    if (!objectsDraw) {
+        return;
+    }
+    EmptyQueues();
+    const ViewSquare square =
+        ViewSquare::Around(std::max(Game::ViewWidth(), Game::ViewHeight()) * 0.65f * Camera::zoom);
+    QueueVisible(objects, square);
+    QueueVisible(animatedObjects, square);
+    for (std::vector<QueuedObject>& queue : layerQueues) {
+        std::ranges::sort(queue, [](const QueuedObject& a, const QueuedObject& b) {
+            return a.glName != b.glName ? a.glName < b.glName : a.number < b.number;
+        });
+    }
+}
+
+}  // namespace LevelObjectsManager
