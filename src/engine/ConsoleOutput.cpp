@@ -45,6 +45,10 @@ void PrintFormatted(const char* format, Value value) {
 void StartLog() {
     const auto path = Platform::WritablePath(logFileName);
     logFile.reset(path ? std::fopen(path->c_str(), "wb") : nullptr);
+    if (logFile) {
+        // Unbuffered, so that the log is whole up to a crash.
+        std::setvbuf(logFile.get(), nullptr, _IONBF, 0);
+    }
     Print(logFile ? "\nCommencing console log to " : "\nUnable to write log to ");
     Print(logFileName);
 }
