@@ -104,14 +104,47 @@ struct Range {
     float high;
 };
 
-/// The range of distances from the node's line over the box. Each step of the sum is monotone
-/// in the coordinates, rounding included, so the corners bound it exactly.
-Range Distances(const BspSegment& node, const Box& box) {
-    const bool right = node.normal.x >= 0.0f;
-    const bool down = node.normal.y >= 0.0f;
+/// The range over the box of positions along `axis`, from the node's start on. Each step of
+/// the sum is monotone in the coordinates, rounding included, so the corners bound it exactly.
+Range Positions(const BspSegment& node, Vector2 axis, const Box& box) {
+    const bool right = axis.x >= 0.0f;
+    const bool down = axis.y >= 0.0f;
     const Vector2 low{right ? box.minX : box.maxX, down ? box.minY : box.maxY};
     const Vector2 high{right ? box.maxX : box.minX, down ? box.maxY : box.minY};
-    return {Dot(low - node.start, node.normal), Dot(high - node.start, node.normal)};
+    return {Dot(low - node.start, axis), Dot(high - node.start, axis)};
+}
+
+/// Whether a circle in the box can be beside the segment or near its ends, given that it can
+/// be near its line.
+bool IsCandidate(const BspSegment& segment, const Box& box) {
+    const Range along = Positions(segment, segment.direction, box);
+    return along.high >= -largestRadius && along.low <= segment.length + largestRadius;
+}
+
+/// Whether any query from the box that starts at `start` finds a candidate.
+bool FindsAny(const BspSegment* start, const Box& box) {
+    static std::vector<const BspSegment*> open;
+    open.assign(1, start);
+    while (!open.empty()) {
+        const BspSegment* node = open.back();
+        open.pop_back();
+        if (!node || !reach[static_cast<std::size_t>(node - nodes.data())].Overlaps(box)) {
+            continue;
+        }
+        const Range distances = Positions(*node, node->normal, box);
+        const bool canBeBehind = distances.low < largestRadius;
+        const bool canBeInFront = distances.high >= -largestRadius;
+        if (canBeBehind && canBeInFront && IsCandidate(*node, box)) {
+            return true;
+        }
+        if (canBeBehind) {
+            open.push_back(node->backChild);
+        }
+        if (canBeInFront) {
+            open.push_back(node->frontChild);
+        }
+    }
+    return false;
 }
 
 std::uint32_t LookIntoCell(const Box& box) {
@@ -121,13 +154,13 @@ std::uint32_t LookIntoCell(const Box& box) {
         if (!reach[index].Overlaps(box)) {
             return empty;
         }
-        const Range distances = Distances(*node, box);
+        const Range distances = Positions(*node, node->normal, box);
         if (distances.low >= largestRadius) {
             node = node->frontChild;
         } else if (distances.high < -largestRadius) {
             node = node->backChild;
         } else {
-            return static_cast<std::uint32_t>(index) + known;
+            return FindsAny(node, box) ? static_cast<std::uint32_t>(index) + known : empty;
         }
     }
     return empty;
