@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <set>
 
+#include "Message.h"
 #include "platform/Paths.h"
 #include "water/ParticleMover.h"
 
@@ -19,6 +20,9 @@ std::optional<LevelFile> ReadLevel(const std::string& fileName, std::string& fai
     if (!level) {
         reason.erase(0, reason.find_first_not_of('\n'));
         failure = fileName + ": " + reason;
+        if (reason == LevelFile::wrongVersionReason) {
+            failure += Message(" It is ", version, ", not ", LevelFile::version, ".");
+        }
     }
     return level;
 }

@@ -24,8 +24,11 @@ int Sign(Wide value) {
     return value > 0 ? 1 : (value < 0 ? -1 : 0);
 }
 
-/// How many starting points are tried before an outline is given up.
-constexpr std::size_t mostStarts = 100;
+/// How many starting points are tried before an outline is given up: fewer of large outlines,
+/// which take long.
+std::size_t MostStarts(std::size_t points) {
+    return std::min(points, std::clamp<std::size_t>(100000 / (points + 1), 1, 100));
+}
 
 LevelPolygon MakePolygon(const Points& points) {
     std::vector<Vector2> corners;
@@ -103,7 +106,7 @@ Points Tidy(const Points& points) {
     Points tidy = Reduced(points);
     // Needles and narrow spikes only work from some starting points, since the side from the
     // last point to the first is treated apart.
-    const std::size_t tries = std::min<std::size_t>(tidy.size(), mostStarts);
+    const std::size_t tries = MostStarts(tidy.size());
     for (std::size_t start = 0; start < tries; ++start) {
         const LevelPolygon polygon = MakePolygon(tidy);
         if (polygon.triangleCount > 0 && polygon.winding == 1) {
