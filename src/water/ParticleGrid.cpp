@@ -96,31 +96,29 @@ void FillFrom(ParticleList& particles) {
 }
 
 bool IsConsistent(const ParticleList& particles) {
-    std::size_t flagged = 0;
     for (const Particle& particle : particles) {
-        flagged += particle.inGrid;
-        const bool isLinked = particle.gridNext != nullptr || particle.gridPrevious != nullptr;
-        if (particle.inGrid == 0 && isLinked) {
+        const Particle* const next = particle.gridNext;
+        const Particle* const previous = particle.gridPrevious;
+        if (particle.inGrid == 0) {
+            if (next != nullptr || previous != nullptr) {
+                return false;
+            }
+            continue;
+        }
+        const std::uint32_t cell = CellIndex(particle.gridX, particle.gridY);
+        const Particle* const self = previous == nullptr ? heads[cell] : previous->gridNext;
+        const bool fitsNext =
+            next == nullptr || (next->inGrid == 1 && next->gridPrevious == &particle &&
+                                CellIndex(next->gridX, next->gridY) == cell);
+        if (self != &particle || !fitsNext) {
             return false;
         }
     }
-    // Every chain once; a cell may stand twice in the list.
-    std::vector<std::uint32_t> cells = usedCells;
-    std::sort(cells.begin(), cells.end());
-    cells.erase(std::unique(cells.begin(), cells.end()), cells.end());
-    std::size_t chained = 0;
-    for (const std::uint32_t cell : cells) {
-        const Particle* previous = nullptr;
-        for (const Particle* p = heads[cell]; p != nullptr; p = p->gridNext) {
-            const bool fits = p->inGrid == 1 && p->gridPrevious == previous &&
-                              CellIndex(p->gridX, p->gridY) == cell;
-            if (!fits || ++chained > flagged) {
-                return false;
-            }
-            previous = p;
-        }
-    }
-    return chained == flagged;
+    return std::all_of(usedCells.begin(), usedCells.end(), [](std::uint32_t cell) {
+        const Particle* const head = heads[cell];
+        return head == nullptr || (head->inGrid == 1 && head->gridPrevious == nullptr &&
+                                   CellIndex(head->gridX, head->gridY) == cell);
+    });
 }
 
 }  // namespace ParticleGrid

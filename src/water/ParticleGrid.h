@@ -28,7 +28,7 @@ void Remove(Particle& particle);
 /// As Remove and Insert for each of these in turn, faster. All particles in the grid must be
 /// among them.
 void FillFrom(ParticleList& particles);
-/// Whether chains and flags fit together and hold just the particles of the list that say so.
+/// Whether flags, cells and links of these and of all heads fit together.
 bool IsConsistent(const ParticleList& particles);
 
 // The heads, in tiles of 8 by 8 cells so that neighbouring rows lie close together.

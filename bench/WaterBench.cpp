@@ -1,0 +1,174 @@
+// Cost of a simulation step: by number of particles, at rest and falling, frozen and freezing.
+// ns_per_particle is what may not grow with the number. Water comes in bodies of 128, one full
+// body each, that rest on shelves; a single huge body is another matter, because its own
+// weight of cohesion presses it together: pairs_per_particle tells.
+
+#include <benchmark/benchmark.h>
+
+#include <cmath>
+#include <list>
+
+#include "water/ParticleGrid.h"
+#include "water/WaterWorld.h"
+
+namespace {
+
+constexpr int bodySize = 128;
+constexpr float dt = 1.0f / 60.0f;
+constexpr int warmUp = 120;
+
+constexpr int shelfCount = 8;
+constexpr float shelfWidth = 1760.0f;
+constexpr float shelfGap = 140.0f;
+constexpr float bodyGap = 110.0f;
+constexpr Vector2 camera{300.0f, 300.0f};
+
+/// Eight shelves one below the other with ends, and a few boxes: about 100 edges, and within
+/// the grid that finds neighbours.
+std::list<LevelPolygon> Shelves() {
+    std::list<LevelPolygon> level;
+    for (int i = 0; i < shelfCount; ++i) {
+        const float y = shelfGap * static_cast<float>(i);
+        level.push_back(TestLevel::Box(0.0f, y, shelfWidth, y + 20.0f));
+        level.push_back(TestLevel::Box(-40.0f, y - 80.0f, -10.0f, y + 10.0f));
+        level.push_back(
+            TestLevel::Box(shelfWidth + 10.0f, y - 80.0f, shelfWidth + 40.0f, y + 10.0f));
+    }
+    for (LevelPolygon& polygon : level) {
+        polygon.SetFriction(0.6f);
+    }
+    return level;
+}
+
+/// Bodies of water side by side on the shelves, `lift` above them. One body more than 16 wide
+/// doesn't fit a shelf, so 128 bodies are 16,384 particles.
+void AddBodies(int particles, float lift, float temperature = 20.0f) {
+    for (int body = 0; body * bodySize < particles; ++body) {
+        const Vector2 place{60.0f + bodyGap * static_cast<float>(body / shelfCount),
+                            shelfGap * static_cast<float>(body % shelfCount) - 3.0f - lift};
+        for (int i = 0; i < bodySize; ++i) {
+            WaterWorld::Add(place + Vector2{3.0f * static_cast<float>(i % 20) - 30.0f,
+                                            -3.0f * static_cast<float>(i / 20)},
+                            {}, temperature);
+        }
+    }
+}
+
+float PairsPerParticle() {
+    std::size_t pairs = 0;
+    for (const Particle& particle : ParticleManager::particles) {
+        for (const int column : {-1, 0, 1}) {
+            for (int row = column == 0 ? 0 : -1; row <= (column == 0 ? 0 : 1); ++row) {
+                const std::uint32_t x = particle.gridX + static_cast<std::uint32_t>(column);
+                const std::uint32_t y = particle.gridY + static_cast<std::uint32_t>(row);
+                if (x >= ParticleGrid::side || y >= ParticleGrid::side) {
+                    continue;
+                }
+                for (const Particle* p = ParticleGrid::Head(x, y); p != nullptr; p = p->gridNext) {
+                    pairs += p != &particle ? 1 : 0;
+                }
+            }
+        }
+    }
+    return static_cast<float>(pairs) /
+           static_cast<float>(std::max<std::size_t>(1, ParticleManager::particles.size()));
+}
+
+void Report(benchmark::State& state, int particles) {
+    using benchmark::Counter;
+    const double steps = static_cast<double>(state.iterations());
+    state.counters["ns_per_particle"] =
+        Counter(steps * particles * 1e-9, Counter::Flags(Counter::kIsRate | Counter::kInvert));
+    state.counters["pairs_per_particle"] = PairsPerParticle();
+    state.counters["groups"] = static_cast<double>(GroupedParticleMover::groups.size());
+}
+
+void AtRest(benchmark::State& state) {
+    const int particles = static_cast<int>(state.range(0));
+    const WaterWorld world(Shelves(), camera, 20.0f);
+    AddBodies(particles, 0.0f);
+    WaterWorld::Steps(warmUp, dt);
+    for (auto _ : state) {
+        ParticleManager::Step(dt);
+    }
+    Report(state, particles);
+}
+BENCHMARK(AtRest)->Arg(128)->Arg(1024)->Arg(4096)->Arg(16384)->Unit(benchmark::kMicrosecond);
+
+/// All in one bowl, where it flows together.
+void OneBody(benchmark::State& state) {
+    const int particles = static_cast<int>(state.range(0));
+    const float width = 90.0f * std::sqrt(static_cast<float>(particles) / bodySize);
+    const WaterWorld world(WaterLevels::CrowdedBowl(width, width), {width * 0.5f, width * 0.5f},
+                           20.0f);
+    const int columns = static_cast<int>(std::sqrt(static_cast<float>(particles)));
+    for (int i = 0; i < particles; ++i) {
+        WaterWorld::Add(
+            {5.0f + (width - 10.0f) * static_cast<float>(i % columns) / static_cast<float>(columns),
+             width - 3.0f - 3.5f * static_cast<float>(i / columns)});
+    }
+    WaterWorld::Steps(warmUp, dt);
+    for (auto _ : state) {
+        ParticleManager::Step(dt);
+    }
+    Report(state, particles);
+}
+BENCHMARK(OneBody)->Arg(128)->Arg(1024)->Arg(4096)->Unit(benchmark::kMicrosecond);
+
+/// The first half second of the fall, again and again.
+void Falling(benchmark::State& state) {
+    const int particles = static_cast<int>(state.range(0));
+    const WaterWorld world(Shelves(), camera, 20.0f);
+    int step = 0;
+    for (auto _ : state) {
+        if (step++ % 30 == 0) {
+            state.PauseTiming();
+            ParticleManager::ClearAll();
+            AddBodies(particles, 60.0f);
+            state.ResumeTiming();
+        }
+        ParticleManager::Step(dt);
+    }
+    Report(state, particles);
+}
+BENCHMARK(Falling)->Arg(128)->Arg(1024)->Arg(4096)->Arg(16384)->Unit(benchmark::kMicrosecond);
+
+/// The one step in which all water turns to ice.
+void FreezingAtOnce(benchmark::State& state) {
+    const int particles = static_cast<int>(state.range(0));
+    const WaterWorld world(Shelves(), camera, 20.0f);
+    for (auto _ : state) {
+        state.PauseTiming();
+        ParticleManager::ClearAll();
+        AddBodies(particles, 0.0f, -10.0f);
+        state.ResumeTiming();
+        ParticleManager::Step(dt);
+    }
+    Report(state, particles);
+}
+BENCHMARK(FreezingAtOnce)
+    ->Arg(128)
+    ->Arg(1024)
+    ->Arg(4096)
+    ->Arg(16384)
+    ->Unit(benchmark::kMicrosecond);
+
+/// As many lumps of one particle each, in the air, none of which touch.
+void ManyGroups(benchmark::State& state) {
+    const int particles = static_cast<int>(state.range(0));
+    const WaterWorld world(Shelves(), camera, 20.0f);
+    ParticleManager::gravity = 0.0f;
+    ParticleManager::heatTransferRate = 0.0f;
+    for (int i = 0; i < particles; ++i) {
+        WaterWorld::Add(
+            {13.0f * static_cast<float>(i % 128), -200.0f - 13.0f * static_cast<float>(i / 128)},
+            {10.0f, 0.0f}, -10.0f);
+    }
+    for (auto _ : state) {
+        ParticleManager::Step(dt);
+    }
+    Report(state, particles);
+}
+BENCHMARK(ManyGroups)->Arg(128)->Arg(1024)->Arg(4096)->Arg(16384)->Unit(benchmark::kMicrosecond);
+
+}  // namespace
