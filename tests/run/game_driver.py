@@ -44,7 +44,8 @@ class Driver:
         self.process = subprocess.Popen([program, *words], cwd=self.home, env=environment,
                                         stderr=subprocess.PIPE, text=True)
         self.window = wait_for(self._find_window, "the game's window")
-        wait_for(lambda: "Game initialisation" in self.log() or "Error" in self.log(), "the level")
+        wait_for(lambda: "Game initialisation" in self.log() or "Unable to open" in self.log(),
+                 "the level")
 
     def _write_settings(self, files):
         for name, text in files.items():
@@ -112,8 +113,13 @@ class Driver:
 
     def picture(self):
         """The window as the screen shows it, as an array of rows of RGB."""
+        place = dict(line.split("=") for line in
+                     x("getwindowgeometry", "--shell", self.window).split())
+        size = f"{place['WIDTH']}x{place['HEIGHT']}+{place['X']}+{place['Y']}"
         path = os.path.join(self.home, "shot.png")
-        subprocess.run(["import", "-window", self.window, path], check=True, timeout=30)
+        # The screen, cut: a window that is just changing its size can't be asked itself.
+        subprocess.run(["import", "-window", "root", "-crop", size, "+repage", path], check=True,
+                       timeout=30)
         with Image.open(path) as image:
             return numpy.asarray(image.convert("RGB")).astype(int)
 
