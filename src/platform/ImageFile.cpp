@@ -8,6 +8,11 @@
 
 #include <algorithm>
 #include <memory>
+#include <string>
+#include <utility>
+
+#include "platform/ImageHeader.h"
+#include "platform/Paths.h"
 
 namespace Platform {
 
@@ -56,7 +61,21 @@ void CopyPalette(const SDL_PixelFormat& format, ImageFile& image) {
 }  // namespace
 
 std::optional<ImageFile> ReadImageFile(const std::filesystem::path& path) {
-    Surface surface(IMG_Load(path.c_str()));
+    const auto bytes = ReadWholeFile(path);
+    std::string extension = path.extension().string();
+    extension.erase(0, 1);
+    if (!bytes || bytes->empty() || !CouldHoldItsPicture(*bytes, extension)) {
+        return std::nullopt;
+    }
+    constexpr std::size_t longest = 1u << 30;  // the library counts in int
+    SDL_RWops* source = bytes->size() > longest
+                            ? nullptr
+                            : SDL_RWFromConstMem(bytes->data(), static_cast<int>(bytes->size()));
+    if (!source) {
+        return std::nullopt;
+    }
+    // What IMG_Load does with a file; it closes the source.
+    Surface surface(IMG_LoadTyped_RW(source, 1, extension.data()));
     if (!surface || surface->w < 1 || surface->h < 1) {
         return std::nullopt;
     }
@@ -82,8 +101,8 @@ std::optional<ImageFile> ReadImageFile(const std::filesystem::path& path) {
     if (SDL_MUSTLOCK(surface.get()) && SDL_LockSurface(surface.get()) != 0) {
         return std::nullopt;
     }
-    const auto* bytes = static_cast<const std::byte*>(surface->pixels);
-    image.pixels.assign(bytes, bytes + std::size_t{image.pitch} * image.height);
+    const auto* first = static_cast<const std::byte*>(surface->pixels);
+    image.pixels.assign(first, first + std::size_t{image.pitch} * image.height);
     if (SDL_MUSTLOCK(surface.get())) {
         SDL_UnlockSurface(surface.get());
     }
