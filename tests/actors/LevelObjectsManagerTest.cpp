@@ -1,0 +1,175 @@
+#include "actors/LevelObjectsManager.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+
+#include "actors/Camera.h"
+#include "engine/Console.h"
+#include "platform/Paths.h"
+#include "support/TemporaryDirectory.h"
+
+namespace {
+
+/// Four frames a second, and a set of three frames with a gap in their numbers.
+class LevelObjects : public testing::Test {
+protected:
+    LevelObjects() {
+        directory.Write("cfg/animation.cfg", "animationSpeeds -4");
+        for (const char* frame : {"01", "02", "07"}) {
+            directory.Write("img/Wheel_Frame" + std::string(frame) + ".png", "");
+        }
+        Platform::ForgetListings();
+        Console::Initialise();
+        LevelObjectsManager::Initialise();
+        Camera::position = {1000.0f, 0.0f};
+        Camera::shakeOffset = {};
+        Camera::zoom = 1.0f;
+    }
+    ~LevelObjects() override {
+        LevelObjectsManager::Shutdown();
+        Console::Shutdown();
+        Platform::ForgetListings();
+    }
+
+    static LevelObject Make(const std::string& texture, Vector2 position = {}) {
+        LevelObject object;
+        object.position = position;
+        object.SetTexture(texture);
+        return object;
+    }
+    static LevelObject& AddWheel() {
+        LevelObjectsManager::Add(Make("img\\wheel_frame01.png"));
+        return LevelObjectsManager::animatedObjects.back();
+    }
+    /// A still sprite of 20 by 10 units; headless textures have no size.
+    static LevelObject& AddSprite(Vector2 position, std::uint32_t layer, std::uint32_t glName) {
+        LevelObjectsManager::Add(Make("sprite.png", position));
+        LevelObject& object = LevelObjectsManager::objects.back();
+        object.layer = layer;
+        object.frames[0].width = 20;
+        object.frames[0].height = 10;
+        object.frames[0].glName = glName;
+        return object;
+    }
+    static std::size_t Queued(std::size_t layer) {
+        return LevelObjectsManager::layerQueues[layer].size();
+    }
+
+    TemporaryDirectory directory;
+    WorkingDirectoryGuard inDirectory{directory.path};
+};
+
+TEST_F(LevelObjects, LoadTheFramesOfASetInOrderAndOneTextureOtherwise) {
+    const LevelObject wheel = Make("img\\wheel_FRAME01.png");
+    ASSERT_EQ(wheel.frameCount, 3u);
+    EXPECT_EQ(wheel.frames[0].name, "IMG\\Wheel_Frame01.png");
+    EXPECT_EQ(wheel.frames[2].name, "IMG\\Wheel_Frame07.png");
+    for (const char* single : {"img\\Wheel_Fram.png", "img\\none_FRAME1.png", "_FRAME", ""}) {
+        LevelObject object = Make("img\\wheel_FRAME01.png");
+        object.SetTexture(single);
+        EXPECT_EQ(object.frameCount, 1u) << single;
+        EXPECT_EQ(object.frames.size(), 1u) << single;
+    }
+    LevelObjectsManager::Add(wheel);
+    LevelObjectsManager::Add(Make("img\\lamp.png"));
+    EXPECT_EQ(LevelObjectsManager::animatedObjects.size(), 1u);
+    Console::Clear();
+    Console::Execute("ObjectsCount");
+    EXPECT_NE(Console::OutputText().find('2'), std::string::npos);
+}
+
+TEST_F(LevelObjects, PlayAtMostAFrameAStepAndOnlyWhenStarted) {
+    LevelObject& wheel = AddWheel();
+    LevelObjectsManager::Step(10.0f);
+    EXPECT_EQ(wheel.frame, 0u);
+    wheel.stopped = 0;
+    LevelObjectsManager::Step(10.0f);
+    EXPECT_EQ(wheel.frame, 1u);
+    LevelObjectsManager::Step(0.2f);
+    EXPECT_EQ(wheel.frame, 1u);
+    LevelObjectsManager::Step(0.1f);
+    EXPECT_EQ(wheel.frame, 2u);
+    LevelObjectsManager::Step(1.0f);
+    EXPECT_EQ(wheel.frame, 0u);
+    LevelObjectsManager::animationSpeeds = 0.0f;
+    LevelObjectsManager::Step(1.0f);
+    EXPECT_EQ(wheel.frame, 0u);
+}
+
+TEST_F(LevelObjects, StandOnTheLastFrameAfterTheirPlays) {
+    LevelObject& wheel = AddWheel();
+    wheel.stopped = 0;
+    wheel.playLimit = 2;
+    for (int i = 0; i < 5; ++i) {
+        LevelObjectsManager::Step(1.0f);
+        EXPECT_EQ(wheel.stopped, 0) << i;
+    }
+    LevelObjectsManager::Step(1.0f);
+    EXPECT_EQ(wheel.stopped, 1);
+    EXPECT_EQ(wheel.frame, 2u);
+    EXPECT_EQ(wheel.plays, 0u);
+
+    wheel.offset = {3.0f, 4.0f};
+    wheel.enabled = 0;
+    LevelObjectsManager::objectsCull = false;
+    LevelObjectsManager::Reset();
+    EXPECT_EQ(wheel.frame, 0u);
+    EXPECT_EQ(wheel.offset, Vector2{});
+    EXPECT_EQ(wheel.enabled, 1);
+    EXPECT_TRUE(LevelObjectsManager::objectsCull);
+}
+
+TEST_F(LevelObjects, AreQueuedByTextureIfTheyTouchTheSquareRoundTheCamera) {
+    // The square reaches from 480 to 1520; a sprite's half width is 10.
+    AddSprite({470.0f, 0.0f}, 2, 9);
+    AddSprite({469.0f, 0.0f}, 2, 9);
+    AddSprite({1530.0f, 0.0f}, 2, 3);
+    LevelObject& moved = AddSprite({0.0f, 0.0f}, 2, 9);
+    moved.offset = {900.0f, 0.0f};
+    LevelObject& removed = AddSprite({1000.0f, 0.0f}, 4, 1);
+    removed.enabled = 0;
+    AddSprite({std::nanf(""), 0.0f}, 2, 9);
+    LevelObjectsManager::PrepareDraw();
+    const auto& queue = LevelObjectsManager::layerQueues[2];
+    ASSERT_EQ(queue.size(), 3u);
+    EXPECT_EQ(queue[0].glName, 3u);
+    EXPECT_EQ(queue[1].object->position.x, 470.0f);
+    EXPECT_EQ(queue[2].object, &moved);
+    EXPECT_EQ(Queued(4), 0u);
+
+    Console::Execute("ObjectsCull FALSE");
+    LevelObjectsManager::PrepareDraw();
+    EXPECT_EQ(Queued(2), 5u);
+    EXPECT_EQ(Queued(4), 1u);
+}
+
+TEST_F(LevelObjects, AreNotQueuedWhileSwitchedOff) {
+    AddSprite({1000.0f, 0.0f}, 0, 1);
+    Console::Execute("ObjectsDraw FALSE");
+    LevelObjectsManager::PrepareDraw();
+    EXPECT_EQ(Queued(0), 0u);
+}
+
+TEST_F(LevelObjects, AreMadeFromTheConsole) {
+    Console::Execute("ObjectCreate 10 -20.5 7 img\\wheel_FRAME01.png");
+    ASSERT_EQ(LevelObjectsManager::animatedObjects.size(), 1u);
+    const LevelObject& wheel = LevelObjectsManager::animatedObjects.front();
+    EXPECT_EQ(wheel.position, (Vector2{10.0f, -20.5f}));
+    EXPECT_EQ(wheel.id, 7u);
+    EXPECT_EQ(wheel.layer, 0u);
+    for (const char* wrong : {"ObjectCreate 10 20 7", "ObjectCreate 10 20 7.5 a.png",
+                              "ObjectCreate x 20 7 a.png", "ObjectCreate 10 20 7 a.png b"}) {
+        Console::Clear();
+        Console::Execute(wrong);
+        EXPECT_NE(Console::OutputText().find(
+                      "\nUSAGE: ObjectCreate < x : number > < y : number > < object id : integer "
+                      "> < textureName : string >"),
+                  std::string::npos)
+            << wrong;
+    }
+    EXPECT_TRUE(LevelObjectsManager::objects.empty());
+}
+
+}  // namespace
