@@ -1,29 +1,32 @@
 #include "level/LevelBuilder.h"
 
+#include <unordered_set>
 #include <vector>
 
 #include "water/ParticleMover.h"
 
-namespace LevelBuilder {
-
 namespace {
 
-// Flags of a polygon record: plain numbers, not bits. Others count as drawn and solid.
-constexpr std::uint32_t scenery = 1;
-constexpr std::uint32_t invisible = 2;
-constexpr std::uint32_t cutting = 3;
+// Trigger types that take polygons out of the level and put them back.
+constexpr std::uint32_t entityRemove = 300;
+constexpr std::uint32_t entityAdd = 301;
+
+/// Flags are a plain number; those without a meaning leave the polygon solid and visible.
+void SetFlags(LevelPolygon& polygon, std::uint32_t flags) {
+    polygon.visible = flags == 2 || flags == 3 ? 0 : 1;
+    polygon.solid = flags == 1 || flags == 3 ? 0 : 1;
+}
 
 }  // namespace
 
-LevelPolygon BuildPolygon(const LevelFile::Polygon& record) {
+LevelPolygon LevelBuilder::BuildPolygon(const LevelFile::Polygon& record) {
     LevelPolygon polygon;
     polygon.id = record.id;
     if (!record.texture.empty()) {
         polygon.texture = Texture(record.texture, "DEFAULT_TEXTURE");
     }
     polygon.SetFriction(SurfaceFriction(static_cast<int>(record.surface)));
-    polygon.visible = record.flags == invisible || record.flags == cutting ? 0 : 1;
-    polygon.solid = record.flags == scenery || record.flags == cutting ? 0 : 1;
+    SetFlags(polygon, record.flags);
     polygon.layer = static_cast<std::uint32_t>(record.layer);
     std::vector<Vector2> points;
     points.reserve(record.points.size());
@@ -34,17 +37,19 @@ LevelPolygon BuildPolygon(const LevelFile::Polygon& record) {
     return polygon;
 }
 
-bool TogglesPolygons(std::int64_t triggerType) {
-    constexpr std::int64_t entityRemove = 300;
-    constexpr std::int64_t entityAdd = 301;
-    return triggerType == entityRemove || triggerType == entityAdd;
-}
-
-void MarkPolygons(std::list<LevelPolygon>& polygons, const Ids& toggled, const Ids& moved) {
+void LevelBuilder::MarkPolygons(std::list<LevelPolygon>& polygons, const LevelFile& file) {
+    std::unordered_set<std::uint32_t> toggled;
+    for (const LevelFile::Trigger& trigger : file.triggers) {
+        if (trigger.type == entityRemove || trigger.type == entityAdd) {
+            toggled.insert(trigger.targetId);
+        }
+    }
+    std::unordered_set<std::uint32_t> moved;
+    for (const LevelFile::Mover& mover : file.movers) {
+        moved.insert(mover.id);
+    }
     for (LevelPolygon& polygon : polygons) {
         polygon.toggledByTrigger = toggled.contains(polygon.id) ? 1 : 0;
         polygon.movedByMover = moved.contains(polygon.id) ? 1 : 0;
     }
 }
-
-}  // namespace LevelBuilder

@@ -2,6 +2,11 @@
 
 #include "level/LevelData.h"
 
+#include "actors/CheckPointTimesManager.h"
+#include "actors/ForceManager.h"
+#include "actors/LevelObjectsManager.h"
+#include "actors/MoverManager.h"
+#include "actors/TriggerManager.h"
 #include "engine/Console.h"
 #include "engine/Presentation.h"
 #include "level/BspTree.h"
@@ -47,6 +52,7 @@ bool Load(const std::string& fileName) {
     BspTree::Build(polygons);
     Presentation::Current().PrepareLevel();
     DynamicPolygonRenderer::Initialise();
+    CheckPointTimesManager::Initialise();
     MapSegments();
     Console::AddCommand("DrawTriangles", DrawTriangles);
     return true;
@@ -57,7 +63,12 @@ void Unload() {
     Console::RemoveCommand("DrawTriangles");
     Presentation::Current().ReleaseLevel();
     BspTree::Destroy();
+    LevelObjectsManager::Shutdown();
+    ForceManager::Shutdown();
     DynamicPolygonRenderer::Shutdown();
+    TriggerManager::Shutdown();
+    CheckPointTimesManager::Shutdown();
+    MoverManager::Shutdown();
     polygons.clear();
     polygonSegments.clear();
 }
@@ -70,6 +81,9 @@ void Restart() {
         polygon.previousOffset = {};
     }
     BspTree::Reset();
+    LevelObjectsManager::Reset();
+    MoverManager::Reset();
+    TriggerManager::Reset();
 }
 
 void SetPolygonSolid(LevelPolygon& polygon, bool solid) {

@@ -4,22 +4,25 @@
 
 #include <list>
 #include <optional>
-#include <unordered_set>
 #include <vector>
 
+#include "actors/ForceManager.h"
+#include "actors/LevelObjectsManager.h"
+#include "actors/MoverManager.h"
+#include "actors/TriggerManager.h"
 #include "engine/Console.h"
 #include "engine/Timer.h"
 #include "graphics/GLWindow.h"
+#include "level/LevelBuilder.h"
 #include "level/LevelData.h"
 #include "level/LevelFile.h"
 #include "platform/Paths.h"
-#include "water/ParticleMover.h"
+#include "water/FxParticleManager.h"
 
 namespace {
 
-// Trigger types that take polygons out of the level and put them back.
-constexpr std::uint32_t entityRemove = 300;
-constexpr std::uint32_t entityAdd = 301;
+// Level files keep a force's strength in tenths.
+constexpr float strengthScale = 10.0f;
 
 std::optional<std::vector<std::byte>> ReadBytes(const std::string& fileName) {
     const auto path = Platform::FindFile(fileName, Platform::NameSource::Person);
@@ -39,71 +42,111 @@ void PrintFailure(const std::string& fileName, const std::string& reason,
     Console::Print("\nReason: " + reason);
 }
 
-/// Flags are a plain number; those without a meaning leave the polygon solid and visible.
-void SetFlags(LevelPolygon& polygon, std::uint32_t flags) {
-    polygon.visible = flags == 2 || flags == 3 ? 0 : 1;
-    polygon.solid = flags == 1 || flags == 3 ? 0 : 1;
-}
-
-void FillPolygon(LevelPolygon& polygon, const LevelFile::Polygon& record) {
-    polygon.id = record.id;
-    if (!record.texture.empty()) {
-        polygon.texture = Texture(record.texture, "DEFAULT_TEXTURE");
-    }
-    polygon.SetFriction(SurfaceFriction(static_cast<int>(record.surface)));
-    SetFlags(polygon, record.flags);
-    polygon.layer = static_cast<std::uint32_t>(record.layer);
-    std::vector<Vector2> points;
-    points.reserve(record.points.size());
-    for (const LevelFile::Point point : record.points) {
-        points.push_back({static_cast<float>(point.x), static_cast<float>(point.y)});
-    }
-    polygon.AddPoints(points);
-}
-
-/// Splitting outlines and reading textures is what takes the time of a load.
-std::list<LevelPolygon> MakePolygons(const LevelFile& file) {
-    std::list<LevelPolygon> polygons;
-    for (const LevelFile::Polygon& record : file.polygons) {
-        FillPolygon(polygons.emplace_back(), record);
-        GLWindow::PumpMessages();
-    }
-    return polygons;
-}
-
-/// Marks what triggers switch and movers carry, before the tree and the renderers ask.
-void MarkPolygons(std::list<LevelPolygon>& polygons, const LevelFile& file) {
-    std::unordered_set<std::uint32_t> toggled;
-    for (const LevelFile::Trigger& trigger : file.triggers) {
-        if (trigger.type == entityRemove || trigger.type == entityAdd) {
-            toggled.insert(trigger.targetId);
-        }
-    }
-    std::unordered_set<std::uint32_t> moved;
-    for (const LevelFile::Mover& mover : file.movers) {
-        moved.insert(mover.id);
-    }
-    for (LevelPolygon& polygon : polygons) {
-        if (toggled.contains(polygon.id)) {
-            polygon.toggledByTrigger = 1;
-        }
-        if (moved.contains(polygon.id)) {
-            polygon.movedByMover = 1;
-        }
-    }
+void PrintSuccess(const std::string& fileName, Timer& timer) {
+    Console::Print("\nLevel '" + fileName + "' loaded successfully..");
+    timer.Tick();
+    Console::Print("\nLevel loading took ");
+    Console::PrintFloat(timer.deltaSeconds);
+    Console::Print(" seconds.");
 }
 
 Vector2 ToVector(LevelFile::Point point) {
     return {static_cast<float>(point.x), static_cast<float>(point.y)};
 }
 
-/// Ends the old level and hands the new one over. Things that bind others by their ids are
-/// filled after them.
-void Publish(const LevelFile& file, std::list<LevelPolygon>& polygons) {
+/// What has files of its own to load; made while the old level still stands.
+struct LoadedRecords {
+    std::list<LevelPolygon> polygons;
+    std::list<LevelObject> objects;
+    std::list<Emitter> emitters;
+};
+
+LevelObject MakeObject(const LevelFile::Object& record) {
+    LevelObject object;
+    object.id = record.id;
+    object.SetTexture(record.texture);
+    object.layer = static_cast<std::uint32_t>(record.layer);
+    object.position = ToVector(record.position);
+    object.mirrored = record.mirrored;
+    return object;
+}
+
+Emitter MakeEmitter(const LevelFile::Emitter& record) {
+    Emitter emitter;
+    emitter.id = record.id;
+    emitter.position = ToVector(record.position);
+    emitter.SetDirection(record.direction.x, record.direction.y);
+    emitter.LoadSettings(record.settings);
+    return emitter;
+}
+
+/// Splitting outlines and reading images is what takes the time of a load, so the window's
+/// messages are pumped between.
+LoadedRecords LoadRecords(const LevelFile& file) {
+    LoadedRecords loaded;
+    for (const LevelFile::Polygon& record : file.polygons) {
+        loaded.polygons.push_back(LevelBuilder::BuildPolygon(record));
+        GLWindow::PumpMessages();
+    }
+    LevelBuilder::MarkPolygons(loaded.polygons, file);
+    for (const LevelFile::Object& record : file.objects) {
+        loaded.objects.push_back(MakeObject(record));
+        GLWindow::PumpMessages();
+    }
+    for (const LevelFile::Emitter& record : file.emitters) {
+        loaded.emitters.push_back(MakeEmitter(record));
+    }
+    return loaded;
+}
+
+void PublishForces(const LevelFile& file) {
+    ForceManager::Initialise();
+    for (const LevelFile::Force& record : file.forces) {
+        const Vector2 position = ToVector(record.position);
+        ForceManager::Add(record.id, position.x, position.y, record.direction.x, record.direction.y,
+                          record.strength * strengthScale);
+    }
+}
+
+void PublishMovers(const LevelFile& file) {
+    MoverManager::Initialise();
+    for (const LevelFile::Mover& record : file.movers) {
+        Mover mover;
+        mover.id = record.id;
+        mover.speed = record.speed;
+        mover.SetPath(ToVector(record.start), ToVector(record.end));
+        MoverManager::Add(mover);
+    }
+}
+
+void PublishTriggers(const LevelFile& file) {
+    TriggerManager::Initialise();
+    for (const LevelFile::Trigger& record : file.triggers) {
+        TriggerManager::Add(static_cast<std::int32_t>(record.type), record.targetId, record.delay,
+                            ToVector(record.corners[0]), ToVector(record.corners[1]),
+                            ToVector(record.corners[2]), ToVector(record.corners[3]));
+    }
+}
+
+/// Ends the old level and hands the new one over. Movers bind polygons and objects as they are
+/// added, and triggers bind everything else, so the order matters.
+void Publish(const LevelFile& file, LoadedRecords& loaded) {
     LevelData::Unload();
-    LevelData::polygons.splice(LevelData::polygons.end(), polygons);
+    LevelData::polygons.splice(LevelData::polygons.end(), loaded.polygons);
     LevelData::waterStart = ToVector(file.waterStart);
     LevelData::cameraStart = ToVector(file.cameraStart);
+
+    LevelObjectsManager::Initialise();
+    for (const LevelObject& object : loaded.objects) {
+        LevelObjectsManager::Add(object);
+    }
+    PublishForces(file);
+    PublishMovers(file);
+    FxParticleManager::Initialise();
+    for (const Emitter& emitter : loaded.emitters) {
+        FxParticleManager::Add(emitter);
+    }
+    PublishTriggers(file);
 }
 
 }  // namespace
@@ -122,13 +165,8 @@ bool LevelFileReader::Read(const std::string& fileName) {
         PrintFailure(fileName, reason, foundVersion);
         return false;
     }
-    std::list<LevelPolygon> polygons = MakePolygons(*file);
-    MarkPolygons(polygons, *file);
-    Console::Print("\nLevel '" + fileName + "' loaded successfully..");
-    timer.Tick();
-    Console::Print("\nLevel loading took ");
-    Console::PrintFloat(timer.deltaSeconds);
-    Console::Print(" seconds.");
-    Publish(*file, polygons);
+    LoadedRecords loaded = LoadRecords(*file);
+    PrintSuccess(fileName, timer);
+    Publish(*file, loaded);
     return true;
 }

@@ -1,9 +1,9 @@
 #include "LevelInput.h"
 
 #include <filesystem>
-#include <set>
 
 #include "Message.h"
+#include "level/LevelBuilder.h"
 #include "platform/Paths.h"
 #include "water/ParticleMover.h"
 
@@ -28,35 +28,11 @@ std::optional<LevelFile> ReadLevel(const std::string& fileName, std::string& fai
 }
 
 std::list<LevelPolygon> MakePolygons(const LevelFile& level) {
-    constexpr std::uint32_t entityRemove = 300;
-    constexpr std::uint32_t entityAdd = 301;
     ReadSurfaces();
-    std::set<std::uint32_t> moved;
-    std::set<std::uint32_t> toggled;
-    for (const LevelFile::Mover& mover : level.movers) {
-        moved.insert(mover.id);
-    }
-    for (const LevelFile::Trigger& trigger : level.triggers) {
-        if (trigger.type == entityRemove || trigger.type == entityAdd) {
-            toggled.insert(trigger.targetId);
-        }
-    }
     std::list<LevelPolygon> polygons;
-    std::vector<Vector2> points;
     for (const LevelFile::Polygon& record : level.polygons) {
-        LevelPolygon& polygon = polygons.emplace_back();
-        polygon.id = record.id;
-        polygon.layer = static_cast<std::uint32_t>(record.layer);
-        polygon.visible = record.flags == 2 || record.flags == 3 ? 0 : 1;
-        polygon.solid = record.flags == 1 || record.flags == 3 ? 0 : 1;
-        polygon.movedByMover = moved.contains(record.id) ? 1 : 0;
-        polygon.toggledByTrigger = toggled.contains(record.id) ? 1 : 0;
-        polygon.SetFriction(SurfaceFriction(static_cast<int>(record.surface)));
-        points.clear();
-        for (const LevelFile::Point point : record.points) {
-            points.push_back({static_cast<float>(point.x), static_cast<float>(point.y)});
-        }
-        polygon.AddPoints(points);
+        polygons.push_back(LevelBuilder::BuildPolygon(record));
     }
+    LevelBuilder::MarkPolygons(polygons, level);
     return polygons;
 }
