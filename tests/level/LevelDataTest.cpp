@@ -67,7 +67,9 @@ std::vector<float> Corners() {
 }  // namespace
 
 TEST_F(LevelDataTest, PublishesThePolygonsOfAFile) {
-    directory.Write("cfg/surfaces.cfg", "stone 0.5");
+    directory.Write("cfg/surfaces.cfg", "surfaceFriction_stone = 0.5");
+    Platform::ForgetListings();
+    ReadSurfaces();
     LevelFile file = TestLevelFile::Rich();
     ASSERT_TRUE(Load(file)) << Console::OutputText();
     ASSERT_EQ(LevelData::polygons.size(), 3u);
@@ -75,7 +77,7 @@ TEST_F(LevelDataTest, PublishesThePolygonsOfAFile) {
     EXPECT_EQ(stone.id, 7u);
     EXPECT_EQ(stone.texture.name, "tex\\stone.tga");
     EXPECT_EQ(stone.triangleCount, 2u);
-    EXPECT_EQ(stone.friction, SurfaceFriction(3));
+    EXPECT_EQ(stone.friction, 0.5f);
     EXPECT_EQ(stone.Point(2), (Vector2{100.0f, 50.0f}));
     EXPECT_EQ(Polygon(1).triangleCount, 0u);
     EXPECT_EQ(Polygon(2).layer, 4u);
