@@ -1,5 +1,5 @@
 // Cost of a simulation step: by number of particles, at rest and falling, frozen and freezing.
-// ns_per_particle is what may not grow with the number. Water comes in bodies of 128, one full
+// per_particle is what may not grow with the number. Water comes in bodies of 128, one full
 // body each, that rest on shelves; a single huge body is another matter, because its own
 // weight of cohesion presses it together: pairs_per_particle tells.
 
@@ -77,8 +77,8 @@ float PairsPerParticle() {
 void Report(benchmark::State& state, int particles) {
     using benchmark::Counter;
     const double steps = static_cast<double>(state.iterations());
-    state.counters["ns_per_particle"] =
-        Counter(steps * particles * 1e-9, Counter::Flags(Counter::kIsRate | Counter::kInvert));
+    state.counters["per_particle"] =
+        Counter(steps * particles, Counter::Flags(Counter::kIsRate | Counter::kInvert));
     state.counters["pairs_per_particle"] = PairsPerParticle();
     state.counters["groups"] = static_cast<double>(GroupedParticleMover::groups.size());
 }

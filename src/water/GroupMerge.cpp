@@ -5,6 +5,7 @@
 #include "water/GroupMerge.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <cstdint>
 #include <vector>
@@ -20,24 +21,16 @@ constexpr int levelCount = 24;  // target radii up to 2^24
 
 /// Greatest target radius of the groups on a level.
 float LevelRadius(int level) {
-    return std::ldexp(1.0f, level + 1);
+    return static_cast<float>(2u << level);
 }
 
 int LevelOf(float targetRadius) {
-    return std::clamp(std::ilogb(targetRadius), 0, levelCount - 1);
+    const auto width = static_cast<int>(std::bit_width(static_cast<std::uint64_t>(targetRadius)));
+    return std::clamp(width - 1, 0, levelCount - 1);
 }
 
 double InverseCellSize(int level) {
     return 0.5 / static_cast<double>(LevelRadius(level));
-}
-
-bool Touch(const ParticleGroup& a, const ParticleGroup& b) {
-    return a.targetRadius + b.targetRadius + mergeMargin > Distance(a.position, b.position);
-}
-
-void MoveMembers(ParticleGroup& from, ParticleGroup& to) {
-    to.particles.splice(to.particles.end(), from.particles);
-    to.targetRadius = TargetRadius(to.particles.size());
 }
 
 struct CellRange {
@@ -57,7 +50,7 @@ CellRange CellsWithin(float coordinate, double reach, double inverseSize) {
 }
 
 CellTable::Key KeyOf(std::int64_t x, std::int64_t y, int level) {
-    return {x * levelCount + level, y};
+    return {x, y + (static_cast<std::int64_t>(level) << 56)};
 }
 
 class Merger {
@@ -69,11 +62,18 @@ private:
         std::uint32_t group;
         std::uint32_t nextInCell;
     };
+    /// A group, with copies of what the search reads.
     struct Item {
         ParticleGroup* group;
-        int level;  ///< the group's target radius isn't greater than this level's
+        Vector2 position;
+        float targetRadius;
+        int level;  ///< `targetRadius` isn't greater than this level's
     };
 
+    static bool Touch(const Item& a, const Item& b) {
+        return a.targetRadius + b.targetRadius + mergeMargin > Distance(a.position, b.position);
+    }
+    static void MoveMembers(Item& from, Item& to);
     void Enter(std::uint32_t group);
     void MergeFirst(std::uint32_t a);
     void Raise(std::uint32_t group);
@@ -95,7 +95,7 @@ void Merger::Run(GroupList& groups) {
     usedLevels = 0;
     table.Reset(groups.size());
     for (ParticleGroup& group : groups) {
-        items.push_back({&group, LevelOf(group.targetRadius)});
+        items.push_back({&group, group.position, group.targetRadius, LevelOf(group.targetRadius)});
         Enter(static_cast<std::uint32_t>(items.size() - 1));
     }
     for (std::uint32_t a = 0; a < items.size(); ++a) {
@@ -103,13 +103,18 @@ void Merger::Run(GroupList& groups) {
     }
 }
 
+void Merger::MoveMembers(Item& from, Item& to) {
+    ParticleGroup& target = *to.group;
+    target.particles.splice(target.particles.end(), from.group->particles);
+    target.targetRadius = to.targetRadius = TargetRadius(target.particles.size());
+}
+
 /// Puts the group into its cell on its level.
 void Merger::Enter(std::uint32_t group) {
     const Item& item = items[group];
     const double inverseSize = InverseCellSize(item.level);
-    const Vector2 position = item.group->position;
-    const std::uint32_t cell = table.FindOrAdd(
-        KeyOf(CellOf(position.x, inverseSize), CellOf(position.y, inverseSize), item.level));
+    const std::uint32_t cell = table.FindOrAdd(KeyOf(
+        CellOf(item.position.x, inverseSize), CellOf(item.position.y, inverseSize), item.level));
     if (cell == cellHeads.size()) {
         cellHeads.push_back(noEntry);
     }
@@ -120,7 +125,7 @@ void Merger::Enter(std::uint32_t group) {
 
 /// All pairs that have `a` as the first of the two.
 void Merger::MergeFirst(std::uint32_t a) {
-    ParticleGroup& first = *items[a].group;
+    Item& first = items[a];
     std::uint32_t from = a + 1;
     bool isGrown = true;
     while (isGrown) {
@@ -128,7 +133,7 @@ void Merger::MergeFirst(std::uint32_t a) {
         const float searchedRadius = first.targetRadius;
         FindPartners(a, from);
         for (const std::uint32_t b : partners) {
-            ParticleGroup& second = *items[b].group;
+            Item& second = items[b];
             if (!Touch(first, second)) {
                 continue;
             }
@@ -150,7 +155,7 @@ void Merger::MergeFirst(std::uint32_t a) {
 
 /// Brings a group that has outgrown its level to the right one. It stays on the old one too.
 void Merger::Raise(std::uint32_t group) {
-    const int level = LevelOf(items[group].group->targetRadius);
+    const int level = LevelOf(items[group].targetRadius);
     if (level > items[group].level) {
         items[group].level = level;
         Enter(group);
@@ -170,7 +175,7 @@ void Merger::FindPartners(std::uint32_t a, std::uint32_t from) {
 }
 
 void Merger::FindPartnersOnLevel(std::uint32_t a, std::uint32_t from, int level) {
-    const ParticleGroup& first = *items[a].group;
+    const Item& first = items[a];
     // A little more than exact, so that distances that round down are in.
     const double reach =
         1.001 * (static_cast<double>(first.targetRadius) + LevelRadius(level) + mergeMargin);
@@ -183,7 +188,7 @@ void Merger::FindPartnersOnLevel(std::uint32_t a, std::uint32_t from, int level)
             std::uint32_t entry = cell == CellTable::none ? noEntry : cellHeads[cell];
             for (; entry != noEntry; entry = entries[entry].nextInCell) {
                 const std::uint32_t b = entries[entry].group;
-                if (b >= from && Touch(first, *items[b].group)) {
+                if (b >= from && Touch(first, items[b])) {
                     partners.push_back(b);
                 }
             }
