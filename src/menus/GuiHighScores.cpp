@@ -1,0 +1,70 @@
+// The table of high scores; see GuiHighScores.h.
+
+#include "menus/GuiHighScores.h"
+
+#include <cinttypes>
+#include <cstdio>
+
+#include "game/HighScoreTable.h"
+#include "menus/GuiTextWidget.h"
+
+namespace {
+
+// Columns, in title sizes from the widget's left edge.
+constexpr float nameColumn = 6.0f;
+constexpr float scoreColumn = 18.0f;
+/// The first row's distance from the top, in title sizes.
+constexpr float firstRow = 2.0f;
+
+}  // namespace
+
+GuiHighScores::GuiHighScores() {
+    SetColour(0.0f, 0.0f, 0.0f, 1.0f);
+}
+
+void GuiHighScores::SetEntryFontSize(float size) {
+    if (size >= GuiTextWidget::smallestFontSize) {
+        entryFontSize = size;
+    }
+}
+
+void GuiHighScores::SetTitleFontSize(float size) {
+    if (size >= GuiTextWidget::smallestFontSize) {
+        titleFontSize = size;
+    }
+}
+
+void GuiHighScores::DrawTable(float left, float top, const GuiColour& colour) const {
+    GuiPainter& painter = GuiPainter::Current();
+    const float nameLeft = left + nameColumn * titleFontSize;
+    const float scoreLeft = left + scoreColumn * titleFontSize;
+    painter.DrawText(font, "Rank", left, top, titleFontSize, colour);
+    painter.DrawText(font, "Name", nameLeft, top, titleFontSize, colour);
+    painter.DrawText(font, "Score", scoreLeft, top, titleFontSize, colour);
+
+    float rowTop = top + firstRow * titleFontSize;
+    int rank = 1;
+    for (const HighScoreRow& row : HighScoreTable::Rows()) {
+        char number[16];
+        std::snprintf(number, sizeof number, "%d", rank);
+        painter.DrawText(font, number, left, rowTop, entryFontSize, colour);
+        // Copied, since a name from a foreign file needn't end in a zero.
+        char name[HighScoreRow::longestName + 2];
+        std::snprintf(name, sizeof name, "%.*s", static_cast<int>(row.name.size()),
+                      row.name.data());
+        painter.DrawText(font, name, nameLeft, rowTop, entryFontSize, colour);
+        std::snprintf(number, sizeof number, "%" PRIu32, row.score);
+        painter.DrawText(font, number, scoreLeft, rowTop, entryFontSize, colour);
+        rowTop += titleFontSize;
+        ++rank;
+    }
+}
+
+void GuiHighScores::OnPaint() {
+    const auto left = static_cast<float>(x);
+    const auto top = static_cast<float>(y);
+    if (dropShadow) {
+        DrawTable(left + shadowOffsetX, top + shadowOffsetY, ShadowColour());
+    }
+    DrawTable(left, top, Colour());
+}

@@ -1,0 +1,22 @@
+// What the widgets that draw text share; see GuiTextWidget.h.
+
+#include "menus/GuiTextWidget.h"
+
+GuiTextWidget::GuiTextWidget() {
+    SetColour(0.0f, 0.0f, 0.0f, 1.0f);
+}
+
+void GuiTextWidget::SetFontSize(float size) {
+    if (size >= smallestFontSize) {
+        fontSize = size;
+    }
+}
+
+void GuiTextWidget::DrawShadowedText(const char* text, float left, float top) const {
+    GuiPainter& painter = GuiPainter::Current();
+    if (dropShadow) {
+        painter.DrawText(font, text, left + shadowOffsetX, top + shadowOffsetY, fontSize,
+                         ShadowColour());
+    }
+    painter.DrawText(font, text, left, top, fontSize, Colour());
+}

@@ -1,0 +1,30 @@
+// What all widgets share; see GuiWidget.h.
+
+#include "menus/GuiWidget.h"
+
+#include <algorithm>
+
+void GuiWidget::SetColour(float r, float g, float b, float a) {
+    red = std::clamp(r, 0.0f, 1.0f);
+    green = std::clamp(g, 0.0f, 1.0f);
+    blue = std::clamp(b, 0.0f, 1.0f);
+    alpha = std::clamp(a, 0.0f, 1.0f);
+}
+
+void GuiWidget::SetSize(int w, int h) {
+    width = std::max(w, 0);
+    height = std::max(h, 0);
+}
+
+void GuiWidget::SetPosition(int left, int top) {
+    x = left;
+    y = top;
+}
+
+void GuiWidget::MapKey(int virtualKey, GuiWidget* target) {
+    keyNavigation[virtualKey] = target;
+}
+
+bool GuiWidget::Contains(int logicalX, int logicalY) const {
+    return logicalX >= x && logicalX < x + width && logicalY >= y && logicalY < y + height;
+}
