@@ -1,0 +1,43 @@
+// Debug view of the sound sources.
+
+#include <cstdio>
+
+#include "actors/DebugLabels.h"
+#include "actors/SoundSourceManager.h"
+#include "graphics/GLWindowDraw.h"
+
+namespace SoundSourceManager {
+
+namespace {
+
+DebugLabels labels;
+
+constexpr DebugDraw::Colour white{1.0f, 1.0f, 1.0f};
+
+void DrawSource(const SoundSource& source) {
+    const Vector2 position{source.x, source.y};
+    DebugDraw::Point(position, white, 4.0f);
+    char text[160];
+    std::snprintf(text, sizeof text, "id: %1i sound: %1s ", static_cast<int>(source.id),
+                  source.sound.Name().c_str());
+    labels.Add(position + Vector2{0.0f, 4.0f}, text);
+}
+
+}  // namespace
+
+void Draw() {
+    if (!soundSourceDraw) {
+        return;
+    }
+    const DebugDraw::State state;
+    for (const SourceMap* const sources : {&loopingSources, &oneShotSources}) {
+        for (const auto& [id, list] : *sources) {
+            for (const SoundSource& source : list) {
+                DrawSource(source);
+            }
+        }
+    }
+    labels.Draw();
+}
+
+}  // namespace SoundSourceManager

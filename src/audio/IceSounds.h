@@ -1,0 +1,15 @@
+#pragma once
+// What ice sounds like: knocks when it suddenly slows, a grinding loop while it slides along
+// surfaces, and a crackle while water freezes.
+
+namespace IceSounds {
+
+/// At a level's start and restart: reads cfg\game_sfx.cfg and forgets the running values.
+/// The sounds are made by the first call and kept.
+void Initialise();
+/// At the end of the game.
+void Shutdown();
+/// Once per module step, with the uncapped `dt`. Allocates nothing.
+void Step(float dt);
+
+}  // namespace IceSounds

@@ -1,0 +1,58 @@
+// Driving loops by levels.
+
+#include "audio/LoopLevel.h"
+
+#include <cmath>
+
+#include "game/Game.h"
+
+namespace {
+
+constexpr float inaudible = 0.001f;
+
+}  // namespace
+
+bool LoopsMustRest() {
+    return Game::IsPaused();
+}
+
+void LevelLoop::Create(std::string_view fileName) {
+    if (!sound) {
+        sound = std::make_unique<Sound>(fileName);
+    }
+}
+
+void LevelLoop::Drive(float level) {
+    if (!sound) {
+        return;
+    }
+    if (!(level >= inaudible)) {
+        Rest();
+        return;
+    }
+    sound->SetVolume(level);
+    if (!sound->IsPlaying()) {
+        sound->PlayLooped();
+    }
+}
+
+void LevelLoop::Rest() {
+    if (sound && sound->IsPlaying()) {
+        sound->Stop();
+    }
+}
+
+float Faded(float value, float rate, float dt) {
+    return value * std::pow(rate, dt);
+}
+
+float Approached(float value, float target, float rate, float dt) {
+    const float kept = std::pow(rate, dt);
+    return value * kept + target * (1.0f - kept);
+}
+
+float Spend(float& pending, float rate, float dt) {
+    const float spent = pending * (1.0f - std::pow(rate, dt));
+    pending -= spent;
+    return spent;
+}

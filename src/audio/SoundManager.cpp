@@ -1,0 +1,124 @@
+// The sample cache and the device's life.
+
+#include "audio/SoundManager.h"
+
+#include <algorithm>
+#include <map>
+
+#include "audio/AudioPreference.h"
+#include "audio/WavFile.h"
+#include "engine/Console.h"
+#include "engine/Text.h"
+#include "platform/Paths.h"
+
+namespace SoundManager {
+
+namespace {
+
+bool started = false;
+float masterVolume = 1.0f;
+std::map<std::string, SoundSample> samples;  // by upper-cased file name
+
+Platform::SampleId Load(const std::string& name) {
+    const auto path = started ? Platform::FindFile(name) : std::nullopt;
+    const auto bytes = path ? Platform::ReadWholeFile(*path) : std::nullopt;
+    const auto wav = bytes ? WavFile::Parse(*bytes) : std::nullopt;
+    return wav ? Platform::TheAudio().LoadSample(wav->format, wav->data) : 0;
+}
+
+void ReleaseAll() {
+    for (const auto& [name, sample] : samples) {
+        Platform::TheAudio().FreeSample(sample.buffer);
+    }
+    samples.clear();
+}
+
+void ListSounds() {
+    Console::PrintBanner("Sounds in use");
+    for (const auto& [name, sample] : samples) {
+        Console::Print("\n" + name);
+        if (sample.buffer == 0 || !HasDevice()) {
+            Console::Print(" (loading failed)");
+        }
+    }
+}
+
+void PrintMemory() {
+    std::size_t bytes = 0;
+    for (const auto& [name, sample] : samples) {
+        bytes += HasDevice() ? Platform::TheAudio().SampleBytes(sample.buffer) : 0;
+    }
+    Console::PrintBanner("Sound memory used");
+    Console::PrintUnsigned(bytes);
+    Console::Print(" bytes.");
+}
+
+}  // namespace
+
+void Initialise() {
+    if (HasDevice()) {
+        return;
+    }
+    masterVolume = 1.0f;
+    if (!started) {
+        Platform::TheAudio().Start();
+        started = true;
+    }
+    Console::Print(HasDevice() ? "\nSound subsystem initialised successfully."
+                               : "\nError initialising sound subsystem.");
+    if (const auto on = AudioPreference("Sound")) {
+        SetMasterVolume(*on ? 1.0f : 0.0f);
+    }
+}
+
+void Shutdown() {
+    if (started) {
+        Platform::TheAudio().Stop();
+        started = false;
+    }
+}
+
+bool HasDevice() {
+    return started && Platform::TheAudio().HasDevice();
+}
+
+void InitialiseCache() {
+    ReleaseAll();
+    Console::AddCommand("SoundList", ListSounds);
+    Console::AddCommand("SoundMemory", PrintMemory);
+}
+
+void ShutdownCache() {
+    ReleaseAll();
+    Console::RemoveCommand("SoundList");
+    Console::RemoveCommand("SoundMemory");
+}
+
+void SetMasterVolume(float volume) {
+    masterVolume = std::clamp(volume, 0.0f, 1.0f);
+}
+
+float MasterVolume() {
+    return masterVolume;
+}
+
+const SoundSample& Acquire(std::string_view name) {
+    const std::string key = UpperCased(name);
+    const auto [entry, isNew] = samples.try_emplace(key);
+    if (isNew) {
+        entry->second.buffer = Load(key);
+    }
+    ++entry->second.referenceCount;
+    return entry->second;
+}
+
+void Release(std::string_view name) {
+    const auto entry = samples.find(UpperCased(name));
+    if (entry == samples.end() || --entry->second.referenceCount > 0) {
+        return;
+    }
+    Platform::TheAudio().FreeSample(entry->second.buffer);
+    samples.erase(entry);
+}
+
+}  // namespace SoundManager

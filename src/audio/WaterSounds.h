@@ -1,0 +1,15 @@
+#pragma once
+// What liquid water sounds like: a murmur that follows its amount, and splashes when it
+// suddenly slows. Works from the count and mean speed of all water; nothing is placed.
+
+namespace WaterSounds {
+
+/// At a level's start and restart: reads cfg\game_sfx.cfg and forgets the running values.
+/// The sounds are made by the first call and kept.
+void Initialise();
+/// At the end of the game.
+void Shutdown();
+/// Once per module step, with the uncapped `dt`. Allocates nothing.
+void Step(float dt);
+
+}  // namespace WaterSounds
