@@ -15,7 +15,7 @@ level = Map()
 
 
 def solid(points, surface, texture, name="", **options):
-    level.polygon(points, surface, texture, layer=2, name=name, **options)
+    level.polygon(points, surface, texture, layer=1, name=name, **options)
 
 
 def scenery(layer, points, texture, name=""):
@@ -156,12 +156,12 @@ def before():
                 (1806, 600), (1830, 200)], DARK, "foreground right")
 
 
+walls()
+behind()
 shell()
 first_storey()
 second_storey()
 third_storey()
-walls()
-behind()
 before()
 level.trigger("Level_end_a", (1450, 1230, 280, 110), name="finish")
 level.water_start(240, 180)

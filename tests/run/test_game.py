@@ -44,7 +44,7 @@ class Play(unittest.TestCase):
     def test_pause_key_stops_the_water(self):
         wait_for(lambda: blueness(self.game.picture()) > 0.0004, "water on the screen")
         x("key", "p")
-        time.sleep(3)  # the camera comes to rest
+        time.sleep(4)  # the camera comes to rest
         first = self.game.picture()
         time.sleep(0.5)
         self.assertLess(difference(first, self.game.picture()), 1)
