@@ -1,0 +1,55 @@
+#pragma once
+// What buttons of menus do, and how they are bound: by click and by key, late enough for the
+// click to be seen and heard.
+
+#include "menus/GuiAnimatedButton.h"
+#include "menus/MenuManager.h"
+#include "platform/VirtualKeys.h"
+
+namespace MenuAction {
+
+/// Seconds between a press and its effect.
+inline constexpr float delay = 0.8f;
+inline constexpr int space = 32;
+
+/// Binds an effect that leaves the screen, or ends what it was shown for.
+template <void (*effect)(GuiAnimatedButton& button)>
+void Bind(GuiAnimatedButton& button) {
+    button.onMouseDown = [](GuiWidget* widget, int, int, int) {
+        effect(static_cast<GuiAnimatedButton&>(*widget));
+        return true;
+    };
+    button.onKeyDown = [](GuiWidget* widget, int virtualKey) {
+        if (virtualKey != VirtualKey::enter && virtualKey != space) {
+            return false;
+        }
+        effect(static_cast<GuiAnimatedButton&>(*widget));
+        return true;
+    };
+    button.delayMouseDown = delay;
+    button.delayKeyDown = delay;
+}
+
+template <int number>
+void Show(GuiAnimatedButton& /*button*/) {
+    MenuManager::Show(number);
+}
+
+inline void GoBack(GuiAnimatedButton& /*button*/) {
+    MenuManager::Show(MenuManager::Previous());
+}
+
+/// For answers to a question: lets the button look focused again, not pressed.
+inline void Release(GuiAnimatedButton& button) {
+    button.SetState(GuiAnimatedButton::InFocus);
+}
+
+/// The keys of a question whose answers stand side by side, the yes on the left.
+inline void MapAnswerKeys(GuiAnimatedButton& yes, GuiAnimatedButton& no) {
+    no.MapKey(VirtualKey::left, &yes);
+    no.MapKey(VirtualKey::tab, &yes);
+    yes.MapKey(VirtualKey::right, &no);
+    yes.MapKey(VirtualKey::tab, &no);
+}
+
+}  // namespace MenuAction
