@@ -10,6 +10,7 @@
 #include "actors/ForceManager.h"
 #include "actors/LevelObjectsManager.h"
 #include "actors/Mover.h"
+#include "actors/SoundSourceManager.h"
 #include "engine/Random.h"
 #include "game/LevelProgress.h"
 #include "level/LevelData.h"
@@ -71,12 +72,15 @@ void StopAnimation(Trigger& trigger, void* /*object*/, unsigned /*kind*/, float 
     ForEachObject(trigger, [](LevelObject& target) { target.stopped = 1; });
 }
 
-// Sound sources are addressed by the target id at the time of firing. Until there are any,
-// these two have nothing to start or stop.
+// Sound sources are looked up by the target id at the time of firing.
 
-void PlaySound(Trigger& /*trigger*/, void* /*object*/, unsigned /*kind*/, float /*dt*/) {}
+void PlaySound(Trigger& trigger, void* /*object*/, unsigned /*kind*/, float /*dt*/) {
+    SoundSourceManager::Play(trigger.targetId);
+}
 
-void StopSound(Trigger& /*trigger*/, void* /*object*/, unsigned /*kind*/, float /*dt*/) {}
+void StopSound(Trigger& trigger, void* /*object*/, unsigned /*kind*/, float /*dt*/) {
+    SoundSourceManager::Stop(trigger.targetId);
+}
 
 // Forces
 

@@ -5,7 +5,12 @@
 #include "actors/Camera.h"
 #include "actors/LevelObjectsManager.h"
 #include "actors/MoverManager.h"
+#include "actors/SoundSourceManager.h"
 #include "actors/TriggerManager.h"
+#include "audio/IceSounds.h"
+#include "audio/MusicPlayer.h"
+#include "audio/SteamSounds.h"
+#include "audio/WaterSounds.h"
 #include "engine/ConfigFile.h"
 #include "engine/Console.h"
 #include "engine/Presentation.h"
@@ -76,6 +81,12 @@ void StartWaterAndCamera() {
     Camera::SetState(Camera::OpeningFlight);
 }
 
+void StartSoundEffects() {
+    IceSounds::Initialise();
+    WaterSounds::Initialise();
+    SteamSounds::Initialise();
+}
+
 void StartModules() {
     TemperatureChangeReadConfig();
     ParticleManager::Initialise();
@@ -83,6 +94,7 @@ void StartModules() {
     Camera::ReadConfig();
     StartWaterAndCamera();
     gameState.frameTimer.Reset();
+    StartSoundEffects();
     LevelProgress::Initialise();
 }
 
@@ -94,6 +106,7 @@ void RestartLevel() {
     LevelData::Restart();
     Camera::ReadConfig();
     StartWaterAndCamera();
+    StartSoundEffects();
     LevelProgress::Initialise();
 }
 
@@ -130,9 +143,19 @@ void Simulate(float dt) {
     }
 }
 
+void StepSoundEffects(float dt) {
+    SoundSourceManager::Step();
+    IceSounds::Step(dt);
+    WaterSounds::Step(dt);
+    SteamSounds::Step(dt);
+}
+
 void StepModules(float dt) {
     if (IsPlaying()) {
         Simulate(dt);
+    }
+    if (!LevelProgress::IsFinished()) {
+        StepSoundEffects(dt);
     }
     Camera::Step(!gameState.freeCamera && !gameState.consoleOpen, dt);
     if (gameState.freeCamera) {
@@ -228,6 +251,9 @@ void Game::Shutdown() {
     LevelData::Unload();
     ParticleManager::Shutdown();
     Presentation::Current().ReleaseWater();
+    IceSounds::Shutdown();
+    WaterSounds::Shutdown();
+    SteamSounds::Shutdown();
     LevelProgress::Shutdown();
     FxParticleManager::Shutdown();
     gameState.running = false;
@@ -306,4 +332,16 @@ float Game::FrameTime() {
 
 bool Game::IsPaused() {
     return gameState.paused;
+}
+
+void SetPaused(bool paused) {
+    if (paused == gameState.paused) {
+        return;
+    }
+    gameState.paused = paused;
+    if (paused) {
+        MusicPlayer::Pause();
+    } else {
+        MusicPlayer::Resume();
+    }
 }

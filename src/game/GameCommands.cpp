@@ -16,6 +16,13 @@ bool Flag(bool value, bool isSet) {
     return gameState.*flag;
 }
 
+bool PauseCommand(bool value, bool isSet) {
+    if (isSet) {
+        SetPaused(value);
+    }
+    return gameState.paused;
+}
+
 void MapCommand(std::string name) {
     if (!name.empty()) {
         Game::RequestMap(name);
@@ -35,7 +42,7 @@ void AddGameCommands() {
     Console::AddCommand("ZoomCamera", Camera::Zoom);
     Console::AddCommand("ShakeCamera", Camera::Shake);
     Console::AddCommand("Restart", Game::RequestRestart);
-    Console::AddCommand("Pause", Flag<&GameState::paused>);
+    Console::AddCommand("Pause", PauseCommand);
     Console::AddCommand("Version", []() { return std::string("1.03"); });
     Console::AddCommand("Map", MapCommand);
 }

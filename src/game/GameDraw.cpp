@@ -11,6 +11,7 @@
 #include "actors/ForceManager.h"
 #include "actors/LevelObjectsManager.h"
 #include "actors/MoverManager.h"
+#include "actors/SoundSourceManager.h"
 #include "actors/TriggerManager.h"
 #include "engine/Console.h"
 #include "game/Game.h"
@@ -69,6 +70,7 @@ void DrawDebugViews() {
     GroupedParticleMover::Draw();
     TriggerManager::Draw();
     LevelObjectsManager::DrawIds();
+    SoundSourceManager::Draw();
     MoverManager::Draw();
 }
 

@@ -23,7 +23,7 @@ void Game::OnKeyDown(int virtualKey) {
     }
     const char character = GLWindow::KeyToChar(virtualKey);
     if (virtualKey == VirtualKey::pause || character == 'P' || character == 'p') {
-        gameState.paused = !gameState.paused;
+        SetPaused(!gameState.paused);
     }
 }
 
@@ -32,7 +32,7 @@ void Game::OnClose() {
 }
 
 void Game::OnFocusLost() {
-    gameState.paused = true;
+    SetPaused(true);
 }
 
 void StepFreeCamera() {

@@ -57,6 +57,9 @@ struct GameState {
 
 extern GameState gameState;
 
+/// Pauses or resumes the game, and its music with it.
+void SetPaused(bool paused);
+
 /// The commands that a loaded level brings.
 void AddGameCommands();
 /// Removes them, but for "Version" and "Map", which stay until the console goes.

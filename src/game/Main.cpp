@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "audio/MusicPlayer.h"
+#include "audio/SoundManager.h"
 #include "engine/Console.h"
 #include "game/Game.h"
 #include "game/GameDraw.h"
@@ -15,6 +17,7 @@
 #include "graphics/TextureDeviceDraw.h"
 #include "graphics/TextureManager.h"
 #include "platform/GlfwWindow.h"
+#include "platform/OpenAlAudio.h"
 #include "platform/Paths.h"
 
 namespace {
@@ -76,6 +79,9 @@ void StartServices(const DetailProfile& profile) {
     TextureManager::Initialise();
     Console::Initialise();
     GLWindow::AddConsoleCommands();
+    MusicPlayer::Initialise();
+    SoundManager::Initialise();
+    SoundManager::InitialiseCache();
     // The texture manager learns only at its start which extensions there are.
     TextureManager::SetQuality(profile.textureQuality);
     if (profile.anisotropy != 0) {
@@ -84,6 +90,9 @@ void StartServices(const DetailProfile& profile) {
 }
 
 void StopServices() {
+    SoundManager::ShutdownCache();
+    SoundManager::Shutdown();
+    MusicPlayer::Shutdown();
     Console::ReleaseFont();
     Console::Shutdown();
     TextureManager::Shutdown();
@@ -105,6 +114,8 @@ int main(int argc, char** argv) {
 
     Platform::GlfwWindow window;
     Platform::UseWindow(&window);
+    Platform::OpenAlAudio audio;
+    Platform::UseAudio(&audio);
     GLTextureDevice textures;
     TextureManager::UseDevice(&textures);
     GamePresentation presentation;
@@ -121,6 +132,7 @@ int main(int argc, char** argv) {
 
     Presentation::Use(nullptr);
     TextureManager::UseDevice(nullptr);
+    Platform::UseAudio(nullptr);
     Platform::UseWindow(nullptr);
     return 0;
 }

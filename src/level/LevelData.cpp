@@ -6,6 +6,7 @@
 #include "actors/ForceManager.h"
 #include "actors/LevelObjectsManager.h"
 #include "actors/MoverManager.h"
+#include "actors/SoundSourceManager.h"
 #include "actors/TriggerManager.h"
 #include "engine/Console.h"
 #include "engine/Presentation.h"
@@ -39,6 +40,19 @@ void MapSegments() {
     }
 }
 
+/// Lets all looping sounds run but those that a trigger will start.
+void StartLoopingSounds() {
+    constexpr int soundPlay = 100;  // the trigger type that starts sounds
+    std::vector<std::uint32_t> waiting;
+    for (const Trigger& trigger : TriggerManager::triggers) {
+        if (trigger.type == soundPlay) {
+            waiting.push_back(trigger.targetId);
+        }
+    }
+    SoundSourceManager::StartLooping(std::move(waiting));
+    SoundSourceManager::Step();
+}
+
 }  // namespace
 
 bool Load(const std::string& fileName) {
@@ -54,6 +68,7 @@ bool Load(const std::string& fileName) {
     DynamicPolygonRenderer::Initialise();
     CheckPointTimesManager::Initialise();
     MapSegments();
+    StartLoopingSounds();
     Console::AddCommand("DrawTriangles", DrawTriangles);
     return true;
 }
@@ -67,6 +82,7 @@ void Unload() {
     ForceManager::Shutdown();
     DynamicPolygonRenderer::Shutdown();
     TriggerManager::Shutdown();
+    SoundSourceManager::Shutdown();
     CheckPointTimesManager::Shutdown();
     MoverManager::Shutdown();
     polygons.clear();
@@ -83,7 +99,9 @@ void Restart() {
     BspTree::Reset();
     LevelObjectsManager::Reset();
     MoverManager::Reset();
+    SoundSourceManager::Reset();
     TriggerManager::Reset();
+    StartLoopingSounds();
 }
 
 void SetPolygonSolid(LevelPolygon& polygon, bool solid) {

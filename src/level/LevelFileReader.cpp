@@ -9,6 +9,7 @@
 #include "actors/ForceManager.h"
 #include "actors/LevelObjectsManager.h"
 #include "actors/MoverManager.h"
+#include "actors/SoundSourceManager.h"
 #include "actors/TriggerManager.h"
 #include "engine/Console.h"
 #include "engine/Timer.h"
@@ -58,6 +59,7 @@ Vector2 ToVector(LevelFile::Point point) {
 struct LoadedRecords {
     std::list<LevelPolygon> polygons;
     std::list<LevelObject> objects;
+    std::list<SoundSource> sounds;
     std::list<Emitter> emitters;
 };
 
@@ -69,6 +71,18 @@ LevelObject MakeObject(const LevelFile::Object& record) {
     object.position = ToVector(record.position);
     object.mirrored = record.mirrored;
     return object;
+}
+
+SoundSource MakeSound(const LevelFile::Sound& record) {
+    const Vector2 position = ToVector(record.position);
+    constexpr std::uint8_t stopped = 1;
+    return {position.x,
+            position.y,
+            static_cast<float>(record.strength),
+            Sound(record.sound),
+            record.looping,
+            stopped,
+            record.id};
 }
 
 Emitter MakeEmitter(const LevelFile::Emitter& record) {
@@ -91,6 +105,10 @@ LoadedRecords LoadRecords(const LevelFile& file) {
     LevelBuilder::MarkPolygons(loaded.polygons, file);
     for (const LevelFile::Object& record : file.objects) {
         loaded.objects.push_back(MakeObject(record));
+        GLWindow::PumpMessages();
+    }
+    for (const LevelFile::Sound& record : file.sounds) {
+        loaded.sounds.push_back(MakeSound(record));
         GLWindow::PumpMessages();
     }
     for (const LevelFile::Emitter& record : file.emitters) {
@@ -141,6 +159,10 @@ void Publish(const LevelFile& file, LoadedRecords& loaded) {
         LevelObjectsManager::Add(object);
     }
     PublishForces(file);
+    SoundSourceManager::Initialise();
+    for (const SoundSource& source : loaded.sounds) {
+        SoundSourceManager::Add(source);
+    }
     PublishMovers(file);
     FxParticleManager::Initialise();
     for (const Emitter& emitter : loaded.emitters) {
