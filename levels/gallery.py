@@ -244,7 +244,7 @@ def ice_rides(b):
 
 @bay("600 units a second")
 def fast(b):
-    """A slab that is quicker than a drop is thick; drops that it catches ride or die."""
+    """A slab that goes further in a step than it can push water: what is in its way dies."""
     b.solid(20, 236, 220, 14)
     b.trigger("Mover_goto_end_loop_1", (0, 180, INSIDE, 80), delay=1.0)
     b.mover((130, 236), (130, 76), 600)
