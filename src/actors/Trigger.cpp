@@ -16,7 +16,7 @@ constexpr float thinnest = 0.001f;
 /// See Trigger::boxReach. The point test turns each side by under a millionth through rounding,
 /// which carries a tip of a triangle that isn't thin by far less than a hundredth of its size.
 float BoxReach(const TriggerTriangle& triangle) {
-    const float longest = std::ranges::max(triangle.lengths);
+    const float longest = *std::max_element(triangle.lengths.begin(), triangle.lengths.end());
     const Vector2 a = triangle.corners[1] - triangle.corners[0];
     const Vector2 b = triangle.corners[2] - triangle.corners[0];
     const float doubleArea = std::fabs(a.x * b.y - a.y * b.x);
@@ -53,10 +53,10 @@ void Trigger::SetCorners(Vector2 corner0, Vector2 corner1, Vector2 corner2, Vect
         maxX = maxY = -std::numeric_limits<float>::infinity();
         return;
     }
-    minX = std::ranges::min(xs);
-    maxX = std::ranges::max(xs);
-    minY = std::ranges::min(ys);
-    maxY = std::ranges::max(ys);
+    minX = std::min(xs);
+    maxX = std::max(xs);
+    minY = std::min(ys);
+    maxY = std::max(ys);
     boxReach = std::max(BoxReach(triangleA), BoxReach(triangleB));
 }
 
