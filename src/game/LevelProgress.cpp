@@ -3,12 +3,17 @@
 #include "game/LevelProgress.h"
 
 #include <algorithm>
+#include <memory>
 
 #include "actors/Camera.h"
+#include "actors/SoundSourceManager.h"
+#include "audio/MusicPlayer.h"
+#include "audio/Sound.h"
 #include "engine/ConfigFile.h"
 #include "engine/Console.h"
 #include "engine/Timer.h"
 #include "level/LevelData.h"
+#include "menus/GuiAnimatedButton.h"
 #include "water/GroupedParticleMover.h"
 #include "water/ParticleManager.h"
 
@@ -37,8 +42,31 @@ float finishTimer = 0.001f;          // seconds left of the finish animation
 float finishWaterVolume = 0.0f;      // share of the water that must stand in the finish
 std::uint32_t waterInFinish = 0;     // counted during this step
 Stopwatch stopwatch;
+std::unique_ptr<Sound> finishSound;
+std::unique_ptr<Sound> deadSound;
+std::unique_ptr<GuiAnimatedButton> finishAnimation;
+
+void CreateFinishAnimation(const ConfigFile& file) {
+    finishAnimation = std::make_unique<GuiAnimatedButton>();
+    const std::string frames = file.GetString("finishAnimationFrames");
+    finishAnimation->SetFramesOutOfFocus(frames);
+    finishAnimation->SetFramesInFocus(frames);
+    finishAnimation->SetFramesClicked(frames);
+    finishAnimation->animationSpeed = file.GetFloat("finishAnimationFrameRate");
+}
+
+void CreateOnce(std::unique_ptr<Sound>& sound, const std::string& fileName) {
+    if (!sound) {
+        sound = std::make_unique<Sound>(fileName);
+    }
+}
 
 void RespawnWater() {
+    if (deadSound) {
+        deadSound->Rewind();
+        deadSound->SetVolume(1.0f);
+        deadSound->Play();
+    }
     ParticleManager::CreateParticles(respawnX, respawnY, respawnRadius, respawnAmount);
     Camera::SetState(Camera::OpeningFlight);
 }
@@ -46,6 +74,10 @@ void RespawnWater() {
 void StepFinishTimer(float dt) {
     if (finishTimer > 0.0f) {
         finishTimer -= dt;
+        if (finishTimer <= 0.0f) {
+            SoundSourceManager::StopAll();
+            MusicPlayer::Stop();
+        }
     }
 }
 
@@ -55,6 +87,10 @@ void TestFinish() {
     if (waterInFinish >= required) {
         finishing = true;
         finishTimer = finishAnimationTime;
+        if (finishSound) {
+            finishSound->Rewind();
+            finishSound->Play();
+        }
     }
     waterInFinish = 0;
 }
@@ -73,6 +109,11 @@ void Initialise() {
     finishAnimationTime = std::max(file.GetFloat("finishAnimationTime"), 0.001f);
     finishTimer = finishAnimationTime;
     finishWaterVolume = file.GetFloat("finishWaterVolume");
+    if (!finishAnimation) {
+        CreateFinishAnimation(file);
+    }
+    CreateOnce(finishSound, file.GetString("finishSound"));
+    CreateOnce(deadSound, file.GetString("deadSound"));
 
     Console::AddCommand("TimePrint", [](bool value, bool isSet) {
         if (isSet) {
@@ -84,6 +125,9 @@ void Initialise() {
 }
 
 void Shutdown() {
+    finishAnimation.reset();
+    finishSound.reset();
+    deadSound.reset();
     Console::RemoveCommand("TimePrint");
     waterInFinish = 0;
 }
@@ -156,6 +200,10 @@ float FinishFade() {
         return -1.0f;
     }
     return 1.0f - finishTimer / finishAnimationTime;
+}
+
+GuiAnimatedButton* FinishAnimation() {
+    return finishAnimation.get();
 }
 
 }  // namespace LevelProgress

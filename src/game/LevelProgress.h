@@ -5,6 +5,8 @@
 
 #include <cstdint>
 
+class GuiAnimatedButton;
+
 namespace LevelProgress {
 
 /// At a level's start and restart: reads cfg\game.cfg and goes back to the first state.
@@ -44,5 +46,7 @@ extern std::uint32_t respawnAmount;
 extern bool timePrint;
 /// How far the fade over the finished level is, 0..1; negative while it doesn't show.
 float FinishFade();
+/// The animation over the finished level, made at the first level's start; null before.
+GuiAnimatedButton* FinishAnimation();
 
 }  // namespace LevelProgress

@@ -5,9 +5,11 @@
 #include <cstdio>
 
 #include "engine/Console.h"
+#include "game/Game.h"
 #include "game/LevelProgress.h"
 #include "graphics/GLWindow.h"
 #include "graphics/GLWindowDraw.h"
+#include "menus/GuiAnimatedButton.h"
 
 namespace LevelProgress {
 
@@ -22,12 +24,31 @@ void PrintTime() {
     Console::Print(text);
 }
 
+/// Fades the animation in over the level, which stands still behind it.
+void DrawFinishAnimation(float fade) {
+    GuiAnimatedButton* animation = FinishAnimation();
+    if (!animation) {
+        return;
+    }
+    animation->SetSize(static_cast<int>(Game::ViewWidth()), static_cast<int>(Game::ViewHeight()));
+    animation->SetPosition(0, 0);
+    animation->visible = true;
+    // Only the state: the frame goes on from paint to paint.
+    animation->state = GuiAnimatedButton::OutOfFocus;
+    animation->SetColour(1.0f, 1.0f, 1.0f, fade);
+    animation->OnPaint();
+}
+
 }  // namespace
 
 void Draw() {
     GLWindow::SetPixelProjection();
     glScalef(static_cast<float>(GLWindow::ClientWidth()) / 800.0f,
              static_cast<float>(GLWindow::ClientHeight()) / 600.0f, 0.0f);
+    const float fade = FinishFade();
+    if (fade >= 0.0f) {
+        DrawFinishAnimation(fade);
+    }
     if (timePrint) {
         PrintTime();
     }
