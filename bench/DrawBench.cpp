@@ -1,0 +1,98 @@
+// Frames of the shipped level on a real window: milliseconds and GL calls. Needs a display;
+// on the software renderer run it through tests/run/with_display.sh.
+
+#include <GL/gl.h>
+#include <benchmark/benchmark.h>
+#include <dlfcn.h>
+
+#include "actors/Camera.h"
+#include "engine/Console.h"
+#include "game/Game.h"
+#include "game/GameDraw.h"
+#include "graphics/ConsoleDraw.h"
+#include "graphics/GLWindow.h"
+#include "graphics/TextureDeviceDraw.h"
+#include "graphics/TextureManager.h"
+#include "platform/GlfwWindow.h"
+#include "platform/Paths.h"
+#include "water/ParticleManager.h"
+#include "water/ParticleMover.h"
+
+namespace {
+
+std::size_t glCalls = 0;
+
+/// The driver's own function of that name.
+template <typename Function>
+Function* Real(const char* name) {
+    return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
+}
+
+}  // namespace
+
+// The calls that a frame's cost hangs on are counted on their way to the driver.
+
+extern "C" void glDrawArrays(GLenum mode, GLint first, GLsizei count) {
+    static const auto real = Real<void(GLenum, GLint, GLsizei)>("glDrawArrays");
+    ++glCalls;
+    real(mode, first, count);
+}
+
+extern "C" void glCallList(GLuint list) {
+    static const auto real = Real<void(GLuint)>("glCallList");
+    ++glCalls;
+    real(list);
+}
+
+extern "C" void glBindTexture(GLenum target, GLuint texture) {
+    static const auto real = Real<void(GLenum, GLuint)>("glBindTexture");
+    ++glCalls;
+    real(target, texture);
+}
+
+extern "C" void glBegin(GLenum mode) {
+    static const auto real = Real<void(GLenum)>("glBegin");
+    ++glCalls;
+    real(mode);
+}
+
+namespace {
+
+/// The game up to its first level, as the program brings it up.
+class RunningGame {
+public:
+    RunningGame() {
+        Platform::UseDataRoot(VANTREL_SOURCE_DIR "/data");
+        Platform::UseWindow(&window);
+        TextureManager::UseDevice(&textures);
+        Presentation::Use(&presentation);
+        GLWindow::Create("DrawBench", 1280, 720);
+        GLWindow::SetVsync(false);
+        TextureManager::Initialise();
+        Console::Initialise();
+        ReadSurfaces();
+        Game::Initialise("lev\\testLevel.swah");
+        Camera::position = {400.0f, 350.0f};
+    }
+
+    Platform::GlfwWindow window;
+    GLTextureDevice textures;
+    GamePresentation presentation;
+};
+
+void FrameOfTheFirstLevel(benchmark::State& state) {
+    static RunningGame game;
+    ParticleManager::ClearAll();
+    ParticleManager::CreateParticles(400.0f, 250.0f, 60.0f,
+                                     static_cast<std::uint32_t>(state.range(0)));
+    glCalls = 0;
+    for (auto _ : state) {
+        Presentation::Current().DrawFrame();
+        glFinish();
+    }
+    state.counters["glCalls"] =
+        static_cast<double>(glCalls) / static_cast<double>(state.iterations());
+}
+BENCHMARK(FrameOfTheFirstLevel)->Arg(128)->Arg(4096)->Unit(benchmark::kMillisecond);
+
+}  // namespace
