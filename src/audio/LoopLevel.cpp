@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "game/Game.h"
+#include "menus/MenuManager.h"
 
 namespace {
 
@@ -13,7 +14,7 @@ constexpr float inaudible = 0.001f;
 }  // namespace
 
 bool LoopsMustRest() {
-    return Game::IsPaused();
+    return MenuManager::Current() != MenuManager::None || Game::IsPaused();
 }
 
 void LevelLoop::Create(std::string_view fileName) {
