@@ -1,0 +1,301 @@
+#include "menus/GuiScreen.h"
+
+#include <vector>
+
+#include "MenuTest.h"
+#include "menus/LogicalSpace.h"
+#include "platform/VirtualKeys.h"
+
+namespace {
+
+/// Remembers what reached it, and where.
+class Probe : public GuiWidget {
+public:
+    void OnMouseMove(int mouseX, int mouseY) override { lastMove = {mouseX, mouseY}; }
+    void OnMouseDown(int, int, int) override { ++presses; }
+    void OnKeyDown(int) override { ++keys; }
+    void OnGainFocus() override { ++gains; }
+    void OnLoseFocus() override { ++losses; }
+    void OnPaint() override { ++paints; }
+
+    LogicalPosition lastMove;
+    int presses = 0;
+    int keys = 0;
+    int gains = 0;
+    int losses = 0;
+    int paints = 0;
+};
+
+/// What the callbacks heard, in order.
+struct Heard {
+    GuiWidget* widget;
+    int code;  // button or key
+    bool operator==(const Heard&) const = default;
+};
+std::vector<Heard> heard;
+
+bool Stay(GuiWidget* widget, int, int, int button) {
+    heard.push_back({widget, button});
+    return false;
+}
+bool Leave(GuiWidget* widget, int, int, int button) {
+    heard.push_back({widget, button});
+    return true;
+}
+bool StayOnKey(GuiWidget* widget, int key) {
+    heard.push_back({widget, key});
+    return false;
+}
+/// Drops everything, then says that the screen stays.
+bool FlushAndStay(GuiWidget* widget, int, int, int button) {
+    heard.push_back({widget, button});
+    widget->owner->FlushPending();
+    return false;
+}
+
+class GuiScreenTest : public MenuTest {
+protected:
+    GuiScreenTest() {
+        heard.clear();
+        left.SetPosition(100, 100);
+        left.SetSize(200, 50);
+        right.SetPosition(400, 100);
+        right.SetSize(200, 50);
+        screen.Reset();
+    }
+
+    void PointAtLeft() { screen.OnMouseMove(150, 120); }
+    void PointAtRight() { screen.OnMouseMove(450, 120); }
+    void PointAtNothing() { screen.OnMouseMove(10, 10); }
+
+    GuiScreen screen;
+    Probe& left = screen.Add<Probe>();
+    Probe& right = screen.Add<Probe>();
+};
+
+TEST(LogicalSpaceTest, FitsThePageIntoEveryShapeOfWindow) {
+    struct Shape {
+        int width, height;
+        float scale, offsetX, offsetY;
+    };
+    const Shape shapes[] = {
+        {800, 600, 1.0f, 0.0f, 0.0f},     {1024, 768, 1.28f, 0.0f, 0.0f},
+        {1280, 720, 1.2f, 160.0f, 0.0f},  {1280, 1024, 1.70667f, -42.6667f, 0.0f},
+        {1920, 1080, 1.8f, 240.0f, 0.0f}, {600, 800, 0.75f, 0.0f, 175.0f},
+        {600, 600, 1.0f, -100.0f, 0.0f},
+    };
+    for (const Shape& shape : shapes) {
+        SCOPED_TRACE(testing::Message() << shape.width << " by " << shape.height);
+        const LogicalSpace space = LogicalSpace::Of(shape.width, shape.height);
+        EXPECT_NEAR(space.scale, shape.scale, 1e-4f);
+        EXPECT_NEAR(space.offsetX, shape.offsetX, 1e-3f);
+        EXPECT_NEAR(space.offsetY, shape.offsetY, 1e-3f);
+        // Where a logical position is painted, the mouse finds it again, to a unit.
+        for (const int corner : {0, 100, 400, 599}) {
+            const float pixelX = space.offsetX + (static_cast<float>(corner) + 0.5f) * space.scale;
+            const float pixelY = space.offsetY + (static_cast<float>(corner) + 0.5f) * space.scale;
+            const LogicalPosition found = LogicalPosition::Of(
+                static_cast<int>(pixelX), static_cast<int>(pixelY), shape.width, shape.height);
+            EXPECT_NEAR(found.x, corner, 1);
+            EXPECT_NEAR(found.y, corner, 1);
+        }
+    }
+    EXPECT_EQ(LogicalPosition::Of(160, 0, 1280, 720).x, 0);
+    EXPECT_EQ(LogicalPosition::Of(37, 591, 800, 600).x, 37);
+    EXPECT_EQ(LogicalPosition::Of(37, 591, 800, 600).y, 591);
+    // A window that is minimised may have no size.
+    EXPECT_EQ(LogicalSpace::Of(0, 0).offsetY, 0.0f);
+    LogicalPosition::Of(5, 5, 0, 0);
+}
+
+TEST_F(GuiScreenTest, FocusesWhatIsUnderThePointerInThePresentWindow) {
+    window.SetClientSize(1280, 720);
+    screen.OnMouseMove(160 + 180, 144);  // logical (150, 120)
+    EXPECT_EQ(screen.focus, &left);
+    EXPECT_EQ(left.lastMove.x, 150);
+    EXPECT_EQ(left.lastMove.y, 120);
+    screen.OnMouseMove(160 + 180, 145);
+    EXPECT_EQ(left.gains, 1);
+    window.SetClientSize(800, 600);
+    screen.OnMouseMove(299, 149);
+    EXPECT_EQ(screen.focus, &left);
+    screen.OnMouseMove(300, 149);  // just past the right edge
+    EXPECT_EQ(screen.focus, nullptr);
+    EXPECT_EQ(left.losses, 1);
+    EXPECT_FALSE(left.hasFocus);
+}
+
+TEST_F(GuiScreenTest, GivesOverlappingWidgetsTheirFocusInListOrder) {
+    right.SetPosition(100, 100);
+    PointAtLeft();
+    EXPECT_EQ(screen.focus, &left);
+    EXPECT_FALSE(right.hasFocus);
+    left.enabled = false;
+    PointAtLeft();
+    EXPECT_EQ(screen.focus, &right);
+    EXPECT_EQ(left.losses, 1);
+}
+
+TEST_F(GuiScreenTest, WakesTheKeyboardFocusWithTheFirstKeyOnly) {
+    screen.OnKeyDown(VirtualKey::enter);
+    EXPECT_EQ(screen.focus, nullptr);
+
+    Probe foreign;
+    screen.SetDefaultFocus(&foreign);
+    EXPECT_EQ(screen.defaultFocus, nullptr);
+    screen.SetDefaultFocus(&left);
+    left.MapKey(VirtualKey::right, &right);
+    right.MapKey(VirtualKey::right, &foreign);
+    right.enabled = false;
+    screen.OnKeyDown(VirtualKey::right);
+    EXPECT_EQ(screen.focus, &left);
+    EXPECT_EQ(left.keys, 0);
+    screen.OnKeyDown(VirtualKey::right);
+    EXPECT_EQ(left.keys, 1);
+    EXPECT_EQ(screen.focus, &right);  // keys reach what the mouse can't
+    EXPECT_TRUE(right.hasFocus);
+    EXPECT_FALSE(left.hasFocus);
+    screen.OnKeyDown(VirtualKey::right);
+    EXPECT_EQ(screen.focus, &right);  // never to another screen's widget
+
+    PointAtNothing();
+    EXPECT_EQ(screen.focus, nullptr);
+    EXPECT_FALSE(right.hasFocus);
+    screen.OnKeyDown(VirtualKey::right);
+    EXPECT_EQ(screen.focus, &left);
+}
+
+TEST_F(GuiScreenTest, RunsACallbackWithoutDelayWithinTheEvent) {
+    left.onMouseDown = Stay;
+    screen.OnMouseDown(150, 120, 1);
+    EXPECT_TRUE(heard.empty());  // no mouse move has set a focus yet
+    PointAtLeft();
+    screen.OnMouseDown(150, 120, 4);
+    EXPECT_EQ(left.presses, 1);
+    EXPECT_EQ(heard, (std::vector<Heard>{{&left, 4}}));
+}
+
+TEST_F(GuiScreenTest, RunsADelayedCallbackOnThePaintThatBringsItsDelayToAnEnd) {
+    left.onMouseDown = Stay;
+    left.delayMouseDown = 0.8f;
+    PointAtLeft();
+    screen.OnMouseDown(150, 120, 1);
+    EXPECT_EQ(left.presses, 1);
+    PaintAfter(screen, 500);
+    clock.Advance(200);
+    EXPECT_TRUE(heard.empty());
+    PaintAfter(screen, 200);
+    EXPECT_EQ(heard, (std::vector<Heard>{{&left, 1}}));
+    PaintAfter(screen, 2000);
+    EXPECT_EQ(heard.size(), 1u);
+}
+
+TEST_F(GuiScreenTest, LetsACallbackThatStaysLeaveTheOthersPending) {
+    left.onMouseDown = Stay;
+    left.delayMouseDown = 0.2f;
+    left.onKeyDown = StayOnKey;
+    left.delayKeyDown = 0.2f;
+    PointAtLeft();
+    screen.OnMouseDown(150, 120, 1);
+    screen.OnKeyDown(65);
+    screen.OnMouseDown(150, 120, 2);
+    PaintAfter(screen, 300);
+    EXPECT_EQ(heard, (std::vector<Heard>{{&left, 1}, {&left, 2}, {&left, 65}}));
+}
+
+TEST_F(GuiScreenTest, DropsAllThatIsPendingOnceACallbackHasLeft) {
+    left.onMouseDown = Leave;
+    left.delayMouseDown = 0.8f;
+    left.onKeyDown = StayOnKey;
+    left.delayKeyDown = 0.8f;
+    PointAtLeft();
+    screen.OnKeyDown(65);
+    screen.OnMouseDown(150, 120, 1);
+    screen.OnMouseDown(150, 120, 2);
+    PaintAfter(screen, 900);
+    EXPECT_EQ(heard, (std::vector<Heard>{{&left, 1}}));
+    PaintAfter(screen, 2000);
+    EXPECT_EQ(heard.size(), 1u);
+
+    heard.clear();
+    left.onMouseDown = FlushAndStay;
+    screen.OnMouseDown(150, 120, 1);
+    screen.OnMouseDown(150, 120, 2);
+    PaintAfter(screen, 900);
+    EXPECT_EQ(heard, (std::vector<Heard>{{&left, 1}}));
+}
+
+TEST_F(GuiScreenTest, FreezesWhatIsPendingWhileUnpaintedUntilTheNextShowing) {
+    left.onMouseDown = Stay;
+    left.delayMouseDown = 0.8f;
+    PointAtLeft();
+    screen.OnMouseDown(150, 120, 1);
+    clock.Advance(60000);
+    EXPECT_TRUE(heard.empty());
+    screen.Reset();
+    EXPECT_EQ(screen.focus, nullptr);
+    PaintAfter(screen, 2000);
+    EXPECT_TRUE(heard.empty());
+    // The flag outlives the showing, so the pointer has to leave before it focuses anew.
+    PointAtLeft();
+    EXPECT_EQ(left.gains, 1);
+    EXPECT_EQ(screen.focus, &left);
+    PointAtNothing();
+    PointAtLeft();
+    EXPECT_EQ(left.gains, 2);
+}
+
+TEST_F(GuiScreenTest, PaintsVisibleWidgetsOnOnePage) {
+    window.SetClientSize(600, 800);
+    left.visible = false;
+    PaintAfter(screen, 0);
+    EXPECT_EQ(left.paints, 0);
+    EXPECT_EQ(right.paints, 1);
+    EXPECT_EQ(painter.clears, 1);
+    EXPECT_EQ(window.SwapCount(), 1);
+    ASSERT_EQ(painter.pages.size(), 1u);
+    EXPECT_EQ(painter.endedPages, 1);
+    EXPECT_FLOAT_EQ(painter.pages[0].scaleX, 0.75f);
+    EXPECT_FLOAT_EQ(painter.pages[0].offsetY, 175.0f);
+    screen.clearBackground = false;
+    screen.swapAfterPaint = false;
+    PaintAfter(screen, 0);
+    EXPECT_EQ(painter.clears, 0);
+    EXPECT_EQ(window.SwapCount(), 1);
+}
+
+TEST_F(GuiScreenTest, KeepsToItsOwnWidgets) {
+    std::unique_ptr<GuiWidget> owned = std::make_unique<Probe>();
+    owned->owner = &screen;
+    screen.AddWidget(std::move(owned));
+    screen.AddWidget(nullptr);
+    EXPECT_EQ(screen.widgets.size(), 2u);
+    EXPECT_NE(owned, nullptr);  // NOLINT(bugprone-use-after-move): refused, so not moved from
+
+    screen.SetDefaultFocus(&left);
+    PointAtLeft();
+    left.onMouseDown = Stay;
+    left.delayMouseDown = 0.1f;
+    screen.OnMouseDown(150, 120, 1);
+    screen.OnDestroy();
+    PaintAfter(screen, 1000);
+    screen.OnKeyDown(VirtualKey::enter);
+    EXPECT_EQ(screen.focus, nullptr);
+    EXPECT_TRUE(heard.empty());
+}
+
+TEST_F(GuiScreenTest, RunsAsALoopOfItsOwnUntilStopped) {
+    class Stopper : public GuiWidget {
+    public:
+        void OnPaint() override { owner->Stop(); }
+    };
+    GLWindowEventListener before;
+    GLWindow::SetListener(&before);
+    screen.Add<Stopper>();
+    screen.Run();
+    EXPECT_EQ(left.paints, 1);
+    EXPECT_EQ(GLWindow::GetListener(), &before);
+    GLWindow::SetListener(nullptr);
+}
+
+}  // namespace
