@@ -75,7 +75,7 @@ SampleId OpenAlAudio::LoadSample(const PcmFormat& format, std::span<const std::b
         return 0;
     }
     const std::size_t bytes = data.size() - data.size() % format.FrameBytes();
-    if (bytes == 0 || bytes > static_cast<std::size_t>(INT32_MAX)) {
+    if (bytes == 0 || bytes > static_cast<std::size_t>(INT32_MAX) / 2) {
         return 0;
     }
     const Guard guard(state->lock);
@@ -134,8 +134,7 @@ void OpenAlAudio::FreeVoice(VoiceId id) {
 void OpenAlAudio::Play(VoiceId id, bool looped) {
     const Guard guard(state->lock);
     OpenAlVoice* const voice = state->voices.Find(id);
-    const OpenAlSample* const sample =
-        voice != nullptr ? state->samples.Find(voice->sample) : nullptr;
+    const OpenAlSample* const sample = state->SampleOf(voice);
     if (!state->attached || sample == nullptr || sample->buffer == 0) {
         return;
     }
@@ -153,7 +152,7 @@ void OpenAlAudio::Play(VoiceId id, bool looped) {
     alSourcei(source, AL_LOOPING, looped ? AL_TRUE : AL_FALSE);
     alSourcef(source, AL_GAIN, GainOf(voice->attenuation));
     alSourcef(source, AL_PITCH, PitchOf(*voice));
-    alSourcei(source, AL_BYTE_OFFSET, static_cast<ALint>(voice->position));
+    alSourcei(source, AL_SAMPLE_OFFSET, static_cast<ALint>(voice->position));
     alSourcePlay(source);
 }
 
@@ -173,28 +172,27 @@ bool OpenAlAudio::IsPlaying(VoiceId id) const {
 std::size_t OpenAlAudio::Position(VoiceId id) const {
     const Guard guard(state->lock);
     OpenAlVoice* const voice = state->voices.Find(id);
-    if (voice == nullptr || !state->Refresh(*voice)) {
-        return voice != nullptr ? voice->position : 0;
+    const OpenAlSample* const sample = state->SampleOf(voice);
+    if (sample == nullptr) {
+        return 0;
     }
-    ALint offset = 0;
-    alGetSourcei(voice->source, AL_BYTE_OFFSET, &offset);
-    return static_cast<std::size_t>(offset);
+    const std::size_t frame =
+        state->Refresh(*voice) ? PlayingFrame(voice->source) : voice->position;
+    return frame * sample->format.FrameBytes();
 }
 
 void OpenAlAudio::SetPosition(VoiceId id, std::size_t bytes) {
     const Guard guard(state->lock);
     OpenAlVoice* const voice = state->voices.Find(id);
-    const OpenAlSample* const sample =
-        voice != nullptr ? state->samples.Find(voice->sample) : nullptr;
+    const OpenAlSample* const sample = state->SampleOf(voice);
     if (sample == nullptr) {
         return;
     }
-    const std::size_t whole = bytes - bytes % sample->format.FrameBytes();
-    const std::size_t position = whole < sample->data.size() ? whole : 0;
+    const std::size_t frame = bytes < sample->data.size() ? bytes / sample->format.FrameBytes() : 0;
     if (state->Refresh(*voice)) {
-        alSourcei(voice->source, AL_BYTE_OFFSET, static_cast<ALint>(position));
+        alSourcei(voice->source, AL_SAMPLE_OFFSET, static_cast<ALint>(frame));
     } else {
-        voice->position = position;
+        voice->position = frame;
     }
 }
 

@@ -2,6 +2,8 @@
 
 #include "platform/OpenAlMusic.h"
 
+#include <AL/alext.h>
+
 #include <algorithm>
 
 namespace Platform {
@@ -29,7 +31,7 @@ bool OpenAlMusic::Open(const std::filesystem::path& file) {
     }
     const Guard guard(lock);
     decoder = std::move(opened);
-    scratch.resize(chunkFrames * decoder->Format().channels);
+    scratch.resize(chunkFrames * 2);
     place = 0;
     decodeFrame = 0;
     seekPending = false;
@@ -130,7 +132,7 @@ void OpenAlMusic::Attach() {
         return;
     }
     freeBuffers.assign(buffers.begin(), buffers.end());
-    alSourcei(source, AL_SOURCE_RELATIVE, AL_TRUE);
+    alSourcei(source, AL_DIRECT_CHANNELS_SOFT, AL_TRUE);
     alSourcef(source, AL_GAIN, gain);
 }
 
@@ -169,20 +171,33 @@ bool OpenAlMusic::FillChunk() {
     const Chunk chunk{freeBuffers.back(), decodeFrame, frames};
     freeBuffers.pop_back();
     decodeFrame += frames;
-    alBufferData(chunk.buffer, format.channels == 2 ? AL_FORMAT_STEREO16 : AL_FORMAT_MONO16,
-                 scratch.data(), static_cast<ALsizei>(samples * sizeof(std::int16_t)),
+    if (format.channels == 1) {
+        SpreadToBothSides(samples);
+    }
+    alBufferData(chunk.buffer, AL_FORMAT_STEREO16, scratch.data(),
+                 static_cast<ALsizei>(frames * 2 * sizeof(std::int16_t)),
                  static_cast<ALsizei>(format.rate));
     alSourceQueueBuffers(source, 1, &chunk.buffer);
     queued.push_back(chunk);
     return true;
 }
 
+/// Doubles the scratch's values in place, from the back. A single channel would be panned by
+/// the device's own laws.
+void OpenAlMusic::SpreadToBothSides(std::size_t samples) {
+    for (std::size_t i = samples; i-- > 0;) {
+        scratch[2 * i] = scratch[i];
+        scratch[2 * i + 1] = scratch[i];
+    }
+}
+
 /// Fills the scratch up to the piece's end; how many samples. A chunk never runs across the
 /// end, so that each knows its place.
 std::size_t OpenAlMusic::FillScratch() {
+    const auto room = std::span(scratch).first(chunkFrames * decoder->Format().channels);
     std::size_t filled = 0;
-    while (filled < scratch.size()) {
-        const std::size_t read = decoder->Read(std::span(scratch).subspan(filled));
+    while (filled < room.size()) {
+        const std::size_t read = decoder->Read(room.subspan(filled));
         if (read == 0) {
             break;
         }

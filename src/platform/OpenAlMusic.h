@@ -48,6 +48,7 @@ private:
 
     bool FillChunk();
     std::size_t FillScratch();
+    void SpreadToBothSides(std::size_t samples);
     void Unqueue();
     void Flush();
     void RememberPlace();

@@ -2,8 +2,11 @@
 
 #include "platform/OpenAlState.h"
 
+#include <AL/alext.h>
+
 #include <algorithm>
 #include <chrono>
+#include <span>
 
 namespace Platform {
 
@@ -15,23 +18,37 @@ constexpr auto feedInterval = std::chrono::milliseconds(20);
 constexpr std::size_t usualSources = 1024;
 constexpr int feedsPerTry = 100;  // two seconds between asking for a lost device
 
-ALenum FormatOf(const PcmFormat& format) {
-    if (format.channels == 1) {
-        return format.bits == 8 ? AL_FORMAT_MONO8 : AL_FORMAT_MONO16;
+ALenum StereoFormat(unsigned bits) {
+    return bits == 8 ? AL_FORMAT_STEREO8 : AL_FORMAT_STEREO16;
+}
+
+/// Each value of a single channel twice.
+std::vector<std::byte> BothSides(const OpenAlSample& mono) {
+    const std::size_t valueBytes = mono.format.FrameBytes();
+    std::vector<std::byte> stereo;
+    stereo.reserve(mono.data.size() * 2);
+    for (std::size_t i = 0; i < mono.data.size(); i += valueBytes) {
+        const auto value = std::span(mono.data).subspan(i, valueBytes);
+        stereo.insert(stereo.end(), value.begin(), value.end());
+        stereo.insert(stereo.end(), value.begin(), value.end());
     }
-    return format.bits == 8 ? AL_FORMAT_STEREO8 : AL_FORMAT_STEREO16;
+    return stereo;
 }
 
 }  // namespace
 
 // Device
 
+/// Gives the device a sample, in stereo: it would pan a single channel by its own laws, to a
+/// loudness that depends on the speakers.
 void OpenAlAudio::State::Upload(OpenAlSample& sample) {
+    const bool isMono = sample.format.channels == 1;
+    const std::vector<std::byte> doubled = isMono ? BothSides(sample) : std::vector<std::byte>();
+    const std::span<const std::byte> bytes = isMono ? doubled : sample.data;
     alGetError();
     alGenBuffers(1, &sample.buffer);
-    alBufferData(sample.buffer, FormatOf(sample.format), sample.data.data(),
-                 static_cast<ALsizei>(sample.data.size()),
-                 static_cast<ALsizei>(sample.format.rate));
+    alBufferData(sample.buffer, StereoFormat(sample.format.bits), bytes.data(),
+                 static_cast<ALsizei>(bytes.size()), static_cast<ALsizei>(sample.format.rate));
     if (alGetError() != AL_NO_ERROR) {
         sample.buffer = 0;
     }
@@ -141,7 +158,7 @@ ALuint OpenAlAudio::State::TakeSource() {
         alGenSources(1, &source);
         if (alGetError() == AL_NO_ERROR) {
             ++sourceCount;
-            alSourcei(source, AL_SOURCE_RELATIVE, AL_TRUE);
+            alSourcei(source, AL_DIRECT_CHANNELS_SOFT, AL_TRUE);
             freeSources.push_back(source);
         } else {
             sourcesExhausted = true;
@@ -173,9 +190,7 @@ void OpenAlAudio::State::Release(OpenAlVoice& voice) {
 /// Stops the voice and keeps its position.
 void OpenAlAudio::State::Halt(OpenAlVoice& voice) {
     if (Refresh(voice)) {
-        ALint offset = 0;
-        alGetSourcei(voice.source, AL_BYTE_OFFSET, &offset);
-        voice.position = static_cast<std::size_t>(offset);
+        voice.position = PlayingFrame(voice.source);
         Release(voice);
     }
 }

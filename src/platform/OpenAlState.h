@@ -25,11 +25,18 @@ struct OpenAlSample {
 struct OpenAlVoice {
     SampleId sample = 0;
     ALuint source = 0;         // 0: not playing
-    std::size_t position = 0;  // bytes; where it stands while it has no source
+    std::size_t position = 0;  // frame where it stands while it has no source
     int attenuation = loudest;
     std::uint32_t rate = 0;
     std::uint32_t sampleRate = 1;
 };
+
+/// The frame that a source has come to.
+inline std::size_t PlayingFrame(ALuint source) {
+    ALint offset = 0;
+    alGetSourcei(source, AL_SAMPLE_OFFSET, &offset);
+    return static_cast<std::size_t>(offset);
+}
 
 struct OpenAlAudio::State {
     explicit State(std::uint32_t renderRate) : device(renderRate) {}
@@ -68,6 +75,10 @@ struct OpenAlAudio::State {
     void Halt(OpenAlVoice& voice);
     bool Refresh(OpenAlVoice& voice);
     void FreeVoice(VoiceId id);
+    /// None for no voice.
+    const OpenAlSample* SampleOf(const OpenAlVoice* voice) {
+        return voice != nullptr ? samples.Find(voice->sample) : nullptr;
+    }
 };
 
 }  // namespace Platform

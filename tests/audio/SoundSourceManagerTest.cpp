@@ -1,0 +1,130 @@
+// Placed sounds as they are heard.
+
+#include "actors/SoundSourceManager.h"
+
+#include "RenderedAudio.h"
+#include "actors/Camera.h"
+#include "game/GameState.h"
+
+namespace {
+
+using namespace Signal;
+
+class SoundSourceTest : public RenderedAudio {
+protected:
+    SoundSourceTest() {
+        Write("snd/tone.wav", SineWav(441.0, 1.0, 0.25));
+        SoundSourceManager::Initialise();
+        Camera::position = {};
+        Camera::shakeOffset = {};
+    }
+    ~SoundSourceTest() override {
+        SetPaused(false);
+        SoundSourceManager::Shutdown();
+    }
+    static void Add(float x, float strength, bool looping, std::uint32_t id = 1) {
+        SoundSourceManager::Add(
+            {x, 0.0f, strength, Sound("snd\\tone.wav"), static_cast<std::uint8_t>(looping), 1, id});
+    }
+    /// Loudness against one sound at full volume, after a step.
+    double Level() {
+        SoundSourceManager::Step();
+        Render(0.05);
+        return LoudnessOf(0.3) / (0.25 / std::numbers::sqrt2);
+    }
+    static double At(float volume) { return std::pow(10.0, -5.0 * (1.0 - std::pow(volume, 0.2))); }
+};
+
+}  // namespace
+
+TEST_F(SoundSourceTest, GrowsLouderAsTheCameraNears) {
+    Add(100.0f, 200.0f, true);
+    SoundSourceManager::StartLooping({});
+    EXPECT_NEAR(Level(), At(0.5f), 0.005);
+    Camera::position.x = 80.0f;
+    Camera::shakeOffset.x = 20.0f;
+    EXPECT_NEAR(Level(), 1.0, 0.02);
+    Camera::position.x = -120.0f;
+    EXPECT_LT(Level(), 1e-5);
+    EXPECT_FALSE(SoundSourceManager::loopingSources[1].front().sound.IsPlaying());
+    Camera::position.x = -10.0f;
+    EXPECT_NEAR(Level(), At(0.55f), 0.005);
+}
+
+TEST_F(SoundSourceTest, HasNoReachWithoutStrength) {
+    Add(0.0f, 0.0f, true);
+    SoundSourceManager::StartLooping({});
+    EXPECT_LT(Level(), 1e-5);
+    Camera::position.x = 1.0f;
+    EXPECT_LT(Level(), 1e-5);
+}
+
+TEST_F(SoundSourceTest, KeepsCopiesInPhase) {
+    Add(0.0f, 100.0f, true, 1);
+    SoundSourceManager::StartLooping({});
+    Level();
+    Render(0.1234);
+    Add(0.0f, 100.0f, true, 2);
+    SoundSourceManager::Play(2);
+    SoundSourceManager::Stop(2);
+    Render(0.0321);
+    SoundSourceManager::loopingSources[2].front().stopped = 0;
+    EXPECT_NEAR(Level(), 2.0, 0.03);
+}
+
+TEST_F(SoundSourceTest, PauseSilencesLoopsAndBringsThemBack) {
+    Add(0.0f, 100.0f, true);
+    Add(0.0f, 100.0f, false, 2);
+    SoundSourceManager::StartLooping({});
+    EXPECT_NEAR(Level(), 1.0, 0.02);
+    SetPaused(true);
+    EXPECT_LT(Level(), 1e-5);
+    SetPaused(false);
+    EXPECT_NEAR(Level(), 1.0, 0.02);
+    SoundSourceManager::StopAll();
+    Render(0.05);
+    EXPECT_LT(LoudnessOf(0.2), 1e-5);
+    EXPECT_NEAR(Level(), 1.0, 0.02);
+}
+
+TEST_F(SoundSourceTest, WaitsForItsTriggerAndObeysIt) {
+    Add(0.0f, 100.0f, true, 7);
+    Add(5000.0f, 100.0f, false, 7);
+    SoundSourceManager::StartLooping({3, 7});
+    EXPECT_LT(Level(), 1e-5);
+    SoundSourceManager::Play(7);
+    Render(0.05);
+    // The far one plays once, at full volume wherever it is.
+    EXPECT_NEAR(Level(), 2.0, 0.05);
+    Render(1.0);
+    EXPECT_NEAR(Level(), 1.0, 0.02);
+    SoundSourceManager::Stop(7);
+    EXPECT_LT(Level(), 1e-5);
+    SoundSourceManager::Play(7);
+    SoundSourceManager::Reset();
+    EXPECT_LT(Level(), 1e-5);
+    SoundSourceManager::Play(8);
+    EXPECT_LT(Level(), 1e-5);
+}
+
+TEST_F(SoundSourceTest, IsMadeFromTheConsole) {
+    const auto count = [] {
+        return SoundSourceManager::loopingSources.size() +
+               SoundSourceManager::oneShotSources.size();
+    };
+    Console::Execute("SoundSourceCreate 10 0 100 true 5 snd\\tone.wav");
+    EXPECT_EQ(count(), 1u);
+    EXPECT_LT(Level(), 1e-5);
+    SoundSourceManager::Play(5);
+    EXPECT_NEAR(Level(), At(0.9f), 0.01);
+    for (const char* bad :
+         {"SoundSourceCreate 10 0 100 1 5 snd\\tone.wav", "SoundSourceCreate 10 0 100 true 5",
+          "SoundSourceCreate", "SoundSourceCreate 10 0 x true 5 snd\\tone.wav"}) {
+        Console::Clear();
+        Console::Execute(bad);
+        EXPECT_NE(Console::OutputText().find("USAGE: SoundSourceCreate < x : number >"),
+                  std::string::npos)
+            << bad;
+    }
+    EXPECT_EQ(count(), 1u);
+}
