@@ -13,6 +13,7 @@
 #include "graphics/GLWindow.h"
 #include "graphics/TextureDeviceDraw.h"
 #include "graphics/TextureManager.h"
+#include "menus/MenuManager.h"
 #include "platform/GlfwWindow.h"
 #include "platform/Paths.h"
 #include "water/ParticleManager.h"
@@ -72,6 +73,7 @@ public:
         Console::Initialise();
         ReadSurfaces();
         Game::Initialise("lev\\testLevel.swah");
+        MenuManager::Show(MenuManager::None);
         Camera::position = {400.0f, 350.0f};
     }
 

@@ -18,6 +18,7 @@
 #include "game/LevelProgress.h"
 #include "graphics/GLWindow.h"
 #include "level/LevelData.h"
+#include "menus/MenuManager.h"
 #include "platform/Clock.h"
 #include "water/FxParticleManager.h"
 #include "water/ParticleManager.h"
@@ -36,8 +37,12 @@ constexpr unsigned framesPerBatch = 16;
 constexpr float startRadius = 10.0f;
 constexpr unsigned startAmount = 128;
 
+bool IsMenuShown() {
+    return MenuManager::Current() != MenuManager::None;
+}
+
 bool IsPlaying() {
-    return !gameState.loadedMapName.empty() && !Camera::IsOpeningFlight() &&
+    return !gameState.loadedMapName.empty() && !IsMenuShown() && !Camera::IsOpeningFlight() &&
            !LevelProgress::IsFinished() && !gameState.paused;
 }
 
@@ -157,9 +162,11 @@ void StepModules(float dt) {
     if (!LevelProgress::IsFinished()) {
         StepSoundEffects(dt);
     }
-    Camera::Step(!gameState.freeCamera && !gameState.consoleOpen, dt);
-    if (gameState.freeCamera) {
-        StepFreeCamera();
+    if (!IsMenuShown()) {
+        Camera::Step(!gameState.freeCamera && !gameState.consoleOpen, dt);
+        if (gameState.freeCamera) {
+            StepFreeCamera();
+        }
     }
     if (IsPlaying()) {
         LevelProgress::Step(dt);
@@ -194,6 +201,8 @@ bool CostMeter::Add(std::uint64_t begin, std::uint64_t end) {
 
 void Game::Initialise(const std::string& mapName) {
     ResetRequests();
+    MenuManager::Initialise();
+    MenuManager::Show(MenuManager::Main);
     ReadSettings();
     if (!LevelData::Load(mapName)) {
         return;
@@ -256,6 +265,7 @@ void Game::Shutdown() {
     SteamSounds::Shutdown();
     LevelProgress::Shutdown();
     FxParticleManager::Shutdown();
+    MenuManager::Shutdown();
     gameState.running = false;
     gameState.loadedMapName.clear();
     gameState.cursorTexture.reset();

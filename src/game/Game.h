@@ -10,7 +10,11 @@
 
 class Game : public GLWindowEventListener {
 public:
+    void OnMouseMove(int x, int y) override;
+    void OnMouseDown(int x, int y, int button) override;
+    void OnMouseUp(int x, int y, int button) override;
     void OnKeyDown(int virtualKey) override;
+    void OnKeyUp(int virtualKey) override;
     void OnClose() override;
     void OnFocusLost() override;
 

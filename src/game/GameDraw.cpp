@@ -23,6 +23,8 @@
 #include "level/DynamicPolygonRenderer.h"
 #include "level/LevelData.h"
 #include "level/LevelGeometryRenderer.h"
+#include "menus/GuiPainter.h"
+#include "menus/MenuManager.h"
 #include "platform/Clock.h"
 #include "water/FxParticleManager.h"
 #include "water/GroupedParticleMover.h"
@@ -119,6 +121,36 @@ void DrawPausedText() {
     font.DrawTextCentred("Paused", 0.0f, 0.0f, 800.0f, 600.0f, 32.0f, 1.0f, 1.0f, 1.0f, 1.0f);
 }
 
+/// At its own size in pixels, its shadow first.
+void DrawMenuCursor() {
+    const Texture& image = *gameState.cursorTexture;
+    GuiPainter& painter = GuiPainter::Current();
+    const auto draw = [&](float x, float y, const GuiColour& colour) {
+        painter.DrawImage(
+            image,
+            {x, y, x + static_cast<float>(image.width), y + static_cast<float>(image.height)},
+            wholeImage, colour);
+    };
+    constexpr float shadow = 2.0f;
+    const auto x = static_cast<float>(GLWindow::MouseX());
+    const auto y = static_cast<float>(GLWindow::MouseY());
+    painter.BeginPage(0.0f, 0.0f, 1.0f, 1.0f);
+    draw(x + shadow, y + shadow, {0.0f, 0.0f, 0.0f, 1.0f});
+    draw(x, y, {});
+    painter.EndPage();
+}
+
+void DrawMenu() {
+    if (MenuManager::Current() == MenuManager::None) {
+        return;
+    }
+    MenuManager::Draw();
+    // The menu may just have been left, by a click that was still to be seen.
+    if (MenuManager::Current() != MenuManager::None && gameState.cursorTexture) {
+        DrawMenuCursor();
+    }
+}
+
 void PrintDrawingCost(std::uint64_t begin) {
     if (gameState.drawingCost.Add(begin, Platform::TheClock().Counter()) &&
         gameState.showDrawSpeeds) {
@@ -165,6 +197,7 @@ void GamePresentation::DrawFrame() {
         DrawPausedText();
     }
     CheckPointTimesManager::Draw();
+    DrawMenu();
     PrintDrawingCost(begin);
     if (gameState.consoleOpen) {
         Console::Draw();

@@ -6,23 +6,65 @@
 #include "game/Game.h"
 #include "game/GameState.h"
 #include "graphics/GLWindow.h"
+#include "menus/MenuManager.h"
 #include "platform/VirtualKeys.h"
+
+namespace {
+
+/// Escape leads out of most menus; from the first one it leads out of the game, by a question.
+void LeaveMenu() {
+    switch (MenuManager::Current()) {
+        case MenuManager::Main:
+            MenuManager::Show(MenuManager::QuitGame);
+            break;
+        case MenuManager::LevelFinished:
+            break;
+        default:
+            MenuManager::Show(MenuManager::Previous());
+    }
+}
+
+void HandleMenuKey(int virtualKey) {
+    if (virtualKey == VirtualKey::escape) {
+        LeaveMenu();
+    } else {
+        MenuManager::OnKeyDown(virtualKey);
+    }
+}
+
+bool IsPauseKey(int virtualKey) {
+    const char character = GLWindow::KeyToChar(virtualKey);
+    return virtualKey == VirtualKey::pause || character == 'P' || character == 'p';
+}
+
+}  // namespace
+
+void Game::OnMouseMove(int x, int y) {
+    MenuManager::OnMouseMove(x, y);
+}
+
+void Game::OnMouseDown(int x, int y, int button) {
+    MenuManager::OnMouseDown(x, y, button);
+}
+
+void Game::OnMouseUp(int x, int y, int button) {
+    MenuManager::OnMouseUp(x, y, button);
+}
+
+void Game::OnKeyUp(int virtualKey) {
+    MenuManager::OnKeyUp(virtualKey);
+}
 
 void Game::OnKeyDown(int virtualKey) {
     if (virtualKey == VirtualKey::console) {
         gameState.consoleOpen = !gameState.consoleOpen;
-        return;
-    }
-    if (gameState.consoleOpen) {
+    } else if (gameState.consoleOpen) {
         Console::HandleKey(virtualKey);
-        return;
-    }
-    if (virtualKey == VirtualKey::escape) {
-        RequestQuit();
-        return;
-    }
-    const char character = GLWindow::KeyToChar(virtualKey);
-    if (virtualKey == VirtualKey::pause || character == 'P' || character == 'p') {
+    } else if (MenuManager::Current() != MenuManager::None) {
+        HandleMenuKey(virtualKey);
+    } else if (virtualKey == VirtualKey::escape) {
+        MenuManager::Show(MenuManager::InGame);
+    } else if (IsPauseKey(virtualKey)) {
         SetPaused(!gameState.paused);
     }
 }
@@ -32,7 +74,9 @@ void Game::OnClose() {
 }
 
 void Game::OnFocusLost() {
-    SetPaused(true);
+    if (MenuManager::Current() == MenuManager::None) {
+        SetPaused(true);
+    }
 }
 
 void StepFreeCamera() {

@@ -14,6 +14,7 @@
 #include "engine/Timer.h"
 #include "level/LevelData.h"
 #include "menus/GuiAnimatedButton.h"
+#include "menus/MenuManager.h"
 #include "water/GroupedParticleMover.h"
 #include "water/ParticleManager.h"
 
@@ -77,6 +78,7 @@ void StepFinishTimer(float dt) {
         if (finishTimer <= 0.0f) {
             SoundSourceManager::StopAll();
             MusicPlayer::Stop();
+            MenuManager::Show(MenuManager::LevelFinished);
         }
     }
 }

@@ -10,12 +10,14 @@
 #include "engine/Console.h"
 #include "game/Game.h"
 #include "game/GameDraw.h"
+#include "game/HighScoreTable.h"
 #include "game/Startup.h"
 #include "graphics/ConsoleDraw.h"
 #include "graphics/GLWindow.h"
 #include "graphics/ProgramIcon.h"
 #include "graphics/TextureDeviceDraw.h"
 #include "graphics/TextureManager.h"
+#include "menus/GuiPainterDraw.h"
 #include "platform/GlfwWindow.h"
 #include "platform/OpenAlAudio.h"
 #include "platform/Paths.h"
@@ -118,19 +120,24 @@ int main(int argc, char** argv) {
     Platform::UseAudio(&audio);
     GLTextureDevice textures;
     TextureManager::UseDevice(&textures);
+    GLGuiPainter painter;
+    GuiPainter::Use(&painter);
     GamePresentation presentation;
     Presentation::Use(&presentation);
 
     const DetailProfile profile = ProfileOf(startupSettings.detailLevel);
     OpenWindow(profile);
     StartServices(profile);
+    HighScoreTable::Load();
     GLWindow::BringToFront();
     if (GLWindow::IsOpen()) {
         Game::Run(startupSettings.mapName);
     }
+    HighScoreTable::Save();
     StopServices();
 
     Presentation::Use(nullptr);
+    GuiPainter::Use(nullptr);
     TextureManager::UseDevice(nullptr);
     Platform::UseAudio(nullptr);
     Platform::UseWindow(nullptr);

@@ -11,6 +11,7 @@
 #include "graphics/GLWindow.h"
 #include "graphics/TextureManager.h"
 #include "level/LevelData.h"
+#include "menus/MenuManager.h"
 #include "platform/Clock.h"
 #include "platform/HeadlessWindow.h"
 #include "platform/Paths.h"
@@ -60,6 +61,7 @@ void Gallery::SetUpTestSuite() {
     Console::Initialise();
     ReadSurfaces();
     Game::Initialise("gallery.swah");
+    MenuManager::Show(MenuManager::None);
     ASSERT_FALSE(Game::MapName().empty()) << Console::OutputText();
     for (int i = 0; i < 16; ++i) {  // until the mean of the frames' times is there
         RunFrame(frameMs);

@@ -14,9 +14,17 @@ trap 'kill $game $film 2>/dev/null || true; wait; rm -rf "$home"' EXIT
 
 window=$(timeout 30 xdotool search --sync --onlyvisible --name '^Vantrel: Version' | tail -n 1)
 eval "$(xdotool getwindowgeometry --shell "$window")"
+
+# click X Y: in the window; buttons act a moment later.
+click() {
+  xdotool mousemove --window "$window" "$1" "$2" click 1
+  sleep 1.2
+}
+sleep 1.5
 ffmpeg -loglevel error -y -f x11grab -framerate 30 -video_size "${WIDTH}x${HEIGHT}" \
   -i "$DISPLAY+$X,$Y" -c:v mpeg4 -q:v 4 "$out/play.mp4" </dev/null &
 film=$!
+click 400 194 # the start button
 
 # Each line: seconds to wait, keys held from then on, name of a picture to take.
 held=
@@ -32,6 +40,9 @@ done <"$(dirname "$(readlink -f "$0")")/film.keys"
 kill -INT $film
 wait $film || true
 film=
+# Out by the menu: Escape, the quit button, yes.
 xdotool key Escape
+click 400 538
+click 260 362
 wait $game
 echo "Played to the end; see $out"

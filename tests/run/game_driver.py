@@ -12,6 +12,8 @@ from PIL import Image
 
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 TITLE = "Vantrel: Version 1.03"
+START = (400, 194)  # the main menu's start button, in menu units
+BUTTON_DELAY = 1.2  # seconds until a press has acted, for sure
 
 
 def x(*words):
@@ -31,9 +33,11 @@ def wait_for(condition, what, seconds=20.0):
 
 
 class Driver:
-    """A running game with a home, a configuration and a working directory of its own."""
+    """A running game with a home, a configuration and a working directory of its own. It is
+    played at once, without a stay in its main menu, unless `menu` is set."""
 
-    def __init__(self, program, *arguments, size=(800, 600), settings=None, data=None):
+    def __init__(self, program, *arguments, size=(800, 600), settings=None, data=None,
+                 menu=False):
         self.home = tempfile.mkdtemp(prefix="vantrel-run-")
         self._write_settings({"cfg/console.cfg": "enableLogging true\nfontSize 8\n",
                               **(settings or {})})
@@ -46,6 +50,9 @@ class Driver:
         self.window = wait_for(self._find_window, "the game's window")
         wait_for(lambda: "Game initialisation" in self.log() or "Unable to open" in self.log(),
                  "the level")
+        self.size = size
+        if not menu:
+            self.click(*START)
 
     def _write_settings(self, files):
         for name, text in files.items():
@@ -103,6 +110,23 @@ class Driver:
         else:
             time.sleep(0.3)
         return self.log()[before:]
+
+    # -- menus --------------------------------------------------------------------------------
+
+    def point(self, x_units, y_units):
+        """Moves the pointer to a place in the menus' 800 by 600 units."""
+        width, height = self.size
+        scale = width / 800 if height > width else height / 600
+        x("mousemove", "--window", self.window,
+          round((width - 800 * scale) / 2 + x_units * scale),
+          round((height - 600 * scale) / 2 + y_units * scale))
+
+    def click(self, x_units, y_units):
+        """Clicks and waits for what the click brings."""
+        self.point(x_units, y_units)
+        time.sleep(0.1)
+        x("click", 1)
+        time.sleep(BUTTON_DELAY)
 
     # -- keys and pictures --------------------------------------------------------------------
 

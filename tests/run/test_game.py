@@ -51,7 +51,7 @@ class Play(unittest.TestCase):
         x("key", "p")
         wait_for(lambda: difference(first, self.game.picture()) > 0.01, "play to go on")
 
-    def test_escape_and_the_window_frame_leave(self):
+    def test_the_window_frame_leaves(self):
         self.assertEqual(self.game.close(), 0)
 
 
@@ -165,7 +165,7 @@ class Start(unittest.TestCase):
         self.assertEqual(run.stdout, "Vantrel 1.03\n")
 
     def test_runs_without_any_data(self):
-        game = Driver(PROGRAM, settings={"empty/readme": ""}, data="empty")
+        game = Driver(PROGRAM, settings={"empty/readme": ""}, data="empty", menu=True)
         self.addCleanup(game.close)
         self.assertIn("Could not open config file", game.log())
         self.assertIn("Unable to open level file", game.log())

@@ -10,6 +10,7 @@
 #include "game/Game.h"
 #include "graphics/GLWindow.h"
 #include "graphics/TextureManager.h"
+#include "menus/MenuManager.h"
 #include "platform/Clock.h"
 #include "platform/HeadlessWindow.h"
 #include "platform/Paths.h"
@@ -62,6 +63,7 @@ int Run(const Options& options) {
     Console::Initialise();
     ReadSurfaces();
     Game::Initialise(options.level);
+    MenuManager::Show(MenuManager::None);
     int status = 0;
     if (!Game::MapName().empty()) {
         RunFrames(options, window, clock);
