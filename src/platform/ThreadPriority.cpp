@@ -1,0 +1,27 @@
+// On Linux every thread has a nice value of its own.
+
+#include "platform/ThreadPriority.h"
+
+#include <sys/resource.h>
+#include <unistd.h>
+
+namespace Platform {
+
+namespace {
+
+/// From one step to the next; 5 of these values come to about a third of the time.
+constexpr int nicePerStep = 5;
+
+}  // namespace
+
+std::uint32_t ThreadId() {
+    return static_cast<std::uint32_t>(gettid());
+}
+
+bool SetThreadPriority(std::uint32_t threadId, int step) {
+    // The first thread bears the number of the process.
+    const int own = getpriority(PRIO_PROCESS, static_cast<id_t>(getpid()));
+    return setpriority(PRIO_PROCESS, threadId, own - step * nicePerStep) == 0;
+}
+
+}  // namespace Platform
