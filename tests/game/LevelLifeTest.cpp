@@ -1,0 +1,188 @@
+// A level from its start to its score: finish, loss and respawn, restart and change.
+
+#include <gtest/gtest.h>
+
+#include "support/TestGame.h"
+#include "water/GroupedParticleMover.h"
+
+namespace {
+
+using TestLevelFile::Area;
+using TestLevelFile::Room;
+
+// Trigger types.
+constexpr std::uint32_t entityRemove = 300;
+constexpr std::uint32_t moverToEnd = 402;
+constexpr std::uint32_t particleKill = 701;
+constexpr std::uint32_t levelEnd = 801;
+constexpr std::uint32_t checkPoint = 901;
+
+bool IsFlightOver() {
+    return !Camera::IsOpeningFlight();
+}
+
+/// Stops the water's drift by taking all but `count` particles away.
+void KeepParticles(std::size_t count) {
+    while (ParticleManager::particles.size() > count) {
+        ParticleMover::GridRemove(ParticleManager::particles.back());
+        ParticleManager::particles.pop_back();
+    }
+}
+
+TEST(LevelFinish, NeedsItsShareOfTheWaterThatIsLeft) {
+    TestGame game;
+    LevelFile level = Room();
+    level.triggers = {Area(levelEnd, -200, 100, 200, 150)};
+    game.Start(level);
+    ASSERT_TRUE(game.FramesUntil(IsFlightOver));
+    EXPECT_FALSE(LevelProgress::IsFinishing());
+    KeepParticles(10);
+    LevelProgress::AddWaterAtFinish(4);
+    game.Frames(1);
+    EXPECT_FALSE(LevelProgress::IsFinishing()) << "5 of 10 are needed";
+
+    ASSERT_TRUE(game.FramesUntil(LevelProgress::IsFinishing)) << "all of it lies in the area";
+    const std::uint32_t time = LevelProgress::ElapsedMs();
+    EXPECT_GT(time, 0u);
+    ASSERT_TRUE(game.FramesUntil(LevelProgress::IsFinished, 100));
+    EXPECT_EQ(MenuManager::Current(), MenuManager::LevelFinished);
+    game.Frames(50);
+    EXPECT_EQ(LevelProgress::ElapsedMs(), time) << "the clock stands from the finish on";
+    EXPECT_EQ(LevelProgress::WaterScore(), 5000u);
+}
+
+TEST(LevelLoss, BringsAllWaterBackAtTheStart) {
+    TestGame game;
+    LevelFile level = Room();
+    level.waterStart = {0, -100};
+    level.triggers = {Area(particleKill, -200, 0, 200, 150)};
+    game.Start(level);
+    ASSERT_TRUE(game.FramesUntil(IsFlightOver));
+    ASSERT_TRUE(game.FramesUntil(Camera::IsOpeningFlight)) << "lost water makes the camera fly";
+    EXPECT_EQ(LevelProgress::WaterAtFinish(), 128u);
+    for (const Particle& particle : ParticleManager::particles) {
+        EXPECT_LE(Distance(particle.position, {0.0f, -100.0f}), 10.01f);
+    }
+}
+
+TEST(LevelLoss, BringsBackAtACheckPointWhatWasThere) {
+    TestGame game;
+    LevelFile level = Room();
+    level.waterStart = {0, -100};
+    level.triggers = {Area(checkPoint, -60, -60, 20, 0), Area(particleKill, -200, 60, 200, 150)};
+    game.Start(level);
+    KeepParticles(50);
+    ASSERT_TRUE(game.FramesUntil([] { return LevelProgress::respawnAmount == 50; }));
+    EXPECT_NEAR(LevelProgress::respawnX, -20.0f, 10.0f);
+    ASSERT_TRUE(game.FramesUntil(IsFlightOver));
+    ASSERT_TRUE(game.FramesUntil(Camera::IsOpeningFlight));
+    EXPECT_EQ(LevelProgress::WaterAtFinish(), 50u);
+    EXPECT_LE(Distance(ParticleManager::particles.front().position,
+                       {LevelProgress::respawnX, LevelProgress::respawnY}),
+              10.01f);
+    game.Restart();
+    EXPECT_EQ(LevelProgress::respawnAmount, 128u) << "a restart forgets the check point";
+}
+
+TEST(LevelScore, FallsEvenlyWithTimeAndRisesWithWater) {
+    TestGame game;
+    game.Start(Room());
+    ASSERT_TRUE(game.FramesUntil(IsFlightOver));
+    EXPECT_EQ(LevelProgress::TimeScore(), 436000u);
+    EXPECT_EQ(LevelProgress::WaterScore(), 64000u);
+    const auto runTo = [&game](std::uint32_t milliseconds) {
+        while (LevelProgress::ElapsedMs() < milliseconds) {
+            game.Frames(1, std::min(milliseconds - LevelProgress::ElapsedMs(), 1000u));
+        }
+    };
+    KeepParticles(1);
+    runTo(160000);
+    EXPECT_EQ(LevelProgress::TimeScore(), 436000u);
+    EXPECT_EQ(LevelProgress::WaterScore(), 500u);
+    runTo(320000);
+    EXPECT_EQ(LevelProgress::TimeScore(), 218500u);
+    runTo(480000);
+    EXPECT_EQ(LevelProgress::TimeScore(), 1000u);
+    runTo(500000);
+    EXPECT_EQ(LevelProgress::TotalScore(), 1500u);
+}
+
+/// A room with a mover, a gate that a trigger removes, and a carried polygon that it removes.
+LevelFile LivelyRoom() {
+    LevelFile level = Room();
+    level.waterStart = {0, -100};
+    level.polygons.push_back(TestLevelFile::Box(-40, 60, 40, 80, 7));
+    level.polygons.push_back(TestLevelFile::Box(100, -40, 140, -20, 8));
+    level.forces = {{8, {0, 0}, {0.0f, 1.0f}, 1.0f}};
+    level.movers = {{8, 20.0f, {0, 0}, {0, 50}}};
+    level.triggers = {Area(entityRemove, -200, -90, 200, 50, 7),
+                      Area(entityRemove, -200, -90, 200, 50, 8),
+                      Area(moverToEnd, -200, -90, 200, 50, 8)};
+    return level;
+}
+
+TEST(LevelRestart, BringsBackWhatItShouldAndOnlyThat) {
+    TestGame game;
+    game.Start(LivelyRoom());
+    const LevelPolygon& gate = *std::next(LevelData::polygons.begin(), 4);
+    const LevelPolygon& carried = *std::next(LevelData::polygons.begin(), 5);
+    ASSERT_TRUE(game.FramesUntil([] { return MoverManager::movers.front().distance >= 50.0f; }));
+    EXPECT_EQ(gate.solid, 0);
+    EXPECT_EQ(gate.enabled, 0);
+    EXPECT_FALSE(LevelData::polygonSegments.at(&gate).front()->active);
+    EXPECT_EQ(carried.offset.y, 50.0f);
+
+    game.Restart();
+    EXPECT_EQ(gate.enabled, 1);
+    EXPECT_TRUE(LevelData::polygonSegments.at(&gate).front()->active);
+    EXPECT_EQ(carried.offset.y, 0.0f);
+    EXPECT_EQ(MoverManager::movers.front().distance, 0.0f);
+    EXPECT_EQ(carried.solid, 0) << "what a mover carries stays taken away";
+    EXPECT_EQ(LevelProgress::WaterAtFinish(), 128u);
+    EXPECT_TRUE(Camera::IsOpeningFlight());
+    EXPECT_EQ(LevelProgress::ElapsedMs(), 0u);
+}
+
+/// The state after two seconds of play from a fresh start with the same random numbers.
+std::uint64_t PlayTwoSeconds(TestGame& game) {
+    game.Frames(125);
+    return TestGame::StateHash();
+}
+
+TEST(LevelRestart, AHundredTimesEndsTheSame) {
+    TestGame game;
+    LevelFile level = LivelyRoom();
+    level.polygons.pop_back();  // what isn't brought back would make the runs differ
+    level.forces.clear();
+    level.triggers.erase(level.triggers.begin() + 1);
+    game.Start(level);
+    std::uint64_t first = 0;
+    for (int round = 0; round < 100; ++round) {
+        Random::state = 0;
+        game.Restart();
+        const std::uint64_t hash = PlayTwoSeconds(game);
+        first = round == 0 ? hash : first;
+        ASSERT_EQ(hash, first) << "restart " << round;
+    }
+}
+
+TEST(LevelChange, FiftyTimesEndsTheSame) {
+    TestGame game;
+    game.Start(LivelyRoom(), "lev/a.swah");
+    game.Write(Room(), "lev/b.swah");
+    std::uint64_t first = 0;
+    for (int round = 0; round < 25; ++round) {
+        for (const char* name : {"lev/b.swah", "lev/a.swah"}) {
+            Random::state = 0;
+            Game::RequestMap(name);
+            game.Frames(1);
+            MenuManager::Show(MenuManager::None);
+            ASSERT_EQ(Game::MapName(), name);
+        }
+        const std::uint64_t hash = PlayTwoSeconds(game);
+        first = round == 0 ? hash : first;
+        ASSERT_EQ(hash, first) << "round " << round;
+    }
+}
+
+}  // namespace
