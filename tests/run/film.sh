@@ -6,6 +6,9 @@ program=$1
 out=$2
 home=$(mktemp -d)
 cd "$home"
+# An empty film of one's own passes over the opening.
+mkdir vid
+: >vid/intro.avi
 export HOME=$home XDG_CONFIG_HOME=$home/config
 "$program" -FULLSCREEN 0 -RESOLUTION 800 600 &
 game=$!
