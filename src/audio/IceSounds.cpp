@@ -93,12 +93,16 @@ void Step(float dt) {
     disturbance.Step(drop, ice.ratio);
     frictionVolume = Approached(frictionVolume, FrictionTarget(), frictionChangeRate, dt);
     if (LoopsMustRest()) {
-        freeze.Rest();
-        friction.Rest();
+        Rest();
     } else {
         freeze.Drive(freezeVolume);
         friction.Drive(frictionVolume);
     }
+}
+
+void Rest() {
+    freeze.Rest();
+    friction.Rest();
 }
 
 }  // namespace IceSounds

@@ -54,12 +54,16 @@ void Step(float dt) {
     ambientVolume = Approached(ambientVolume, static_cast<float>(count) * ambientPerParticle,
                                ambientChangeRate, dt);
     if (LoopsMustRest()) {
-        evaporate.Rest();
-        ambient.Rest();
+        Rest();
     } else {
         evaporate.Drive(evaporateVolume);
         ambient.Drive(ambientVolume);
     }
+}
+
+void Rest() {
+    evaporate.Rest();
+    ambient.Rest();
 }
 
 }  // namespace SteamSounds

@@ -44,11 +44,15 @@ void Step(float /*dt*/) {
     const float drop = lastSpeed - water.meanSpeed;
     lastSpeed = water.meanSpeed;
     if (LoopsMustRest()) {
-        ambient.Rest();
+        Rest();
     } else {
         ambient.Drive(std::sqrt(water.ratio) * ambientVolume);
     }
     disturbance.Step(drop, water.ratio);
+}
+
+void Rest() {
+    ambient.Rest();
 }
 
 }  // namespace WaterSounds

@@ -11,5 +11,7 @@ void Initialise();
 void Shutdown();
 /// Once per module step, with the uncapped `dt`. Allocates nothing.
 void Step(float dt);
+/// Silences the loops; the next step brings them back.
+void Rest();
 
 }  // namespace WaterSounds

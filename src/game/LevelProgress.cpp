@@ -7,8 +7,11 @@
 
 #include "actors/Camera.h"
 #include "actors/SoundSourceManager.h"
+#include "audio/IceSounds.h"
 #include "audio/MusicPlayer.h"
 #include "audio/Sound.h"
+#include "audio/SteamSounds.h"
+#include "audio/WaterSounds.h"
 #include "engine/ConfigFile.h"
 #include "engine/Console.h"
 #include "engine/Timer.h"
@@ -72,11 +75,19 @@ void RespawnWater() {
     Camera::SetState(Camera::OpeningFlight);
 }
 
+/// The level's sounds end with it; no step comes after this one to let the loops rest.
+void SilenceLevel() {
+    SoundSourceManager::StopAll();
+    IceSounds::Rest();
+    WaterSounds::Rest();
+    SteamSounds::Rest();
+}
+
 void StepFinishTimer(float dt) {
     if (finishTimer > 0.0f) {
         finishTimer -= dt;
         if (finishTimer <= 0.0f) {
-            SoundSourceManager::StopAll();
+            SilenceLevel();
             MusicPlayer::Stop();
             MenuManager::Show(MenuManager::LevelFinished);
         }

@@ -1,0 +1,80 @@
+// The game itself, heard: a scripted run through the shipped level.
+
+#include "RenderedAudio.h"
+#include "audio/MusicPlayer.h"
+#include "audio/WaterSounds.h"
+#include "game/Game.h"
+#include "game/GameState.h"
+#include "graphics/GLWindow.h"
+#include "menus/MenuManager.h"
+#include "platform/Clock.h"
+#include "platform/HeadlessWindow.h"
+#include "platform/VirtualKeys.h"
+#include "water/ParticleMover.h"
+
+namespace {
+
+using namespace Signal;
+
+class RunTest : public RenderedAudio {
+protected:
+    static constexpr std::uint32_t frameMs = 20;
+
+    RunTest() {
+        Platform::UseDataRoot(VANTREL_SOURCE_DIR "/data");
+        Platform::UseClock(&clock);
+        Platform::UseWindow(&window);
+        GLWindow::Create("test", 800, 600);
+        ReadSurfaces();
+        Game::Initialise("lev\\testLevel.swah");
+        MenuManager::Show(MenuManager::None);
+        MusicPlayer::Stop();
+    }
+    ~RunTest() override {
+        SetPaused(false);
+        Game::Shutdown();
+        GLWindow::Close();
+        Platform::UseWindow(nullptr);
+        Platform::UseClock(nullptr);
+    }
+    std::vector<float> Play(double seconds) {
+        std::vector<float> signal;
+        for (int i = 0; i < static_cast<int>(seconds * 1000.0 / frameMs); ++i) {
+            clock.Advance(frameMs);
+            GLWindow::PumpMessages();
+            Game::Frame();
+            const auto part = Render(frameMs / 1000.0);
+            signal.insert(signal.end(), part.begin(), part.end());
+        }
+        return signal;
+    }
+
+    Platform::ScriptedClock clock;
+    Platform::HeadlessWindow window;
+};
+
+}  // namespace
+
+TEST_F(RunTest, SoundsWithTheWaterAndRestsWithTheGame) {
+    ASSERT_FALSE(Game::MapName().empty());
+    // Up to the end of the opening flight the water hangs still: a murmur alone.
+    const double murmur = Loudness(Play(0.5));
+    EXPECT_GT(murmur, 1e-4);
+    // The first landing, and then tilts to and fro.
+    double loudest = 0.0;
+    for (int i = 0; i < 60; ++i) {
+        window.SetKey(VirtualKey::left, i / 15 % 2 == 0);
+        window.SetKey(VirtualKey::right, i / 15 % 2 == 1);
+        loudest = std::max(loudest, Loudness(Play(0.2)));
+    }
+    EXPECT_GT(loudest, 2.0 * murmur);
+    EXPECT_LT(loudest, 0.7);
+    SetPaused(true);
+    Play(2.0);  // Splashes under way ring out.
+    EXPECT_LT(Loudness(Play(0.5)), 1e-6);
+    SetPaused(false);
+    Play(0.2);
+    EXPECT_GT(Loudness(Play(0.5)), 1e-4);
+    WaterSounds::Rest();
+    EXPECT_LT(LoudnessOf(2.0), murmur) << "the end of a level silences what no step will";
+}
