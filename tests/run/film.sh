@@ -16,7 +16,7 @@ film=
 trap 'kill $game $film 2>/dev/null || true; wait; rm -rf "$home"' EXIT
 
 window=$(timeout 30 xdotool search --sync --onlyvisible --name '^Vantrel: Version' | tail -n 1)
-eval "$(xdotool getwindowgeometry --shell "$window")"
+place() { xwininfo -id "$window" | sed -n "s/.*$1: *//p"; }
 
 # click X Y: in the window; buttons act a moment later.
 click() {
@@ -24,8 +24,8 @@ click() {
   sleep 1.2
 }
 sleep 1.5
-ffmpeg -loglevel error -y -f x11grab -framerate 30 -video_size "${WIDTH}x${HEIGHT}" \
-  -i "$DISPLAY+$X,$Y" -c:v mpeg4 -q:v 4 "$out/play.mp4" </dev/null &
+ffmpeg -loglevel error -y -f x11grab -framerate 30 -video_size "$(place Width)x$(place Height)" \
+  -i "$DISPLAY+$(place 'Absolute upper-left X'),$(place 'Absolute upper-left Y')" -c:v mpeg4 -q:v 4 "$out/play.mp4" </dev/null &
 film=$!
 click 400 194 # the start button
 
