@@ -227,10 +227,10 @@ def water_pushed(b):
 
 @bay("Water is crushed")
 def water_crushed(b):
-    """A press comes down to the floor."""
-    b.solid(10, 60, 240, 60, RUST)
+    """A piston goes to the right until it meets the wall."""
+    b.solid(0, 130, 40, 130, RUST)
     b.trigger("Mover_goto_end_1", (0, 200, INSIDE, 60), delay=1.0)
-    b.mover((130, 60), (130, 200), 60)
+    b.mover((20, 195), (240, 195), 80)
 
 
 @bay("Ice rides")

@@ -82,6 +82,7 @@ void Gallery::TearDownTestSuite() {
 void Gallery::SetUp() {
     Game::RequestRestart();
     RunFrame(frameMs);
+    MenuManager::Show(MenuManager::None);  // that of a finished level stays open
     ParticleManager::ClearAll();
 }
 
