@@ -182,6 +182,7 @@ WindowError GlfwWindow::Create(const WindowSettings& settings) {
 
 void GlfwWindow::Destroy() {
     if (IsOpen()) {
+        ReclaimContext();
         glfwDestroyWindow(state->window);
         state->window = nullptr;
         state->samples = 1;
@@ -260,6 +261,41 @@ bool GlfwWindow::SetSwapInterval(int interval) {
 
 int GlfwWindow::SwapInterval() const {
     return state->swapInterval;
+}
+
+bool GlfwWindow::LendContext() {
+    if (!IsOpen() || state->loader != nullptr) {
+        return false;
+    }
+    // Made while the window's context is current: some drivers need that to share.
+    SetHints(state->samples, false);
+    state->loader = glfwCreateWindow(1, 1, "", nullptr, state->window);
+    if (state->loader == nullptr) {
+        return false;
+    }
+    glFinish();
+    glfwMakeContextCurrent(nullptr);
+    glfwMakeContextCurrent(state->loader);
+    return true;
+}
+
+void GlfwWindow::BorrowContext() {
+    glfwMakeContextCurrent(state->window);
+}
+
+void GlfwWindow::ReturnContext() {
+    glFinish();
+    glfwMakeContextCurrent(nullptr);
+}
+
+void GlfwWindow::ReclaimContext() {
+    if (state->loader != nullptr) {
+        // What was loaded is to be complete before another context uses it.
+        glFinish();
+        glfwMakeContextCurrent(state->window);
+        glfwDestroyWindow(state->loader);
+        state->loader = nullptr;
+    }
 }
 
 void GlfwWindow::SetViewport(int width, int height) {

@@ -1,6 +1,6 @@
 #pragma once
 // The real window, on GLFW 3, whose types stay within the .cpp files. Main thread only, but
-// for SwapBuffers and GL calls, which go with the context.
+// for SwapBuffers and GL calls, which go with the context, and Borrow- and ReturnContext.
 
 #include <memory>
 
@@ -31,6 +31,10 @@ public:
     void SetPixelProjection(int width, int height) override;
     std::string ExtensionText() const override;
     std::string RendererText() const override;
+    bool LendContext() override;
+    void BorrowContext() override;
+    void ReturnContext() override;
+    void ReclaimContext() override;
     void Show() override;
     void Focus() override;
     bool IsForeground() const override;

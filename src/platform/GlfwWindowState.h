@@ -22,6 +22,7 @@ struct Point {
 
 struct GlfwWindow::State {
     GLFWwindow* window = nullptr;
+    GLFWwindow* loader = nullptr;  ///< never shown; only its context counts
     WindowInput input;
     FocusFilter focus;
     SteadyClock clock;  ///< real time, whatever clock the game runs on

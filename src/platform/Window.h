@@ -69,6 +69,18 @@ public:
     virtual std::string ExtensionText() const = 0;
     virtual std::string RendererText() const = 0;
 
+    // A second thread may draw in the window for a while. `LendContext` takes the window's GL
+    // context from the main thread and gives it a hidden one that shares textures and display
+    // lists, to load with; false, with nothing changed, if there is none to be had. Then the
+    // other thread calls `BorrowContext`, draws and swaps, and calls `ReturnContext`. When it
+    // has ended, `ReclaimContext` makes the window's context the main thread's again and drops
+    // the hidden one; what was loaded in it stays. Meanwhile the main thread doesn't swap, and
+    // the other one asks the window for nothing.
+    virtual bool LendContext() { return false; }
+    virtual void BorrowContext() {}
+    virtual void ReturnContext() {}
+    virtual void ReclaimContext() {}
+
     // Show state and geometry.
     virtual void Show() = 0;
     virtual void Focus() = 0;
