@@ -7,6 +7,9 @@ class Presentation {
 public:
     virtual ~Presentation() = default;
 
+    /// Round everything that a new level takes to load: something else is shown meanwhile.
+    virtual void BeginLoading() {}
+    virtual void EndLoading() {}
     /// The level's polygons and tree stand: make what drawing the level needs.
     virtual void PrepareLevel() {}
     /// The level goes: drop what `PrepareLevel` made.

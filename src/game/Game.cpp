@@ -103,6 +103,15 @@ void StartModules() {
     LevelProgress::Initialise();
 }
 
+void BeginLevel(const std::string& mapName) {
+    gameState.loadedMapName = mapName;
+    ResetDebugViews();
+    gameState.stepAccumulator = shortestStep;
+    AddGameCommands();
+    Console::PrintBanner("Game initialisation");
+    StartModules();
+}
+
 void RestartLevel() {
     ResetRequests();
     ResetDebugViews();
@@ -201,18 +210,14 @@ bool CostMeter::Add(std::uint64_t begin, std::uint64_t end) {
 
 void Game::Initialise(const std::string& mapName) {
     ResetRequests();
+    Presentation::Current().BeginLoading();
     MenuManager::Initialise();
     MenuManager::Show(MenuManager::Main);
     ReadSettings();
-    if (!LevelData::Load(mapName)) {
-        return;
+    if (LevelData::Load(mapName)) {
+        BeginLevel(mapName);
     }
-    gameState.loadedMapName = mapName;
-    ResetDebugViews();
-    gameState.stepAccumulator = shortestStep;
-    AddGameCommands();
-    Console::PrintBanner("Game initialisation");
-    StartModules();
+    Presentation::Current().EndLoading();
 }
 
 void Game::Frame() {

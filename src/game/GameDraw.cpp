@@ -17,6 +17,7 @@
 #include "game/Game.h"
 #include "game/GameState.h"
 #include "game/LevelProgress.h"
+#include "game/LoadingSplash.h"
 #include "graphics/ConsoleDraw.h"
 #include "graphics/GLWindow.h"
 #include "graphics/GLWindowDraw.h"
@@ -160,6 +161,14 @@ void PrintDrawingCost(std::uint64_t begin) {
 }
 
 }  // namespace
+
+void GamePresentation::BeginLoading() {
+    LoadingSplash::Start();
+}
+
+void GamePresentation::EndLoading() {
+    LoadingSplash::Stop();
+}
 
 void GamePresentation::PrepareLevel() {
     LevelGeometryRenderer::Initialise();

@@ -5,6 +5,8 @@
 
 class GamePresentation : public Presentation {
 public:
+    void BeginLoading() override;
+    void EndLoading() override;
     void PrepareLevel() override;
     void ReleaseLevel() override;
     void PrepareWater() override;

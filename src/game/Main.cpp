@@ -11,6 +11,7 @@
 #include "game/Game.h"
 #include "game/GameDraw.h"
 #include "game/HighScoreTable.h"
+#include "game/IntroScreen.h"
 #include "game/Startup.h"
 #include "graphics/ConsoleDraw.h"
 #include "graphics/GLWindow.h"
@@ -128,6 +129,7 @@ int main(int argc, char** argv) {
     const DetailProfile profile = ProfileOf(startupSettings.detailLevel);
     OpenWindow(profile);
     StartServices(profile);
+    IntroScreen().Run();
     HighScoreTable::Load();
     GLWindow::BringToFront();
     if (GLWindow::IsOpen()) {

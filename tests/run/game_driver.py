@@ -2,6 +2,7 @@
 the console's log. Needs a display with a window manager (with_display.sh)."""
 
 import os
+import re
 import shutil
 import subprocess
 import tempfile
@@ -34,13 +35,17 @@ def wait_for(condition, what, seconds=20.0):
 
 class Driver:
     """A running game with a home, a configuration and a working directory of its own. It is
-    played at once, without a stay in its main menu, unless `menu` is set."""
+    played at once, without a stay in its main menu, unless `menu` is set. The opening film is
+    passed over, as an empty one of the player's own comes before the game's; `intro` names
+    another film to play, and then nothing is waited for."""
 
     def __init__(self, program, *arguments, size=(800, 600), settings=None, data=None,
-                 menu=False):
+                 menu=False, intro=None):
         self.home = tempfile.mkdtemp(prefix="vantrel-run-")
         self._write_settings({"cfg/console.cfg": "enableLogging true\nfontSize 8\n",
-                              **(settings or {})})
+                              "vid/intro.avi": "", **(settings or {})})
+        if intro:
+            shutil.copy(intro, self.home + "/vid/intro.avi")
         environment = dict(os.environ, HOME=self.home, XDG_CONFIG_HOME=self.home + "/config",
                            VANTREL_DATA=os.path.join(self.home, data) if data
                            else os.path.join(ROOT, "data"))
@@ -48,11 +53,16 @@ class Driver:
         self.process = subprocess.Popen([program, *words], cwd=self.home, env=environment,
                                         stderr=subprocess.PIPE, text=True)
         self.window = wait_for(self._find_window, "the game's window")
-        wait_for(lambda: "Game initialisation" in self.log() or "Unable to open" in self.log(),
-                 "the level")
         self.size = size
+        if intro:
+            return
+        self.await_level()
         if not menu:
             self.click(*START)
+
+    def await_level(self):
+        wait_for(lambda: "Game initialisation" in self.log()
+                 or "Unable to open level" in self.log(), "the level")
 
     def _write_settings(self, files):
         for name, text in files.items():
@@ -137,9 +147,12 @@ class Driver:
 
     def picture(self):
         """The window as the screen shows it, as an array of rows of RGB."""
-        place = dict(line.split("=") for line in
-                     x("getwindowgeometry", "--shell", self.window).split())
-        size = f"{place['WIDTH']}x{place['HEIGHT']}+{place['X']}+{place['Y']}"
+        told = subprocess.run(["xwininfo", "-id", self.window], check=True, capture_output=True,
+                              text=True, timeout=20).stdout
+        left, top, width, height = (int(re.search(rf"{what}: +(-?\d+)", told).group(1))
+                                    for what in ("Absolute upper-left X",
+                                                 "Absolute upper-left Y", "Width", "Height"))
+        size = f"{width}x{height}+{left}+{top}"
         path = os.path.join(self.home, "shot.png")
         # The screen, cut: a window that is just changing its size can't be asked itself.
         subprocess.run(["import", "-window", "root", "-crop", size, "+repage", path], check=True,
