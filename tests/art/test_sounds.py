@@ -1,0 +1,122 @@
+"""Holds the shipped sounds and music to what a listener expects: everything that the settings
+name is there, nothing clips, nothing clicks at its ends, and levels match."""
+import pathlib
+import subprocess
+import sys
+import unittest
+import wave
+
+import numpy as np
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(ROOT / "art" / "sound"))
+from synth import RATE, decibels, loudness  # noqa: E402
+
+SOUNDS = ROOT / "data" / "snd"
+LOOP_KEYS = {"watersound_ambient", "icesound_freeze", "icesound_friction", "steamevaporate",
+             "steamambient", "menubgsound"}
+
+
+def named():
+    """(settings file, key, path) for every value in the settings that names a sound."""
+    for settings in sorted((ROOT / "data" / "cfg").glob("*.cfg")):
+        words = settings.read_text().replace("=", " ").split()
+        for key, value in zip(words[::2], words[1::2]):
+            if value.lower().endswith((".wav", ".ogg")):
+                yield settings.name, key.lower(), ROOT / "data" / value.replace("\\", "/")
+
+
+def sample(path):
+    with wave.open(str(path)) as file:
+        data = np.frombuffer(file.readframes(file.getnframes()), "<i2") / 32768.0
+        return data.reshape(-1, file.getnchannels()), file
+
+
+def music(path):
+    command = ["ffmpeg", "-v", "error", "-i", str(path), "-ac", "2", "-ar", str(RATE), "-f",
+               "f32le", "-"]
+    data = subprocess.run(command, check=True, capture_output=True).stdout
+    return np.frombuffer(data, "<f4").reshape(-1, 2)
+
+
+def loops():
+    paths = {path for _, key, path in named() if key in LOOP_KEYS}
+    return sorted(paths | set(SOUNDS.glob("place_*.wav")))
+
+
+class Sounds(unittest.TestCase):
+    def check_levels(self, sound):
+        self.assertLess(np.abs(sound).max(), decibels(-1))
+        self.assertLess(np.abs(sound.mean(axis=0)).max(), 0.002)
+
+    def check_seam(self, sound):
+        """The step from the end to the start is no larger than steps in the sound are."""
+        step = np.abs(np.diff(sound, axis=0))
+        self.assertLess(np.abs(sound[0] - sound[-1]).max(), 1.5 * np.quantile(step, 0.995) + 1e-4)
+
+    def test_everything_the_settings_name_is_there(self):
+        found = list(named())
+        self.assertGreater(len(found), 30)
+        for settings, key, path in found:
+            with self.subTest(settings=settings, key=key):
+                self.assertTrue(path.is_file(), path)
+
+    def test_samples_are_plain_and_within_bounds(self):
+        self.assertGreaterEqual(len(list(SOUNDS.glob("place_*.wav"))), 8)
+        for path in sorted(SOUNDS.glob("*.wav")):
+            with self.subTest(path=path.name):
+                sound, file = sample(path)
+                self.assertEqual(file.getsampwidth(), 2)
+                placed = path.name.startswith(("place", "water", "ice", "freeze", "steam",
+                                               "evaporate"))
+                self.assertEqual(file.getnchannels(), 1 if placed else file.getnchannels())
+                self.assertIn(file.getframerate(), (RATE, 16000))
+                self.check_levels(sound)
+
+    def test_sounds_that_play_once_begin_and_end_in_silence(self):
+        for path in sorted(set(SOUNDS.glob("*.wav")) - set(loops())):
+            with self.subTest(path=path.name):
+                sound, _ = sample(path)
+                self.assertLess(np.abs(sound[:4]).max(), 0.02)
+                self.assertLess(np.abs(sound[-4:]).max(), 0.001)
+
+    def test_loops_have_no_seam_and_match_in_loudness(self):
+        for path in loops():
+            with self.subTest(path=path.name):
+                sound, file = sample(path)
+                self.check_seam(sound)
+                if file.getframerate() == RATE:
+                    self.assertAlmostEqual(loudness(sound), -19, delta=2)
+
+    def test_stronger_blows_are_louder_and_longer(self):
+        for kind in ("water_splash", "ice_knock"):
+            energy, length = [], []
+            for strength in ("soft", "mid", "hard"):
+                sounds = [sample(SOUNDS / f"{kind}_{strength}{k}.wav")[0] for k in (1, 2, 3, 4)]
+                energy.append([np.sum(s ** 2) for s in sounds])
+                length.append(np.mean([len(s) for s in sounds]))
+                self.assertEqual(len({s.tobytes() for s in sounds}), 4)
+            for weak, strong in ((0, 1), (1, 2)):
+                self.assertGreater(min(energy[strong]), max(energy[weak]), kind)
+                self.assertGreater(length[strong], 1.3 * length[weak], kind)
+
+    def test_music_loops_without_a_click(self):
+        for name in ("music_play", "music_menu"):
+            with self.subTest(name=name):
+                sound = music(SOUNDS / (name + ".ogg"))
+                self.assertGreaterEqual(len(sound), 90 * RATE)
+                self.check_levels(sound)
+                self.check_seam(sound)
+                self.assertAlmostEqual(loudness(sound), -19.5, delta=2.5)
+
+    def test_the_opening_ends_in_silence_and_is_loudest_at_its_title(self):
+        sound = music(ROOT / "data" / "vid" / "intro.ogg")
+        self.assertAlmostEqual(len(sound) / RATE, 20, delta=0.1)
+        self.check_levels(sound)
+        self.assertLess(np.abs(sound[-64:]).max(), 0.001)
+        power = [np.mean(sound[k:k + RATE // 2] ** 2) for k in range(0, len(sound), RATE // 2)]
+        self.assertEqual(int(np.argmax(power)), 30)  # half seconds
+
+
+if __name__ == "__main__":
+    unittest.main()
