@@ -52,7 +52,7 @@ void PrintUsage() {
         "< fileName > ");
 }
 
-void CreateFromText(std::string text) {
+void CreateFromText(const char* text) {
     const std::vector<std::string> words = SplitWords(text);
     if (words.size() != 6 || !IsNumber(words[0]) || !IsNumber(words[1]) || !IsNumber(words[2]) ||
         !IsBoolean(words[3]) || !IsInteger(words[4])) {

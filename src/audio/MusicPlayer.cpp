@@ -22,8 +22,8 @@ Platform::MusicStream& Stream() {
     return Platform::TheAudio().Music();
 }
 
-void MusicPlay(std::string fileName) {
-    if (fileName.empty()) {
+void MusicPlay(const char* fileName) {
+    if (*fileName == '\0') {
         Console::Print("\nUSAGE: MusicPlay < file name >");
         return;
     }

@@ -146,7 +146,8 @@ TEST_F(SoundTest, CopiesPlayOnTheirOwnAndCanBeBroughtInPhase) {
     first.Stop();
     Render(0.05);
     EXPECT_NEAR(LoudnessOf(0.5), 0.5 / std::numbers::sqrt2, 0.01);
-    second = second;
+    const Sound& itself = second;
+    second = itself;
     EXPECT_TRUE(second.IsPlaying());
     second = Sound("snd\\missing.wav");
     EXPECT_FALSE(second.CopyPositionFrom(first));
