@@ -1,5 +1,8 @@
 // What `check` finds, and the exact forms that the other commands print.
 
+#include <algorithm>
+#include <chrono>
+
 #include "ToolRun.h"
 
 namespace {
@@ -14,9 +17,17 @@ protected:
         }
     }
 
-    /// The problem lines; the status must say whether one of them is an error.
+    /// The problem lines; the status must say whether one of them is an error. The level gets
+    /// a finish, and a wide area far below that takes what falls out of it.
     std::string Problems() {
-        WriteLevel("a.swah", level);
+        LevelFile whole = level;
+        whole.triggers.push_back({0, 801, 0.0f, {{-900, 0}, {-890, 0}, {-890, 9}, {-900, 9}}});
+        whole.triggers.push_back(
+            {0, 701, 0.0f, {{-9000, 5000}, {9000, 5000}, {9000, 5100}, {-9000, 5100}}});
+        return ProblemsOf(whole);
+    }
+    std::string ProblemsOf(const LevelFile& file) {
+        WriteLevel("a.swah", file);
         const Outcome outcome = Run("check a.swah --data .");
         const std::size_t counts = outcome.out.find("emitters ");
         const std::string problems = outcome.out.substr(outcome.out.find('\n', counts) + 1);
@@ -25,7 +36,8 @@ protected:
         return problems;
     }
     void AddTrigger(std::uint32_t type, std::uint32_t target) {
-        level.triggers.push_back({target, type, 0.0f, {{0, 0}, {9, 0}, {9, 9}, {0, 9}}});
+        level.triggers.push_back(
+            {target, type, 0.0f, {{-900, 0}, {-890, 0}, {-890, 9}, {-900, 9}}});
     }
 
     LevelFile level;
@@ -34,10 +46,9 @@ protected:
 
 TEST_F(Check, CountsAndAcceptsASoundLevel) {
     level.polygons = {Box(0, 0, 10, 10), Box(10, 0, 20, 10), Box(0, 10, 20, 20)};
-    AddTrigger(801, 0);
     EXPECT_EQ(Problems(), "");
     EXPECT_EQ(Read("out.txt"),
-              "polygons 3\nobjects 0\nforces 0\nmovers 0\ntriggers 1\nsounds 0\nemitters 0\n");
+              "polygons 3\nobjects 0\nforces 0\nmovers 0\ntriggers 2\nsounds 0\nemitters 0\n");
 }
 
 TEST_F(Check, FindsPolygonsWithoutTriangles) {
@@ -62,6 +73,7 @@ TEST_F(Check, FindsOverlapsAndTwinsButNoTouching) {
     level.polygons[2].id = level.polygons[3].id = 5;
     level.polygons[3].flags = 3;
     level.movers = {{5, 1.0f, {0, 0}, {9, 9}}};
+    AddTrigger(402, 5);
     EXPECT_EQ(Problems(), "");
 }
 
@@ -78,7 +90,7 @@ TEST_F(Check, FindsEdgesInLineThatDiffer) {
 }
 
 TEST_F(Check, FindsDeadTargetsAndTriggersWithoutArea) {
-    level.polygons = {Box(0, 0, 10, 10)};
+    level.polygons = {Box(0, 100, 10, 110)};
     level.polygons[0].id = 7;
     AddTrigger(401, 7);
     AddTrigger(300, 0);
@@ -96,6 +108,95 @@ TEST_F(Check, FindsDeadTargetsAndTriggersWithoutArea) {
               "warning: trigger 4: has the unknown type 777 and does nothing\n"
               "warning: trigger 5: nothing bears its target id 9, nor does its type need one\n"
               "warning: trigger 6: has no area\n");
+}
+
+TEST_F(Check, FindsTriggersInsideOfSolids) {
+    level.polygons = {Box(0, 0, 100, 100)};
+    level.polygons[0].points = {{0, 0},   {100, 0}, {100, 100}, {60, 100},
+                                {60, 50}, {40, 50}, {40, 100},  {0, 100}};
+    level.triggers = {{0, 901, 0.0f, {{0, 0}, {100, 0}, {100, 50}, {0, 40}}},
+                      // Across the notch, and reaching out.
+                      {0, 901, 0.0f, {{10, 60}, {90, 60}, {90, 90}, {10, 90}}},
+                      {0, 901, 0.0f, {{10, 10}, {20, 10}, {20, 20}, {10, -1}}}};
+    EXPECT_EQ(Problems(), "warning: trigger 0: lies inside polygon 0, where no water comes\n");
+    // A solid that can be taken away, or that another cuts into, may let water in.
+    level.polygons.push_back(Box(90, 0, 100, 100, 3));
+    EXPECT_EQ(Problems(), "");
+    level.polygons.pop_back();
+    level.polygons[0].id = 3;
+    AddTrigger(300, 3);
+    EXPECT_EQ(Problems(), "");
+}
+
+TEST_F(Check, FindsTargetsWithoutEffect) {
+    Write("img/still.png", "x");
+    Write("img/a_frame1.png", "x");
+    Write("img/a_frame2.png", "x");
+    level.objects = {{4, "img\\still.png", 0, {}, 0}, {5, "img\\a_frame1.png", 0, {}, 0}};
+    level.polygons = {Box(0, 100, 10, 110, 1)};
+    level.polygons[0].id = 6;
+    level.movers = {{6, 1.0f, {0, 0}, {9, 9}}};
+    level.forces = {{8, {}, {}, 1.0f}, {9, {}, {}, 1.0f}};
+    AddTrigger(3, 4);
+    AddTrigger(4, 5);
+    AddTrigger(301, 6);
+    AddTrigger(407, 6);
+    AddTrigger(202, 8);
+    level.triggers[4].delay = 1.0f;
+    EXPECT_EQ(Problems(),
+              "warning: polygon 0: is moved and not solid at the start: no trigger makes it "
+              "solid\n"
+              "warning: force 1: no trigger lets it act\n"
+              "warning: trigger 0: no object of its target id 4 has more than one frame\n"
+              "warning: trigger 4: has a delay, which its type doesn't heed\n");
+}
+
+TEST_F(Check, FindsMoversThatDontWork) {
+    level.polygons = {Box(0, 100, 10, 110)};
+    level.polygons[0].id = 6;
+    std::ranges::reverse(level.polygons[0].points);
+    level.movers = {{6, 230.0f, {0, 0}, {9, 9}},
+                    {6, 220.0f, {0, 0}, {9, 9}},
+                    {7, 0.0f, {0, 0}, {0, 0}},
+                    {6, -1.0f, {0, 0}, {9, 9}}};
+    AddTrigger(402, 6);
+    AddTrigger(401, 7);  // it stands there already
+    EXPECT_EQ(Problems(),
+              "warning: polygon 0: is moved and runs the other way round: it crushes no water\n"
+              "warning: mover 0: is faster than 220 units a second: what its polygons push dies\n"
+              "warning: mover 2: no polygon or object bears its id 7\n"
+              "warning: mover 2: has a path of no length\n"
+              "warning: mover 2: no trigger sets it going\n"
+              "warning: mover 2: has no speed\n"
+              "warning: mover 3: has a speed below 0 and leaves its path\n");
+}
+
+TEST_F(Check, FindsThinWallsButNoSpikesNorWallsOfTwoLeaves) {
+    level.polygons = {Box(0, 0, 3, 100), Box(20, 0, 23, 100), Box(23, 0, 26, 100),
+                      Box(40, 0, 44, 100), Box(60, 0, 160, 100)};
+    level.polygons[4].points = {{60, 0}, {160, 50}, {60, 20}};
+    EXPECT_EQ(Problems(),
+              "warning: polygon 0: is thinner than 4 near (0, 50): drops pass through\n");
+}
+
+TEST_F(Check, FindsLevelsWithoutFinishAndWithAnOpenBottom) {
+    const std::string noFinish = "warning: level 0: has no finish: water reaches no Level_end_a\n";
+    // A vessel whose floor has a hole 20 wide, behind a chicane.
+    level.polygons = {Box(0, 0, 10, 200),      Box(190, 0, 200, 200),  Box(10, 190, 100, 200),
+                      Box(120, 190, 190, 200), Box(60, 150, 190, 160), Box(10, 0, 190, 10)};
+    level.waterStart = {100, 100};
+    const std::string open = ProblemsOf(level);
+    EXPECT_TRUE(open.starts_with(noFinish + "warning: level 0: is open at the bottom near ("))
+        << open;
+    EXPECT_EQ(Problems(), "");
+    // Closed by a solid, by an area in the hole that kills, or by nothing that lasts.
+    level.polygons.push_back(Box(100, 190, 120, 200));
+    EXPECT_EQ(ProblemsOf(level), noFinish);
+    level.polygons[6].id = 2;
+    AddTrigger(300, 2);
+    EXPECT_EQ(ProblemsOf(level), open);
+    level.triggers.push_back({0, 702, 0.0f, {{100, 190}, {120, 190}, {120, 200}, {100, 200}}});
+    EXPECT_EQ(ProblemsOf(level), noFinish);
 }
 
 TEST_F(Check, FindsMissingFiles) {

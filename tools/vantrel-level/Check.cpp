@@ -8,6 +8,8 @@ bool PrintCheck(const LevelFile& level, std::list<LevelPolygon>& polygons) {
     CheckGeometry(level, polygons, problems);
     CheckJoints(level, polygons, problems);
     CheckRecords(level, problems);
+    CheckBindings(level, polygons, problems);
+    CheckSpace(level, polygons, problems);
     std::printf("polygons %zu\nobjects %zu\nforces %zu\nmovers %zu\ntriggers %zu\nsounds %zu\n",
                 level.polygons.size(), level.objects.size(), level.forces.size(),
                 level.movers.size(), level.triggers.size(), level.sounds.size());

@@ -33,13 +33,23 @@ private:
     }
 };
 
-/// Names and ids: files that aren't there, targets that nothing bears, movers without a load.
+/// Files that aren't there, emitters that emit nothing.
 void CheckRecords(const LevelFile& level, Problems& problems);
+/// Who acts on whom: targets that nothing bears, triggers that never fire, movers and forces
+/// that do nothing or harm, a level without a finish.
+void CheckBindings(const LevelFile& level, const std::list<LevelPolygon>& polygons,
+                   Problems& problems);
 /// Outlines: polygons without triangles, overlaps, twins, and where the water starts.
 void CheckGeometry(const LevelFile& level, const std::list<LevelPolygon>& polygons,
                    Problems& problems);
 /// Edges that the game joins into one although they differ.
 void CheckJoints(const LevelFile& level, std::list<LevelPolygon>& polygons, Problems& problems);
+/// Ways for water to get lost: walls too thin to hold it, and a bottom that is open.
+void CheckSpace(const LevelFile& level, std::list<LevelPolygon>& polygons, Problems& problems);
+
+/// The number of images that a name stands for: with "_FRAME", all files that have anything
+/// between it and the ending.
+std::size_t CountFrames(const std::string& name);
 
 /// Prints counts and problems; true if none is an error.
 bool PrintCheck(const LevelFile& level, std::list<LevelPolygon>& polygons);
