@@ -21,7 +21,7 @@ def evaporate(length=3.0):
     for low, high, level in ((1200, 5000, 0.20), (120, 380, 0.10)):
         swell = 0.5 + 0.5 * drift(length, random, 3, 12)
         sound += level * swell * noise(length, band(low, high, 2), random)
-    return at_loudness(sound, -18)
+    return at_loudness(sound, -20)
 
 
 def steam(length=5.0):
@@ -33,7 +33,7 @@ def steam(length=5.0):
         for _ in range(2):
             swell = 0.25 + 0.75 * drift(length, random, 1, 6)
             sound += level * swell * noise(length, band(low, high, 2), random)
-    return at_loudness(sound, -20)
+    return at_loudness(sound, -23)
 
 
 if __name__ == "__main__":
