@@ -19,7 +19,7 @@ void GuiLevelTimeDisplay::OnPaint() {
     ramp.Tick();
     std::uint32_t shown = 0;  // milliseconds
     if (predecessor && predecessor->ramp.IsDone()) {
-        const double share = static_cast<double>(ramp.Advance());
+        const auto share = static_cast<double>(ramp.Advance());
         shown = static_cast<std::uint32_t>(static_cast<double>(LevelProgress::ElapsedMs()) * share);
     }
     // Hours are dropped: there is room for two digits each.

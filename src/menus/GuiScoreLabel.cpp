@@ -35,7 +35,7 @@ std::uint32_t GuiScoreLabel::AdvanceValue() {
     }
     const std::uint32_t value = valueSource ? valueSource() : 0;
     // In double, so that the end of the run shows the value itself, however large.
-    const double share = static_cast<double>(ramp.Advance());
+    const auto share = static_cast<double>(ramp.Advance());
     return static_cast<std::uint32_t>(static_cast<double>(value) * share);
 }
 
