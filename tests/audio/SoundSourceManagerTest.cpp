@@ -4,7 +4,11 @@
 
 #include "RenderedAudio.h"
 #include "actors/Camera.h"
+#include "actors/TriggerManager.h"
+#include "actors/TriggerTypes.h"
 #include "game/GameState.h"
+#include "level/LevelData.h"
+#include "support/TestLevelFile.h"
 
 namespace {
 
@@ -127,4 +131,29 @@ TEST_F(SoundSourceTest, IsMadeFromTheConsole) {
             << bad;
     }
     EXPECT_EQ(count(), 1u);
+}
+
+TEST_F(SoundSourceTest, LivesWithItsLevel) {
+    LevelFile file;
+    file.sounds = {{1, {0, 0}, 100, 1, "snd\\tone.wav"}, {2, {0, 0}, 100, 1, "snd\\tone.wav"}};
+    const LevelFile::Point far{9000, 9000};
+    file.triggers = {{2, 100, 0.0f, {far, far, far, far}}, {1, 101, 0.0f, {far, far, far, far}}};
+    const auto bytes = file.Serialise();
+    Write("lev/level.swah", std::string(TestLevelFile::Text(bytes)));
+    ASSERT_TRUE(LevelData::Load("lev\\level.swah"));
+    Camera::position = {};
+    const auto fire = [](std::size_t number) {
+        Trigger& trigger = TriggerManager::triggers[number];
+        TriggerTypes::Find(trigger.type).effect(trigger, nullptr, 0, 0.0f);
+    };
+    EXPECT_NEAR(Level(), 1.0, 0.02) << "the other waits for its trigger";
+    fire(0);
+    EXPECT_TRUE(SoundSourceManager::loopingSources[2].front().sound.IsPlaying());
+    fire(1);
+    EXPECT_NEAR(Level(), 1.0, 0.02) << "the other alone";
+    LevelData::Restart();
+    EXPECT_NEAR(Level(), 1.0, 0.02);
+    EXPECT_TRUE(SoundSourceManager::loopingSources[2].front().stopped);
+    LevelData::Unload();
+    EXPECT_LT(Level(), 1e-5);
 }
