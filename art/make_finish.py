@@ -1,14 +1,14 @@
 #!/usr/bin/env python3
 """Paints the water that closes over the view when a level is finished: light from above, a web of
-brighter lines and streams of bubbles, in frames that go round without a seam. The picture is far
-larger than the view and fades out towards its edges."""
+brighter lines and streams of bubbles, in frames that go round without a seam. The picture is as
+large as the view or larger and ends in a water's edge, which wide windows show on the left."""
 import numpy as np
 from PIL import Image
 
 from menu_paint import RIM, WATER_LIGHT, Sheet, save
 from painting import colour, mix, smooth
 
-SIZE, FRAMES = 1024, 6
+SIZE, FRAMES = 1024, 5
 COARSE = 4  # the soft parts are painted that much smaller
 
 
@@ -38,18 +38,23 @@ def soft_part(turn):
     base = mix(base, colour("0b4770"), smooth(0.4, 1.0, down))
     base = mix(base, WATER_LIGHT, 0.75 * beams(x, y, turn) * smooth(900, 250, y))
     base = mix(base, RIM, np.clip(0.40 * web(x, y, turn), 0, 0.75) * smooth(980, 300, y))
-    alpha = 0.96 * fade(x) * fade(y)
-    return base, alpha
+    inside = shore(x, y, turn)
+    base = mix(base, RIM, 0.85 * np.exp(-((inside - 9) / 6) ** 2))
+    return base, 0.96 * smooth(0, 7, inside)
 
 
-def fade(v):
-    return smooth(0, 110, v) * smooth(SIZE, SIZE - 110, v)
+def shore(x, y, turn):
+    """Distance from the wavy edge of the water, above 0 in it."""
+    def wave(v):
+        return 14 + 6 * np.sin(v / 47.0 + turn) + 4 * np.sin(v / 21.0 - turn + 1.0)
+    across = np.minimum(x - wave(y), SIZE - x - wave(y + 300))
+    return np.minimum(across, np.minimum(y - wave(x), SIZE - y - wave(x + 300)))
 
 
 def stream_list():
     rng = np.random.default_rng(541)
     for _ in range(26):
-        yield (rng.uniform(60, 964), rng.uniform(70, 190), rng.uniform(0, 1), rng.uniform(3, 11),
+        yield (rng.uniform(70, 954), rng.uniform(70, 190), rng.uniform(0, 1), rng.uniform(3, 11),
                rng.uniform(0, 6.28))
 
 
@@ -83,9 +88,9 @@ def main():
         s = Sheet(SIZE, SIZE, 1)
         base, alpha = soft_part(2 * np.pi * i / FRAMES)
         s.rgb = np.stack([enlarged(base[..., c]) for c in range(3)], 2)
-        s.alpha = enlarged(alpha)
+        s.alpha = np.clip(enlarged(alpha), 0.0, 1.0)
         bubbles(s, i / FRAMES)
-        save(s.image(steps=96), f"finish_FRAME{i + 1:02}")
+        save(s.image(steps=88), f"finish_FRAME{i + 1:02}")
 
 
 if __name__ == "__main__":

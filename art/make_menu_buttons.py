@@ -17,7 +17,7 @@ IDLE, FOCUS, CLICK = 8, 6, 8  # frames
 LOW, FULL = 44.2, 13.0  # where the water stands, in pixels from above
 LEFT, TOP, RIGHT, BOTTOM = 8, 10, 248, 54
 WINDOW = (27, 15.5, 229, 48.5, 9)
-STEPS = 44  # colour levels; the metal hides them and the files stay small
+STEPS = 40  # colour levels; the metal hides them and the files stay small
 
 
 def plate():
