@@ -5,7 +5,7 @@ pressed it flashes up, splashes out and the button goes."""
 import numpy as np
 
 from lettering import line_distance
-from menu_paint import (BRASS_LIGHT, CREAM, GLASS, GLASS_DARK, NIGHT, RIM, WATER, WATER_LIGHT, Sheet,
+from menu_paint import (BRASS_LIGHT, CREAM, GLASS, GLASS_DARK, NIGHT, RIM, WATER_LIGHT, Sheet,
                         save)
 from painting import blur, colour, mix, smooth
 
