@@ -121,7 +121,11 @@ void PublishForces(const LevelFile& file) {
     ForceManager::Initialise();
     for (const LevelFile::Force& record : file.forces) {
         const Vector2 position = ToVector(record.position);
-        ForceManager::Add(record.id, position.x, position.y, record.direction.x, record.direction.y,
+        // A level's direction is made a unit here and again by Add: the second division can
+        // still change the last bit, and water feels every bit.
+        Vector2 direction = record.direction;
+        Normalise(direction);
+        ForceManager::Add(record.id, position.x, position.y, direction.x, direction.y,
                           record.strength * strengthScale);
     }
 }

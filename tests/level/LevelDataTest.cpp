@@ -8,6 +8,7 @@
 #include <array>
 
 #include "actors/Camera.h"
+#include "actors/ForceManager.h"
 #include "engine/Console.h"
 #include "level/BspTree.h"
 #include "level/DynamicPolygonRenderer.h"
@@ -99,6 +100,22 @@ TEST_F(LevelDataTest, ReadsFlagsAsANumber) {
         found += std::to_string(polygon.visible) + std::to_string(polygon.solid) + " ";
     }
     EXPECT_EQ(found, "11 10 01 00 11 ");
+}
+
+TEST_F(LevelDataTest, MakesTheDirectionOfAForceAUnitTwice) {
+    LevelFile file;
+    const Vector2 written{1.0f, 1.0f};  // the second division changes a last bit
+    file.forces = {{.id = 5, .position = {3, 4}, .direction = written, .strength = 2.0f},
+                   {.id = 6, .position = {3, 4}, .direction = {}, .strength = 2.0f}};
+    ASSERT_TRUE(Load(file));
+    Vector2 once = written;
+    Normalise(once);
+    Vector2 twice = once;
+    Normalise(twice);
+    ASSERT_NE(once, twice);
+    EXPECT_EQ(ForceManager::forces.front().direction, twice);
+    EXPECT_EQ(ForceManager::forces.front().strength, 20.0f);
+    EXPECT_EQ(ForceManager::forces.back().direction, (Vector2{1.0f, 0.0f}));
 }
 
 TEST_F(LevelDataTest, LoadsALevelOfNothing) {
