@@ -14,7 +14,7 @@ from PIL import Image
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 TITLE = "Vantrel: Version 1.03"
 START = (400, 194)  # the main menu's start button, in menu units
-BUTTON_DELAY = 1.2  # seconds until a press has acted, for sure
+BUTTON_DELAY = 1.0  # seconds until a press has acted, for sure
 
 
 def x(*words):
@@ -40,8 +40,9 @@ class Driver:
     another film to play, and then nothing is waited for."""
 
     def __init__(self, program, *arguments, size=(800, 600), settings=None, data=None,
-                 menu=False, intro=None):
-        self.home = tempfile.mkdtemp(prefix="vantrel-run-")
+                 menu=False, intro=None, home=None):
+        self.keeps_home = home is not None
+        self.home = home or tempfile.mkdtemp(prefix="vantrel-run-")
         self._write_settings({"cfg/console.cfg": "enableLogging true\nfontSize 8\n",
                               "vid/intro.avi": "", **(settings or {})})
         if intro:
@@ -66,6 +67,8 @@ class Driver:
 
     def _write_settings(self, files):
         for name, text in files.items():
+            if text is None:  # takes back what is written by default
+                continue
             path = os.path.join(self.home, name)
             os.makedirs(os.path.dirname(path), exist_ok=True)
             with open(path, "w", encoding="ascii") as file:
@@ -90,7 +93,8 @@ class Driver:
             raise AssertionError("the game didn't close") from None
         finally:
             self.process.stderr.close()
-            shutil.rmtree(self.home, ignore_errors=True)
+            if not self.keeps_home:
+                shutil.rmtree(self.home, ignore_errors=True)
         return status
 
     # -- the console --------------------------------------------------------------------------
