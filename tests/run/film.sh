@@ -7,8 +7,9 @@ out=$2
 home=$(mktemp -d)
 cd "$home"
 # An empty film of one's own passes over the opening.
-mkdir vid
+mkdir vid cfg
 : >vid/intro.avi
+echo "enableLogging true" >cfg/console.cfg
 export HOME=$home XDG_CONFIG_HOME=$home/config
 "$program" -FULLSCREEN 0 -RESOLUTION 800 600 &
 game=$!
@@ -23,9 +24,15 @@ click() {
   xdotool mousemove --window "$window" "$1" "$2" click 1
   sleep 1.2
 }
-sleep 1.5
+# The menu hears nothing before the level stands and the loading picture is gone.
+for _ in $(seq 300); do
+  grep -qs "Initialising particle renderer" ConsoleLog.txt && break
+  sleep 0.1
+done
+sleep 2
 ffmpeg -loglevel error -y -f x11grab -framerate 30 -video_size "$(place Width)x$(place Height)" \
-  -i "$DISPLAY+$(place 'Absolute upper-left X'),$(place 'Absolute upper-left Y')" -c:v mpeg4 -q:v 4 "$out/play.mp4" </dev/null &
+  -i "$DISPLAY+$(place 'Absolute upper-left X'),$(place 'Absolute upper-left Y')" \
+  -c:v mpeg4 -q:v 4 "$out/play.mp4" </dev/null &
 film=$!
 click 400 194 # the start button
 
