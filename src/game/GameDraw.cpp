@@ -73,6 +73,7 @@ void DrawDebugViews() {
     GroupedParticleMover::Draw();
     TriggerManager::Draw();
     LevelObjectsManager::DrawIds();
+    FxParticleManager::DrawEmitters();
     SoundSourceManager::Draw();
     MoverManager::Draw();
 }

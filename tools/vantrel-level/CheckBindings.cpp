@@ -211,7 +211,8 @@ void CheckMovers(const LevelFile& level, const std::list<LevelPolygon>& polygons
     for (const LevelPolygon& polygon : polygons) {
         bool& hasSolid = loads[level.polygons[number].id];
         hasSolid = hasSolid || polygon.solid;
-        if (polygon.movedByMover && polygon.solid && polygon.winding == 0) {
+        if (polygon.movedByMover && polygon.solid && polygon.triangleCount > 0 &&
+            polygon.winding == 0) {
             problems.Warning("polygon", number,
                              "is moved and runs the other way round: it crushes no water");
         }
