@@ -54,8 +54,10 @@ class MenuDriver(Driver):
     def __init__(self, *arguments, **options):
         super().__init__(PROGRAM, *arguments, menu=True, **options)
         self.portraits = {}
-        # The window's first frames.
-        time.sleep(0.5)
+        # While the game loads, keys wait: what answers is a game that runs.
+        self.toggle_console()
+        self.command("ready", "UNKNOWN COMMAND")
+        self.toggle_console()
 
     def press(self, menu, button):
         self.click(*middle(menu, button + "Button"))
