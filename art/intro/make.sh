@@ -2,9 +2,9 @@
 # make.sh BUILD: renders the opening film anew, data/vid/intro.avi, with the programs of a build
 # folder, on a display of its own. Its sound track is made by art/sound.
 #
-# The film's header says 31 ms a frame, and it is made for 33.3: the player shows a frame until
-# the first pass after its time, which is every second refresh of a 60 Hz display, and about as
-# much on a display that doesn't hold the program.
+# The film's header says 29 ms a frame, and it is made for 33.3: the player shows a frame until
+# the first pass after its time. That is the second refresh at 60 Hz, the fourth at 120 and the
+# fifth at 144, and about as much where a pass takes a few milliseconds and nothing holds it.
 set -euo pipefail
 here="$(dirname "$(readlink -f "$0")")"
 root="$(dirname "$(dirname "$here")")"
@@ -20,4 +20,4 @@ export VANTREL_DATA=$root/data
 "$root/tests/run/with_display.sh" "$build/tools/intro-film/intro-film" 'lev\intro.swah' |
   /usr/bin/python3 "$here/title.py" |
   ffmpeg -nostdin -loglevel error -y -f rawvideo -pixel_format rgb24 -video_size 800x600 \
-    -framerate 1000/31 -i - -c:v mpeg4 -q:v 3 -bf 0 -g 30 -pix_fmt yuv420p "${2:-$root/data/vid/intro.avi}"
+    -framerate 1000/29 -i - -c:v mpeg4 -q:v 3 -bf 0 -g 30 -pix_fmt yuv420p "${2:-$root/data/vid/intro.avi}"
