@@ -1,12 +1,12 @@
 // The water's voice against counts and speeds.
 
-#include "CountedAllocations.h"
 #include "RenderedAudio.h"
 #include "audio/IceSounds.h"
 #include "audio/SteamSounds.h"
 #include "audio/WaterSounds.h"
 #include "engine/Random.h"
 #include "game/GameState.h"
+#include "support/CountedAllocations.h"
 #include "water/GroupedParticleMover.h"
 #include "water/ParticleManager.h"
 

@@ -7,7 +7,7 @@
 #include <array>
 #include <limits>
 
-#include "LargestAllocation.h"
+#include "support/CountedAllocations.h"
 #include "support/TestLevelFile.h"
 
 namespace {

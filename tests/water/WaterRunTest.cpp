@@ -4,15 +4,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
-#include <new>
 
+#include "support/CountedAllocations.h"
 #include "water/WaterCheck.h"
 #include "water/WaterWorld.h"
 
 namespace {
-
-std::size_t allocations = 0;
 
 /// A sloped floor in a box of 200 by 120 that ends in a pocket at the right.
 std::list<LevelPolygon> Slope() {
@@ -74,21 +71,6 @@ void SetTemperatures(float temperature) {
 }
 
 }  // namespace
-
-// Counts every allocation of the program.
-void* operator new(std::size_t size) {
-    ++allocations;
-    if (void* const block = std::malloc(size)) {
-        return block;
-    }
-    std::abort();
-}
-void operator delete(void* block) noexcept {
-    std::free(block);
-}
-void operator delete(void* block, std::size_t /*size*/) noexcept {
-    std::free(block);
-}
 
 TEST(Water, PoursDownAndComesToRestInsideOfTheWalls) {
     const WaterWorld world(Slope(), {100.0f, 60.0f});
@@ -172,9 +154,9 @@ TEST(Water, AllocatesNothingOnceWarmedUp) {
     }
     WaterWorld::Steps(40);
     ASSERT_FALSE(GroupedParticleMover::groups.empty());
-    const std::size_t before = allocations;
+    const std::size_t before = countedAllocations;
     WaterWorld::Steps(60);
-    EXPECT_EQ(allocations, before);
+    EXPECT_EQ(countedAllocations, before);
 }
 
 TEST(Water, RunsTheSameOnEveryBuild) {
