@@ -59,7 +59,8 @@ extern "C" void glBegin(GLenum mode) {
 
 namespace {
 
-/// The game up to its first level, as the program brings it up.
+/// The game up to its first level, as the program brings it up, and down again: textures and
+/// display lists must go while their context lives.
 class RunningGame {
 public:
     RunningGame() {
@@ -76,6 +77,17 @@ public:
         MenuManager::Show(MenuManager::None);
         Camera::position = {400.0f, 350.0f};
     }
+
+    ~RunningGame() {
+        Game::Shutdown();
+        Console::Shutdown();
+        TextureManager::Shutdown();
+        GLWindow::Close();
+        Platform::UseWindow(nullptr);
+    }
+
+    RunningGame(const RunningGame&) = delete;
+    RunningGame& operator=(const RunningGame&) = delete;
 
     Platform::GlfwWindow window;
     GLTextureDevice textures;
