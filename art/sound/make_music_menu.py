@@ -1,9 +1,8 @@
 #!/usr/bin/env python3
 """The menus' background, a minute and a half in D: long chords, a few bells and far drops. It
 keeps to the five tones that fit over any bar of the play music, since both can sound at once.
-It is a sample to the game, so it is kept as a loop besides the packed one; nothing
-of it lies above 8 kHz."""
-from instruments import Band, Choir, bass, bell, drop, kalimba, ogg, pack, string
+It is a sample to the game, hence kept unpacked; nothing of it lies above 8 kHz."""
+from instruments import Band, Choir, bass, bell, drop, kalimba, string
 from synth import at_loudness, band, filtered, save
 
 BEAT = 0.71875  # 16 chords of 8 beats: 92 seconds
@@ -48,7 +47,6 @@ def main():
         music.play(kalimba, notes[-1:], 0.04, -0.2, 0.9, k * 8, 0.9)
     sound = filtered(music.mix(4.2, 1.1, 0.9), band(34, 6500, 4))
     sound = at_loudness(sound, -21.0, -2.0)
-    pack(ogg("snd/music_menu"), sound)
     save("menu_loop", sound, 16000)
 
 
