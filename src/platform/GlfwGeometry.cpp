@@ -94,12 +94,24 @@ void GlfwWindow::State::AwaitPosition(Point position) {
     }
 }
 
+void GlfwWindow::State::PaintPlainly() {
+    if (glfwGetCurrentContext() != window) {
+        return;
+    }
+    glPushAttrib(GL_COLOR_BUFFER_BIT);
+    glClearColor(0.055f, 0.075f, 0.095f, 1.0f);  // as behind the levels
+    glClear(GL_COLOR_BUFFER_BIT);
+    glPopAttrib();
+    glfwSwapBuffers(window);
+}
+
 // Show state.
 
 void GlfwWindow::Show() {
     if (IsOpen()) {
         glfwShowWindow(state->window);
         state->Poll();
+        state->PaintPlainly();
     }
 }
 
@@ -243,9 +255,13 @@ void GlfwWindow::SetClientSize(int width, int height) {
     }
     const double scale = state->Scale();
     const Point size{std::max(width, 1), std::max(height, 1)};
+    if (const Point now = state->FramebufferSize(); now.x == size.x && now.y == size.y) {
+        return;
+    }
     glfwSetWindowSize(state->window, std::max(Scaled(size.x, 1.0 / scale), 1),
                       std::max(Scaled(size.y, 1.0 / scale), 1));
     state->AwaitSize(size);
+    state->PaintPlainly();
 }
 
 void GlfwWindow::SetResizable(bool on) {
@@ -282,6 +298,7 @@ bool GlfwWindow::EnterFullscreen(const DisplayMode& mode) {
     }
     glfwSetWindowMonitor(state->window, monitor, 0, 0, mode.width, mode.height, mode.refreshRate);
     state->AwaitSize({mode.width, mode.height});
+    state->PaintPlainly();
     return glfwGetWindowMonitor(state->window) != nullptr;
 }
 

@@ -47,6 +47,8 @@ struct GlfwWindow::State {
     void ListenToEvents();
     void ApplyIcon();
     void Poll();
+    /// Fills the window until its first picture comes; it would show what lay under it.
+    void PaintPlainly();
     Point FramebufferSize() const;
     /// Framebuffer pixels per unit of the toolkit; 1 on most desktops.
     double Scale() const;
