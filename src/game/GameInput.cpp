@@ -11,6 +11,8 @@
 
 namespace {
 
+constexpr int rightButton = 2;
+
 /// Escape leads out of most menus; from the first one it leads out of the game, by a question.
 void LeaveMenu() {
     switch (MenuManager::Current()) {
@@ -43,8 +45,17 @@ void Game::OnMouseMove(int x, int y) {
     MenuManager::OnMouseMove(x, y);
 }
 
+/// With the mouse alone, too, a player can leave the game and come back to one that is paused.
 void Game::OnMouseDown(int x, int y, int button) {
-    MenuManager::OnMouseDown(x, y, button);
+    if (MenuManager::Current() != MenuManager::None) {
+        MenuManager::OnMouseDown(x, y, button);
+    } else if (gameState.consoleOpen) {
+        return;
+    } else if (button == rightButton) {
+        MenuManager::Show(MenuManager::InGame);
+    } else {
+        SetPaused(false);
+    }
 }
 
 void Game::OnMouseUp(int x, int y, int button) {
