@@ -1,14 +1,14 @@
 #!/usr/bin/env python3
 """Paints the water that closes over the view when a level is finished: light from above, a web of
-brighter lines and streams of bubbles, in frames that go round without a seam. The picture is as
-large as the view or larger and ends in a water's edge, which wide windows show on the left."""
+brighter lines and streams of bubbles, in frames that go round without a seam. The picture
+covers the view of a 16:9 window and ends in a water's edge, which still wider ones show."""
 import numpy as np
 from PIL import Image
 
 from menu_paint import RIM, WATER_LIGHT, Sheet, save
 from painting import colour, mix, smooth
 
-SIZE, FRAMES = 1024, 5
+SIZE, FRAMES = 1120, 5
 COARSE = 4  # the soft parts are painted that much smaller
 
 
@@ -53,8 +53,8 @@ def shore(x, y, turn):
 
 def stream_list():
     rng = np.random.default_rng(541)
-    for _ in range(26):
-        yield (rng.uniform(70, 954), rng.uniform(70, 190), rng.uniform(0, 1), rng.uniform(3, 11),
+    for _ in range(28):
+        yield (rng.uniform(70, SIZE - 70), rng.uniform(70, 190), rng.uniform(0, 1), rng.uniform(3, 11),
                rng.uniform(0, 6.28))
 
 
