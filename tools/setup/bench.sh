@@ -4,7 +4,9 @@
 set -euo pipefail
 build=$1
 for program in "$build"/bench/*Bench; do
-  display=
-  [ "$(basename "$program")" = DrawBench ] && display=tests/run/with_display.sh
+  case $(basename "$program") in
+    DrawBench | StartupBench) display=tests/run/with_display.sh ;;
+    *) display= ;;
+  esac
   $display "$program" --benchmark_min_time=0.05
 done
