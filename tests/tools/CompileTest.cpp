@@ -1,5 +1,8 @@
 // What becomes of maps as authors draw them, and what they are told when a map can't be
 // expressed.
+//
+// JSON lists of one element are written with Json::array and Json::object: compilers differ in
+// whether braces round a single value make a list of it or the value itself.
 
 #include <nlohmann/json.hpp>
 
@@ -77,7 +80,7 @@ TEST_F(CompileMap, FindsAStartThatNeedlesCanBeCutFrom) {
 
 TEST_F(CompileMap, LeavesExactOutlinesAlone) {
     Json& polygon = AddPolygon({XY(0, 0), XY(0, 10), XY(0, 20), XY(20, 20)});
-    polygon["properties"] = {{{"name", "exact"}, {"type", "bool"}, {"value", true}}};
+    polygon["properties"] = Json::array({Property("exact", true)});
     const Points expected = {{0, 0}, {0, 10}, {0, 20}, {20, 20}};
     EXPECT_EQ(Compile().polygons[0].points, expected);
 }
@@ -103,8 +106,8 @@ TEST_F(CompileMap, WorksInRotationOffsetsAndRounding) {
 TEST_F(CompileMap, TakesActorsInTheFormsThatAuthorsDraw) {
     Add({{"type", "Force"}, {"x", 5}, {"y", 5}, {"polyline", {XY(0, 0), XY(0, -50)}}});
     Add({{"type", "Sound"}, {"x", 0}, {"y", 0}, {"width", 80}, {"height", 80}, {"ellipse", true}});
-    Add({{"type", "Trigger"}, {"x", 1}, {"y", 2}, {"width", 30}, {"height", 40}})["properties"] = {
-        Property("type", "Level_end_a")};
+    Add({{"type", "Trigger"}, {"x", 1}, {"y", 2}, {"width", 30}, {"height", 40}})["properties"] =
+        Json::array({Property("type", "Level_end_a")});
     const LevelFile level = Compile();
     EXPECT_EQ(level.forces[0].direction, (Vector2{0.0f, -50.0f}));
     EXPECT_EQ(level.forces[0].strength, 10.0f);
@@ -176,7 +179,7 @@ TEST_F(CompileMap, NamesTheObjectOfAWrongValue) {
 TEST_F(CompileMap, RefusesWhatALevelCannotHold) {
     const Json line = {XY(0, 0), XY(9, 9), XY(20, 0)};
     const std::pair<Json, const char*> cases[] = {
-        {{{"type", "Wall"}}, "there is no class \"Wall\""},
+        {Json::object({{"type", "Wall"}}), "there is no class \"Wall\""},
         {{{"type", ""}, {"point", true}}, "has no class"},
         {{{"type", "Polygon"}, {"point", true}}, "must be a polygon or a rectangle"},
         {{{"type", "Mover"}, {"polyline", line}}, "must be a line of two points"},
@@ -185,7 +188,7 @@ TEST_F(CompileMap, RefusesWhatALevelCannotHold) {
         {{{"type", "Object"}, {"point", true}, {"x", 3e9}}, "a coordinate is too large"},
         {{{"type", "Sound"}, {"ellipse", true}, {"width", 8}, {"height", 9}}, "must be a circle"},
         {{{"type", "Object"}, {"gid", 3}}, "is a tile"},
-        {{{"template", "a.tj"}}, "templates aren't supported"},
+        {Json::object({{"template", "a.tj"}}), "templates aren't supported"},
     };
     for (const auto& [object, expected] : cases) {
         Add(object);
@@ -224,9 +227,9 @@ TEST_F(CompileMap, RefusesFilesThatAreNoMaps) {
 }
 
 TEST_F(CompileMap, PassesOverNotesAndEmptyTileLayers) {
-    Add({{"text", {{"text", "to do"}}}});
+    Add(Json::object({{"text", Json::object({{"text", "to do"}})}}));
     layers.push_back({{"type", "tilelayer"}, {"data", {0, 0}}});
-    layers.push_back({{"type", "imagelayer"}});
+    layers.push_back(Json::object({{"type", "imagelayer"}}));
     Compile();
 }
 
