@@ -3,6 +3,7 @@
 import pathlib
 import sys
 
+import places
 import surfaces
 from painting import to_image
 
@@ -11,9 +12,12 @@ TARGET = pathlib.Path(__file__).parent.parent / "data" / "img"
 
 def main(names):
     TARGET.mkdir(parents=True, exist_ok=True)
-    for paint in surfaces.ALL:
-        if not names or paint.__name__ in names:
-            to_image(paint()).save(TARGET / f"{paint.__name__}.png", optimize=True)
+    files = {paint.__name__: paint for paint in surfaces.ALL} | places.FILES
+    for name, paint in files.items():
+        if not names or name in names:
+            picture = paint()
+            alpha = picture[..., 3] if picture.shape[2] == 4 else None
+            to_image(picture[..., :3], alpha).save(TARGET / f"{name}.png", optimize=True)
 
 
 if __name__ == "__main__":

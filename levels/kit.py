@@ -189,7 +189,10 @@ class Stage(Map):
         self.playing(x, y, "bigGear" if big else "gear", layer)
 
     def clock_face(self, x, y):
-        self.playing(x, y, "clockface", 0)
+        """Stands still at noon; a trigger for the id it returns may run it through a day."""
+        id = self.new_id()
+        self.object(x, y, animation("clockface"), layer=0, id=id, name="clock")
+        return id
 
     def thing(self, x, y, name, layer=1, mirrored=False):
         """A still object: crate, barrel, chain, ladder, icicles, weeds, lantern, window, ...;
