@@ -39,17 +39,4 @@ inline void GoBack(GuiAnimatedButton& /*button*/) {
     MenuManager::Show(MenuManager::Previous());
 }
 
-/// For answers to a question: lets the button look focused again, not pressed.
-inline void Release(GuiAnimatedButton& button) {
-    button.SetState(GuiAnimatedButton::InFocus);
-}
-
-/// The keys of a question whose answers stand side by side, the yes on the left.
-inline void MapAnswerKeys(GuiAnimatedButton& yes, GuiAnimatedButton& no) {
-    no.MapKey(VirtualKey::left, &yes);
-    no.MapKey(VirtualKey::tab, &yes);
-    yes.MapKey(VirtualKey::right, &no);
-    yes.MapKey(VirtualKey::tab, &no);
-}
-
 }  // namespace MenuAction
