@@ -161,6 +161,17 @@ class Stage(Map):
         self.scenery(1, [(x, y + abs(reach)), (x + reach, y), (x + reach + side, y),
                          (x, y + abs(reach) + width)], texture, name="brace")
 
+    def moss(self, points, drop=26, layer=3):
+        """Growth that hangs from a line of points, in ragged ends."""
+        lower = []
+        for i, ((ax, ay), (bx, by)) in enumerate(zip(points, points[1:])):
+            steps = max(2, round(math.dist((ax, ay), (bx, by)) / 18))
+            for k in range(steps):
+                hang = drop * (0.35 + 0.65 * (((k * 5 + i * 3) % 7) / 6)) * (k + i > 0)
+                lower.append((round(ax + (bx - ax) * k / steps),
+                              round(ay + (by - ay) * k / steps + hang)))
+        self.scenery(layer, points[:1] + lower[1:] + points[:0:-1], MOSS, name="moss")
+
     def playing(self, x, y, name, layer=1, mirrored=False):
         """An animated object that runs from the start."""
         self.object(x, y, animation(name), layer=layer, mirrored=mirrored, id=self._playing,

@@ -2,168 +2,235 @@
 
 The water starts high on the left and goes down in three storeys: a metal bowl and a plank
 ramp to the right, an awning and sand to the left, a slide and a long basin to the right again,
-into the finish at the lower right.
+into the finish at the lower right. The pump hall on the far left is only to look at: the level
+stands behind the main menu, with the water in its bowl.
 """
 
-from tiled import Map
+from kit import (BEAM, BRICK, CLOTH, METAL, PIPE, PLASTER, ROCK, RUST, SAND, SHADE, STONE, WALL,
+                 WOOD, Stage, box)
 
-STONE, ROCK, WOOD, METAL = "img\\masonry.png", "img\\rock.png", "img\\wood.png", "img\\metal.png"
-CLOTH, SAND, PIPE, WALL = "img\\cloth.png", "img\\sand.png", "img\\pipe.png", "img\\wall.png"
-PLASTER, IRON, MOSS, DARK = "img\\plaster.png", "img\\iron.png", "img\\moss.png", "img\\dark.png"
-
-level = Map()
+stage = Stage()
+solid = stage.solid
 
 
-def solid(points, surface, texture, name="", **options):
-    level.polygon(points, surface, texture, layer=1, name=name, **options)
-
-
-def scenery(layer, points, texture, name=""):
-    level.polygon(points, "stone", texture, layer=layer, flags="scenery", name=name)
-
-
-def box(left, top, right, bottom):
-    return [(left, top), (right, top), (right, bottom), (left, bottom)]
-
-
-def tiles(left, top, width, heights, thickness, surface, texture, name):
-    """Tiles side by side that share edges; `heights` are the tops at each joint."""
-    for i in range(len(heights) - 1):
-        x = left + i * width
-        a, b = top + heights[i], top + heights[i + 1]
-        solid([(x, a), (x + width, b), (x + width, b + thickness), (x, a + thickness)], surface,
-              texture, f"{name} {i + 1}")
-
-
-def shell():
-    """The mountain: four rough sides that nothing gets through."""
-    solid([(-400, -400), (2200, -400), (2200, 40), (1960, 60), (1730, 44), (1560, 86),
+def mountain():
+    """Four rough sides that nothing gets through; the left one ends above in a pillar, with the
+    pump hall behind it."""
+    solid([(-700, -400), (2200, -400), (2200, 40), (1960, 60), (1730, 44), (1560, 86),
            (1380, 96), (1200, 60), (1010, 48), (820, 84), (640, 70), (470, 40), (300, 56),
-           (120, 44), (40, 60), (-400, 60)], "stone", ROCK, "roof")
-    solid([(-400, 60), (40, 60), (56, 150), (44, 240), (60, 250), (60, 276), (66, 480), (84, 560),
-           (62, 660), (40, 760), (66, 860), (92, 960), (60, 1040), (60, 1080), (70, 1400), (-400, 1400)], "stone", ROCK, "left side")
-    solid([(1730, 44), (1960, 60), (2200, 40), (2200, 1400), (1752, 1400), (1760, 1300), (1756, 1270),
-           (1744, 1180),
-           (1770, 1080), (1748, 960), (1760, 900), (1762, 860), (1736, 740), (1756, 640), (1700, 540),
-           (1740, 420), (1716, 300), (1756, 180)], "stone", ROCK, "right side")
-    solid([(-400, 1400), (70, 1400), (420, 1352), (760, 1380), (1076, 1348), (1400, 1366),
-           (1752, 1400), (2200, 1400), (2200, 1800), (-400, 1800)], "stone", ROCK, "ground")
+           (120, 44), (40, 60), (-30, 60), (-180, 36), (-330, 58), (-480, 30), (-700, 60)],
+          "stone", ROCK, name="roof")
+    solid([(-30, 60), (40, 60), (56, 150), (44, 240), (60, 250), (60, 276), (66, 480), (-30, 480)],
+          "stone", STONE, name="pillar")
+    solid([(-700, 500), (-480, 470), (-240, 494), (-30, 480), (66, 480), (84, 560), (62, 660),
+           (40, 760), (66, 860), (92, 960), (60, 1040), (60, 1060), (60, 1080), (70, 1400),
+           (-700, 1400)],
+          "stone", ROCK, name="left side")
+    solid([(1730, 44), (1960, 60), (2200, 40), (2200, 1400), (1752, 1400), (1760, 1300),
+           (1756, 1270), (1744, 1180), (1770, 1080), (1748, 960), (1760, 900), (1762, 860),
+           (1736, 740), (1756, 640), (1700, 540), (1740, 420), (1716, 300), (1756, 180)],
+          "stone", ROCK, name="right side")
+    solid([(-700, 1400), (70, 1400), (420, 1352), (760, 1380), (940, 1362), (1076, 1348),
+           (1400, 1366), (1752, 1400), (2200, 1400), (2200, 1800), (-700, 1800)], "stone", ROCK,
+          name="ground")
 
 
 def first_storey():
+    """To the right: over the bowl's rim, planks and stairs, into a funnel."""
     solid([(60, 250), (96, 250), (150, 322), (204, 352), (306, 352), (366, 326), (426, 292),
            (452, 290), (452, 312), (432, 314), (372, 348), (310, 374), (200, 374), (136, 342),
-           (84, 276), (60, 276)], "metal", METAL, "start bowl")
+           (84, 276), (60, 276)], "metal", METAL, name="start bowl")
     solid([(60, 276), (84, 276), (136, 342), (200, 374), (310, 374), (372, 348), (432, 314),
            (452, 312), (564, 341), (676, 370), (788, 399), (900, 426), (896, 500), (760, 512),
            (600, 470), (452, 420), (340, 470), (180, 452), (66, 480)], "stone", ROCK,
-          "under bowl and planks")
-    tiles(452, 290, 112, [0, 29, 58, 87, 114], 22, "wood", WOOD, "plank")
-    tiles(900, 404, 60, [0, 26, 52, 78, 104, 130], 22, "stone", STONE, "stair")
+          name="under bowl and planks")
+    stage.tiles(452, 290, 112, [0, 29, 58, 87, 114], 22, "wood", WOOD, "plank")
+    stage.tiles(900, 404, 60, [0, 26, 52, 78, 104, 130], 22, "stone", STONE, "stair")
     solid([(900, 426), (960, 452), (1020, 478), (1080, 504), (1140, 530), (1200, 556),
-           (1196, 640), (1120, 650), (1000, 580), (896, 500)], "stone", ROCK, "under the stair")
+           (1196, 640), (1120, 650), (1000, 580), (896, 500)], "stone", ROCK,
+          name="under the stair")
     solid([(820, 84), (1010, 48), (960, 170), (930, 236), (900, 246), (880, 180)], "stone", ROCK,
-          "hanging tooth")
+          name="hanging tooth")
     solid([(1200, 534), (1216, 534), (1300, 630), (1300, 712), (1284, 712), (1284, 640),
-           (1200, 556)], "metal", METAL, "funnel, left")
+           (1200, 556)], "metal", METAL, name="funnel, left")
     solid([(1700, 540), (1718, 486), (1560, 540), (1412, 630), (1412, 712), (1428, 712),
-           (1428, 642), (1566, 560)], "metal", METAL, "funnel, right")
+           (1428, 642), (1566, 560)], "metal", METAL, name="funnel, right")
 
 
 def second_storey():
+    """To the left: an awning, sand that brakes, flagstones, and down the shaft."""
     solid([(1148, 742), (1172, 742), (1250, 786), (1340, 804), (1430, 794), (1520, 752),
            (1546, 752), (1546, 766), (1526, 768), (1436, 808), (1340, 818), (1246, 800),
-           (1166, 758), (1148, 758)], "cloth", CLOTH, "awning")
-    solid([(760, 860), (830, 826), (900, 812), (900, 900), (760, 900)], "sand", SAND, "dune 1")
-    solid([(900, 812), (970, 820), (1040, 850), (1040, 900), (900, 900)], "sand", SAND, "dune 2")
+           (1166, 758), (1148, 758)], "cloth", CLOTH, name="awning")
+    solid([(760, 860), (830, 826), (900, 812), (900, 900), (760, 900)], "sand", SAND,
+          name="dune 1")
+    solid([(900, 812), (970, 820), (1040, 850), (1040, 900), (900, 900)], "sand", SAND,
+          name="dune 2")
     solid([(1040, 850), (1100, 860), (1148, 858), (1148, 900), (1040, 900)], "sand", SAND,
-          "dune 3")
-    tiles(460, 880, 60, [0, -14, -8, -24, -20, -20], 40, "stone", STONE, "paving")
-    solid([(460, 920), (520, 906), (580, 912), (640, 896), (700, 900), (1760, 900), (1748, 960),
-           (1560, 992), (1300, 968), (1100, 1004), (880, 974), (640, 1010), (470, 980)],
-          "stone", ROCK, "middle floor")
+          name="dune 3")
+    stage.tiles(460, 880, 60, [0, -14, -8, -24, -20, -20], 40, "stone", STONE, "paving")
+    solid([(460, 920), (520, 906), (580, 912), (640, 896), (700, 900), (760, 900), (900, 900),
+           (1040, 900), (1148, 900), (1760, 900),
+           (1748, 960), (1560, 992), (1300, 968), (1100, 1004), (880, 974), (640, 1010),
+           (470, 980)], "stone", ROCK, name="middle floor")
     solid([(560, 640), (800, 664), (980, 640), (1120, 690), (1080, 720), (900, 724), (700, 730),
-           (580, 700)], "stone", ROCK, "floating rock")
-    solid([(300, 640), (420, 672), (424, 690), (304, 658)], "wood", WOOD, "plank over the shaft")
+           (580, 700)], "stone", ROCK, name="floating rock")
+    solid([(300, 640), (420, 672), (424, 690), (304, 658)], "wood", WOOD,
+          name="plank over the shaft")
 
 
 def third_storey():
+    """To the right again: a slide, a basin to be left by a swing, a deck, the finish."""
     solid([(60, 1060), (84, 1060), (250, 1132), (400, 1176), (440, 1180), (440, 1198),
-           (396, 1196), (244, 1152), (60, 1080)], "metal", METAL, "slide")
+           (396, 1196), (244, 1152), (60, 1080)], "metal", METAL, name="slide")
     solid([(60, 1080), (244, 1152), (396, 1196), (440, 1198), (470, 1240), (520, 1292),
            (600, 1320), (700, 1324), (790, 1290), (850, 1226), (880, 1200), (940, 1200),
-           (940, 1362), (760, 1380), (420, 1352), (70, 1400)], "stone", STONE, "long basin")
-    solid([(940, 1200), (1010, 1196), (1080, 1204), (1080, 1230), (1076, 1348), (940, 1362)], "stone", STONE,
-          "basin wall")
-    tiles(1080, 1204, 80, [0, 6, 12, 8, 16], 26, "wood", WOOD, "deck")
+           (940, 1362), (760, 1380), (420, 1352), (70, 1400)], "stone", STONE, name="long basin")
+    solid([(940, 1200), (1010, 1196), (1080, 1204), (1080, 1230), (1076, 1348), (940, 1362)],
+          "stone", STONE, name="basin wall")
+    stage.tiles(1080, 1204, 80, [0, 6, 12, 8, 16], 26, "wood", WOOD, "deck")
     solid([(1080, 1230), (1160, 1236), (1240, 1242), (1320, 1238), (1400, 1246), (1400, 1366),
-           (1076, 1348)], "stone", ROCK, "under the deck")
-    solid([(1150, 1084), (1380, 1096), (1380, 1116), (1150, 1104)], "metal", PIPE, "duct roof")
+           (1076, 1348)], "stone", ROCK, name="under the deck")
     solid([(1400, 1220), (1418, 1220), (1450, 1290), (1500, 1330), (1600, 1342), (1690, 1326),
-           (1756, 1270), (1760, 1300), (1752, 1400), (1400, 1366)], "metal", METAL,
-          "finish basin")
+           (1756, 1270), (1760, 1300), (1752, 1400), (1400, 1366)], "metal", "img\\brass.png",
+          name="finish basin")
+    stage.finish(1450, 1230, 280, 110, basin=False)
 
 
-def walls():
-    """Layer 0: the masonry behind everything, with arches let into it."""
-    for x in range(-200, 2000, 440):
-        for y in range(-100, 1600, 425):
-            scenery(0, box(x, y, x + 440, y + 425), WALL, "wall")
-    for x in (180, 620, 1060, 1500):
-        for y in (150, 590, 1030):
-            arch = [(x, y + 260), (x, y + 90), (x + 14, y + 48), (x + 44, y + 16), (x + 90, y),
-                    (x + 136, y + 16), (x + 166, y + 48), (x + 180, y + 90), (x + 180, y + 260)]
-            scenery(0, arch, PLASTER, "arch")
+def check_points():
+    stage.check_point(1240, 560, 240, 150)
+    stage.check_point(110, 900, 300, 180)
 
 
-def behind():
-    """Layer 1: pipes, beams and posts behind the water."""
-    scenery(1, box(486, 40, 510, 330), PIPE, "down pipe")
-    scenery(1, box(1080, 40, 1104, 520), PIPE, "down pipe")
-    scenery(1, box(1104, 236, 1720, 258), PIPE, "cross pipe")
-    scenery(1, box(250, 470, 274, 1120), PIPE, "shaft pipe")
-    scenery(1, box(274, 772, 620, 792), PIPE, "shaft branch")
-    scenery(1, box(596, 792, 620, 900), PIPE, "branch down")
-    scenery(1, box(1620, 560, 1648, 900), PIPE, "right pipe")
-    scenery(1, box(1148, 758, 1160, 900), WOOD, "awning post, left")
-    scenery(1, box(1534, 766, 1546, 900), WOOD, "awning post, right")
+def far_walls():
+    """Layer 0: masonry with arches and windows let into it."""
+    stage.backdrop(WALL, -700, -100, 2200, 1600)
+    for x, y in ((620, 150), (1060, 150), (1500, 150), (180, 590), (620, 740), (1500, 620),
+                 (300, 1010), (1060, 1020), (-250, 150), (-480, 150)):
+        stage.arch(x, y, 180, 260)
+    for x, y in ((330, 170), (1280, 260), (880, 330), (960, 1110), (660, 1110)):
+        stage.thing(x, y, "window", layer=0)
+    stage.scenery(0, box(66, 480, 460, 620), SHADE, name="under the bowl")
+
+
+def pipes():
+    stage.pipe([(-600, 112), (20, 112), (20, 40)])
+    stage.pipe([(496, 40), (496, 210), (720, 210), (720, 40)])
+    stage.pipe([(1104, 40), (1104, 250), (1720, 250)])
+    stage.pipe([(272, 470), (272, 780), (620, 780), (620, 890)])
+    stage.pipe([(1648, 560), (1648, 900)])
+    stage.pipe([(-130, 300), (-130, 490)])
+    stage.pipe([(-440, 300), (-440, 480)])
+    stage.pipe([(1168, 1100), (1392, 1100), (1392, 1000)])
+
+
+def timber():
+    stage.post(1148, 758, 900, 12)
+    stage.post(1534, 766, 900, 12)
     for x in (690, 1010, 1330):
-        scenery(1, box(x, 980, x + 30, 1360), WOOD, "post")
-    scenery(1, box(640, 1040, 1420, 1062), WOOD, "beam")
-    scenery(1, [(690, 1110), (640, 1062), (668, 1062), (720, 1110)], WOOD, "brace")
-    scenery(1, [(1010, 1110), (960, 1062), (988, 1062), (1040, 1110)], WOOD, "brace")
+        stage.post(x, 980, 1330, 26)
+    stage.beam(620, 1440, 1030)
+    for x, reach in ((716, 60), (690, -60), (1036, 60), (1010, -60), (1330, -60)):
+        stage.brace(x, 1052, reach, 18)
+    stage.post(600, 60, 340, 20)
+    stage.beam(480, 760, 110, 18)
+
+
+def machines():
+    """What turns, glows and shows pressure; nothing of it touches the water."""
+    stage.gear(-300, 300, big=True)
+    stage.gear(-184, 388)
+    stage.gear(-390, 196)
+    stage.playing(-560, 300, "fan")
+    stage.hum(-300, 300, 460, "gears")
+    stage.wheel(-128, 316)
+    stage.wheel(496, 216)
+    stage.gauge(610, 186)
+    stage.gauge(-440, 400)
+    stage.valve(-130, 120)
+    stage.valve(1400, 240)
+    stage.gauge(1260, 226)
+    stage.wheel(272, 730)
+    stage.gauge(440, 760)
+    stage.wheel(1392, 1096)
+    stage.gear(1600, 380, big=True)
+    stage.hum(1600, 380, 320, "gears")
+
+
+def lights():
+    for x, y in ((-60, 250), (200, 96), (560, 140), (760, 150), (1000, 260), (1340, 470), (560, 580), (1000, 780),
+                 (180, 820), (640, 1120), (1200, 1160), (1480, 1150)):
+        stage.lamp(x, y)
+    for x, y in ((-360, 90), (880, 620)):
+        stage.lantern(x, y)
+
+
+def life():
+    """Drips, mist, growth and what people left behind."""
+    for x, y in ((300, 58), (896, 248), (1380, 98), (700, 732), (1100, 1004), (-180, 40)):
+        stage.drip(x, y)
+    stage.mist(560, 1290)
+    stage.mist(250, 330)
+    stage.mist(1340, 880)
+    stage.steam_leak(720, 196, (1, -0.4))
+    stage.hum(1600, 1300, 420, "surf")
+    stage.moss([(66, 480), (180, 452), (340, 470), (452, 420)])
+    stage.moss([(896, 500), (1000, 580), (1120, 650), (1196, 640)])
+    stage.moss([(580, 700), (700, 730), (900, 724), (1080, 720)])
+    stage.moss([(640, 1010), (880, 974), (1100, 1004), (1300, 968)])
+    stage.moss([(470, 40), (640, 70), (820, 84)], 34)
+    stage.moss([(-480, 30), (-330, 58), (-180, 36)], 34)
+    for x, y in ((-420, 462), (-90, 470), (150, 628)):
+        stage.thing(x, y, "weeds", layer=3)
+    for x, y in ((620, 876), (830, 1186), (1050, 1180), (1600, 884)):
+        stage.thing(x, y - 8, "weeds", layer=1)
+    stage.thing(-260, 454, "crate")
+    stage.thing(-196, 450, "barrel")
+    stage.thing(1640, 870, "crate")
+    stage.thing(1590, 864, "barrel")
+    stage.thing(1190, 1180, "barrel")
+    stage.thing(400, 88, "chain")
+    stage.thing(1540, 130, "chain")
+    stage.thing(140, 700, "ladder")
+    stage.thing(140, 820, "ladder")
+
+
+def signs():
+    """Arrows on the wall, where the way turns."""
+    stage.arrow(510, 250, "right")
+    stage.arrow(1090, 400, "right")
+    stage.arrow(1356, 600, "down")
+    stage.arrow(1080, 800, "left")
+    stage.arrow(520, 830, "left")
+    stage.arrow(250, 1050, "right")
+    stage.arrow(980, 1140, "right")
 
 
 def before():
-    """Layers 3 and 4: ironwork and growth before the water, where it hides nothing."""
-    for x in (100, 172, 244, 316):
-        scenery(3, box(x, 372, x + 8, 470), IRON, "grate bar")
-    scenery(3, box(84, 400, 352, 410), IRON, "grate rail")
-    for x in (1460, 1530, 1600, 1670):
-        scenery(3, box(x, 1340, x + 8, 1400), IRON, "basin bar")
-    scenery(3, [(900, 500), (1000, 580), (1120, 650), (1080, 668), (980, 620), (890, 540)], MOSS,
-            "moss under the stair")
-    scenery(3, [(700, 730), (900, 724), (1060, 722), (960, 744), (820, 758), (740, 748)], MOSS,
-            "moss under the floating rock")
-    scenery(4, [(-400, 1330), (-60, 1372), (160, 1430), (420, 1420), (760, 1452), (1080, 1420),
-                (1400, 1440), (1700, 1410), (2200, 1340), (2200, 1800), (-400, 1800)], DARK,
-            "foreground rocks")
-    scenery(4, [(-400, -400), (2200, -400), (2200, -40), (1700, -8), (1300, 24), (900, -12),
-                (500, 10), (100, -14), (-400, -30)], DARK, "foreground roof")
-    scenery(4, [(-400, -400), (-10, -400), (-30, 300), (4, 700), (-24, 1100), (-6, 1500),
-                (-400, 1800)], DARK, "foreground left")
-    scenery(4, [(1812, -400), (2200, -400), (2200, 1800), (1820, 1500), (1840, 1000),
-                (1806, 600), (1830, 200)], DARK, "foreground right")
+    """Layer 4: dark rocks near the eye."""
+    stage.foreground([(-700, 1330), (-60, 1372), (160, 1430), (420, 1420), (760, 1452),
+                      (1080, 1420), (1400, 1440), (1700, 1430), (2200, 1340), (2200, 1800),
+                      (-700, 1800)])
+    stage.foreground([(-700, -400), (2200, -400), (2200, -40), (1700, -8), (1300, 24), (900, -12),
+                      (500, 10), (100, -14), (-300, 6), (-700, -30)])
+    stage.foreground([(-1000, -400), (-540, -400), (-590, 100), (-560, 440), (-420, 540),
+                      (-150, 560), (-20, 640), (4, 760), (-24, 1100), (-6, 1500), (-1000, 1800)])
+    stage.foreground([(1812, -400), (2200, -400), (2200, 1800), (1820, 1500), (1840, 1000),
+                      (1806, 600), (1830, 200)])
 
 
-walls()
-behind()
-shell()
+far_walls()
+pipes()
+timber()
+machines()
+lights()
+signs()
+mountain()
 first_storey()
 second_storey()
 third_storey()
+check_points()
+life()
 before()
-level.trigger("Level_end_a", (1450, 1230, 280, 110), name="finish")
-level.water_start(240, 180)
-level.camera_start(1560, 1240)
-level.save("testLevel.tmj")
+stage.start(240, 180, camera=(1560, 1240))
+stage.save("testLevel.tmj")
