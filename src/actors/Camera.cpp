@@ -166,26 +166,8 @@ void StepShake(float dt) {
     }
 }
 
-/// The turning speed that keys and mouse ask for, degrees per second.
-float WantedTurn() {
-    float wanted = 0.0f;
-    if (GLWindow::IsKeyDown(VirtualKey::left)) {
-        wanted += settings.keyboardTurnSpeed;
-    }
-    if (GLWindow::IsKeyDown(VirtualKey::right)) {
-        wanted -= settings.keyboardTurnSpeed;
-    }
-    if (GLWindow::IsForeground() && GLWindow::IsCursorInClient()) {
-        const int dx = GLWindow::CursorScreenX() - GLWindow::ClientCentreScreenX();
-        wanted -= static_cast<float>(dx) * settings.mouseTurnSpeed;
-        GLWindow::WarpCursorToCentre();
-    }
-    return wanted;
-}
-
-void Turn(float dt) {
+void Turn(float wanted, float dt) {
     const float k = std::pow(settings.rotationSmooth, dt);
-    const float wanted = WantedTurn();
     angularVelocity = angularVelocity * k + wanted * (1.0f - k);
     angle += angularVelocity * dt;
     if (angle < -settings.maxAngle || angle > settings.maxAngle) {
@@ -220,12 +202,28 @@ bool IsOpeningFlight() {
     return state == OpeningFlight;
 }
 
-void Step(bool readInput, float dt) {
+float WantedTurn() {
+    float wanted = 0.0f;
+    if (GLWindow::IsKeyDown(VirtualKey::left)) {
+        wanted += settings.keyboardTurnSpeed;
+    }
+    if (GLWindow::IsKeyDown(VirtualKey::right)) {
+        wanted -= settings.keyboardTurnSpeed;
+    }
+    if (GLWindow::IsForeground() && GLWindow::IsCursorInClient()) {
+        const int dx = GLWindow::CursorScreenX() - GLWindow::ClientCentreScreenX();
+        wanted -= static_cast<float>(dx) * settings.mouseTurnSpeed;
+        GLWindow::WarpCursorToCentre();
+    }
+    return wanted;
+}
+
+void Step(std::optional<float> turn, float dt) {
     Follow(dt);
     StepZoom(dt);
     StepShake(dt);
-    if (readInput) {
-        Turn(dt);
+    if (turn) {
+        Turn(*turn, dt);
     }
 }
 

@@ -3,6 +3,8 @@
 // with it. It also follows the water, flies to it at a start, zooms and shakes. Readers take
 // position + shakeOffset wherever the view's centre is meant.
 
+#include <optional>
+
 #include "engine/Vector2.h"
 
 namespace Camera {
@@ -21,8 +23,12 @@ void ReadConfig();
 void SetState(int value);
 /// Flying to the water; the simulation stands still.
 bool IsOpeningFlight();
-/// Once per module step, with the uncapped `dt`; `readInput`: the player steers.
-void Step(bool readInput, float dt);
+/// The turning speed that keys and mouse ask for now, degrees per second. Takes the mouse's way
+/// since the last call.
+float WantedTurn();
+/// Once per module step, with the uncapped `dt`. `turn` is what the player asks for; without it
+/// the camera keeps its angle.
+void Step(std::optional<float> turn, float dt);
 /// Loads the world transform (CameraDraw.cpp).
 void ApplyView();
 void Zoom();

@@ -16,6 +16,7 @@
 #include "engine/Presentation.h"
 #include "game/GameState.h"
 #include "game/LevelProgress.h"
+#include "game/RunRecorder.h"
 #include "graphics/GLWindow.h"
 #include "level/LevelData.h"
 #include "menus/MenuManager.h"
@@ -37,13 +38,10 @@ constexpr unsigned framesPerBatch = 16;
 constexpr float startRadius = 10.0f;
 constexpr unsigned startAmount = 128;
 
-bool IsMenuShown() {
-    return MenuManager::Current() != MenuManager::None;
-}
-
-bool IsPlaying() {
-    return !gameState.loadedMapName.empty() && !IsMenuShown() && !Camera::IsOpeningFlight() &&
-           !LevelProgress::IsFinished() && !gameState.paused;
+bool IsPlaying(const RunStep& step) {
+    return !gameState.loadedMapName.empty() &&
+           (step.flags & (RunStep::Menu | RunStep::Paused)) == 0 && !Camera::IsOpeningFlight() &&
+           !LevelProgress::IsFinished();
 }
 
 void ResetRequests() {
@@ -107,12 +105,30 @@ void BeginLevel(const std::string& mapName) {
     gameState.loadedMapName = mapName;
     ResetDebugViews();
     gameState.stepAccumulator = shortestStep;
+    RunRecorder::LevelBegins(mapName);
     AddGameCommands();
     Console::PrintBanner("Game initialisation");
     StartModules();
+    if (RunRecorder::IsReplaying()) {
+        MenuManager::Show(MenuManager::None);
+        MusicPlayer::Play(gameState.musicName, true);
+    }
+}
+
+/// For a recorded run, which can't begin with what a restart leaves as it is, like emitters.
+void LoadAgain() {
+    const int menu = MenuManager::Current();
+    const std::string name = gameState.loadedMapName;
+    Game::Initialise(name);
+    MenuManager::Show(menu);
 }
 
 void RestartLevel() {
+    RunRecorder::GiveUp();
+    if (RunRecorder::WantsRecording()) {
+        LoadAgain();
+        return;
+    }
     ResetRequests();
     ResetDebugViews();
     ParticleManager::ClearAll();
@@ -164,20 +180,22 @@ void StepSoundEffects(float dt) {
     SteamSounds::Step(dt);
 }
 
-void StepModules(float dt) {
-    if (IsPlaying()) {
+void StepModules(const RunStep& step) {
+    const float dt = step.dt;
+    if (IsPlaying(step)) {
         Simulate(dt);
     }
     if (!LevelProgress::IsFinished()) {
         StepSoundEffects(dt);
     }
-    if (!IsMenuShown()) {
-        Camera::Step(!gameState.freeCamera && !gameState.consoleOpen, dt);
+    if ((step.flags & RunStep::Menu) == 0) {
+        const bool isSteered = (step.flags & RunStep::Unsteered) == 0;
+        Camera::Step(isSteered ? std::optional(step.turn) : std::nullopt, dt);
         if (gameState.freeCamera) {
             StepFreeCamera();
         }
     }
-    if (IsPlaying()) {
+    if (IsPlaying(step)) {
         LevelProgress::Step(dt);
     } else {
         LevelProgress::SkipTime();
@@ -214,6 +232,7 @@ void Game::Initialise(const std::string& mapName) {
     MenuManager::Initialise();
     MenuManager::Show(MenuManager::Main);
     ReadSettings();
+    RunRecorder::LevelLoads(mapName);
     if (LevelData::Load(mapName)) {
         BeginLevel(mapName);
     }
@@ -226,16 +245,24 @@ void Game::Frame() {
         GLWindow::SetCursorKind(0);
     }
     gameState.stepAccumulator += gameState.frameTime;
-    if (gameState.stepAccumulator >= shortestStep) {
-        gameState.lastStep = gameState.stepAccumulator;
-        StepModules(gameState.stepAccumulator);
-        ++gameState.stepCount;
+    if (RunRecorder::IsReplaying()) {
+        ReplayGatheredTime();
+    } else if (gameState.stepAccumulator >= shortestStep) {
+        Step(LiveStep(gameState.stepAccumulator));
         gameState.stepAccumulator = 0.0f;
     }
     if (!GLWindow::IsMinimised()) {
         Presentation::Current().DrawFrame();
     }
     ServeRequests();
+}
+
+void Game::Step(const RunStep& step) {
+    gameState.lastStep = step.dt;
+    RunRecorder::StepBegins(step);
+    StepModules(step);
+    ++gameState.stepCount;
+    RunRecorder::StepEnds(LevelProgress::IsFinished());
 }
 
 void Game::Run(const std::string& mapName) {
@@ -261,6 +288,7 @@ void Game::Run(const std::string& mapName) {
 
 void Game::Shutdown() {
     Console::PrintBanner("Game shutdown");
+    RunRecorder::LevelEnds();
     RemoveGameCommands();
     LevelData::Unload();
     ParticleManager::Shutdown();
@@ -310,6 +338,9 @@ struct ViewSize {
 
 /// 600 high or 800 wide, whichever shows more; 800 by 600 while the window has no area.
 ViewSize LogicalView() {
+    if (RunRecorder::HoldsView()) {
+        return {RunRecorder::Current().viewWidth, RunRecorder::Current().viewHeight};
+    }
     const int width = GLWindow::ClientWidth();
     const int height = GLWindow::ClientHeight();
     if (width < 1 || height < 1) {

@@ -8,6 +8,8 @@
 
 #include "graphics/GLWindowEventListener.h"
 
+struct RunStep;
+
 class Game : public GLWindowEventListener {
 public:
     void OnMouseMove(int x, int y) override;
@@ -25,6 +27,10 @@ public:
     static void Frame();
     static void Shutdown();
     static bool IsRunning();
+    /// One module step with this input at once, whatever clock and keys say.
+    static void Step(const RunStep& step);
+    /// The next step of the run that is replayed, at once; false if there is none.
+    static bool StepReplay();
     /// Module steps taken since the program started, and the seconds given to the last one.
     static std::uint32_t StepCount();
     static float LastStep();

@@ -1,7 +1,9 @@
-// What the game does with window events, and the debug free camera's keys.
+// What the game does with window events, what the player gives to a step, and the debug free
+// camera's keys.
 
 #include <algorithm>
 
+#include "actors/Camera.h"
 #include "engine/Console.h"
 #include "game/Game.h"
 #include "game/GameState.h"
@@ -88,6 +90,20 @@ void Game::OnFocusLost() {
     if (MenuManager::Current() == MenuManager::None) {
         SetPaused(true);
     }
+}
+
+RunStep LiveStep(float dt) {
+    RunStep step{dt};
+    const auto set = [&step](RunStep::Flags flag, bool on) {
+        step.flags = static_cast<std::uint8_t>(step.flags | (on ? flag : 0));
+    };
+    set(RunStep::Menu, MenuManager::Current() != MenuManager::None);
+    set(RunStep::Paused, gameState.paused);
+    set(RunStep::Unsteered, gameState.freeCamera || gameState.consoleOpen);
+    if ((step.flags & (RunStep::Menu | RunStep::Unsteered)) == 0) {
+        step.turn = Camera::WantedTurn();
+    }
+    return step;
 }
 
 void StepFreeCamera() {

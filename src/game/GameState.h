@@ -6,6 +6,7 @@
 #include <string>
 
 #include "engine/Timer.h"
+#include "game/RunFile.h"
 #include "graphics/Texture.h"
 
 /// Sum of clock tics over 32 runs of something, and the last mean.
@@ -67,3 +68,9 @@ void RemoveGameCommands();
 
 /// Moves the debug free camera by the keys that are held.
 void StepFreeCamera();
+
+/// What the player does now, as the input of a step of `dt` seconds.
+RunStep LiveStep(float dt);
+/// As many steps of the replayed run as the gathered time is worth; none while the viewer has a
+/// menu open or has paused.
+void ReplayGatheredTime();

@@ -46,6 +46,8 @@ float finishTimer = 0.001f;          // seconds left of the finish animation
 float finishWaterVolume = 0.0f;      // share of the water that must stand in the finish
 std::uint32_t waterInFinish = 0;     // counted during this step
 Stopwatch stopwatch;
+bool countsSteps = false;
+double stepSeconds = 0.0;  // sum of the level's steps
 std::unique_ptr<Sound> finishSound;
 std::unique_ptr<Sound> deadSound;
 std::unique_ptr<GuiAnimatedButton> finishAnimation;
@@ -81,6 +83,15 @@ void SilenceLevel() {
     IceSounds::Rest();
     WaterSounds::Rest();
     SteamSounds::Rest();
+}
+
+void StepTime(float dt) {
+    if (!countsSteps) {
+        stopwatch.Tick();
+        return;
+    }
+    stepSeconds += static_cast<double>(dt);
+    stopwatch.elapsedMs = static_cast<std::uint32_t>(stepSeconds * 1000.0);
 }
 
 void StepFinishTimer(float dt) {
@@ -135,6 +146,7 @@ void Initialise() {
         return timePrint;
     });
     stopwatch.Reset();
+    stepSeconds = 0.0;
 }
 
 void Shutdown() {
@@ -147,7 +159,7 @@ void Shutdown() {
 
 void Step(float dt) {
     if (!finishing) {
-        stopwatch.Tick();
+        StepTime(dt);
     }
     if (ParticleManager::particles.empty() && GroupedParticleMover::groups.empty()) {
         RespawnWater();
@@ -157,6 +169,13 @@ void Step(float dt) {
     } else {
         TestFinish();
     }
+}
+
+void CountSteps(bool on) {
+    if (countsSteps && !on) {
+        stopwatch.Skip();
+    }
+    countsSteps = on;
 }
 
 void SkipTime() {

@@ -14,6 +14,8 @@ void Initialise();
 void Shutdown();
 /// Once per module step while the level is played; `dt` in seconds, uncapped.
 void Step(float dt);
+/// Whether the level's time is the sum of its steps, and not the clock's; off at first.
+void CountSteps(bool on);
 /// Lets the time since the last tick go by uncounted.
 void SkipTime();
 /// The finish was reached and its animation is over.

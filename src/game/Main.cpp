@@ -2,8 +2,10 @@
 // everything down again.
 
 #include <cstdio>
+#include <filesystem>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "audio/MusicPlayer.h"
 #include "audio/SoundManager.h"
@@ -12,6 +14,7 @@
 #include "game/GameDraw.h"
 #include "game/HighScoreTable.h"
 #include "game/IntroScreen.h"
+#include "game/RunRecorder.h"
 #include "game/Startup.h"
 #include "graphics/ConsoleDraw.h"
 #include "graphics/GLWindow.h"
@@ -33,6 +36,8 @@ constexpr const char* helpText =
     "  -DETAIL 0..5       graphics detail; kept\n"
     "  -SOUND 0|1         kept\n"
     "  -MUSIC 0|1         kept\n"
+    "  -RECORD file       records the run until a level is finished\n"
+    "  -REPLAY file       shows a recorded run, without opening film and menu\n"
     "  --help, --version\n"
     "Switches count in upper or lower case.\n";
 
@@ -58,6 +63,37 @@ bool AnswerQuestion(int argc, char** argv) {
         }
     }
     return false;
+}
+
+/// Relative to where the program was started.
+std::string PathFrom(const std::filesystem::path& directory, const std::string& file) {
+    return file.empty() ? file : (directory / file).string();
+}
+
+/// Gets the recorded run ready, with its level as the one to start with; or says why not.
+void PrepareReplay(const std::string& file) {
+    std::string reason;
+    auto run = ReadRun(file, reason);
+    if (run && FitsLevel(*run, reason)) {
+        startupSettings.mapName = run->level;
+        RunRecorder::Replay(std::move(*run));
+        return;
+    }
+    const std::string line = "Unable to replay '" + file + "': " + reason;
+    Console::Print("\n" + line);
+    std::fprintf(stderr, "%s\n", line.c_str());
+}
+
+/// The opening film, or a recorded run in its place.
+void Open(const std::string& recordFile, const std::string& replayFile) {
+    if (!recordFile.empty()) {
+        RunRecorder::Record(recordFile);
+    }
+    if (replayFile.empty()) {
+        IntroScreen().Run();
+    } else {
+        PrepareReplay(replayFile);
+    }
 }
 
 void OpenWindow(const DetailProfile& profile) {
@@ -110,6 +146,8 @@ int main(int argc, char** argv) {
     if (AnswerQuestion(argc, argv)) {
         return 0;
     }
+    std::error_code ignored;
+    const std::filesystem::path startDirectory = std::filesystem::current_path(ignored);
     Platform::FindDataRoot(argv[0]);
     Platform::EnterUserDirectory();
     LoadPreferences();
@@ -129,7 +167,8 @@ int main(int argc, char** argv) {
     const DetailProfile profile = ProfileOf(startupSettings.detailLevel);
     OpenWindow(profile);
     StartServices(profile);
-    IntroScreen().Run();
+    Open(PathFrom(startDirectory, startupSettings.recordFile),
+         PathFrom(startDirectory, startupSettings.replayFile));
     HighScoreTable::Load();
     GLWindow::BringToFront();
     if (GLWindow::IsOpen()) {

@@ -70,6 +70,18 @@ void SetMap(const Words& words, std::size_t i) {
     }
 }
 
+void SetRecord(const Words& words, std::size_t i) {
+    if (i + 1 < words.Count()) {
+        startupSettings.recordFile = words[i + 1];
+    }
+}
+
+void SetReplay(const Words& words, std::size_t i) {
+    if (i + 1 < words.Count()) {
+        startupSettings.replayFile = words[i + 1];
+    }
+}
+
 void SetFullscreen(const Words& words, std::size_t i) {
     if (const auto value = words.Integer(i + 1)) {
         startupSettings.fullscreen = *value != 0;
@@ -95,6 +107,7 @@ constexpr struct {
 } switches[] = {
     {"-DETAIL", SetDetail},         {"-RESOLUTION", SetResolution}, {"-MAP", SetMap},
     {"-FULLSCREEN", SetFullscreen}, {"-SOUND", SetSound},           {"-MUSIC", SetMusic},
+    {"-RECORD", SetRecord},         {"-REPLAY", SetReplay},
 };
 
 /// The value as an integer, if it is there and has integer form.

@@ -13,6 +13,8 @@ struct StartupSettings {
     std::uint32_t resolutionY = 600;
     bool fullscreen = true;
     std::string mapName = "lev\\testLevel.swah";
+    std::string recordFile;  ///< empty: none
+    std::string replayFile;
 };
 
 extern StartupSettings startupSettings;
@@ -22,7 +24,8 @@ inline constexpr std::string_view preferencesPath = "software/Vantrel/Preference
 
 /// Reads the store; what is missing or badly formed leaves its setting as it was.
 void LoadPreferences();
-/// Reads "-DETAIL", "-RESOLUTION", "-MAP", "-FULLSCREEN", "-SOUND" and "-MUSIC" in any case;
+/// Reads "-DETAIL", "-RESOLUTION", "-MAP", "-FULLSCREEN", "-SOUND", "-MUSIC", "-RECORD" and
+/// "-REPLAY" in any case;
 /// badly formed switches and unknown words are ignored.
 void ParseCommandLine(std::string_view text);
 

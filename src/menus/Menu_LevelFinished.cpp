@@ -7,6 +7,7 @@
 #include "game/Game.h"
 #include "game/HighScoreTable.h"
 #include "game/LevelProgress.h"
+#include "game/RunRecorder.h"
 #include "menus/GuiLevelTimeDisplay.h"
 #include "menus/GuiScoreLabel.h"
 #include "menus/GuiWaterLevel.h"
@@ -27,7 +28,9 @@ void SubmitAndGoOn(GuiAnimatedButton& button) {
     }
     // Typing a name paints this screen, and must not find a second press on it.
     button.owner->FlushPending();
-    HighScoreTable::Submit(LevelProgress::TotalScore(), button.owner);
+    if (!RunRecorder::WasReplayed()) {
+        HighScoreTable::Submit(LevelProgress::TotalScore(), button.owner);
+    }
     Game::RequestRestart();
     scoreSubmitted = true;
     // The table shows, with the main menu as its way back.

@@ -8,6 +8,8 @@
 #include "Trace.h"
 #include "engine/Console.h"
 #include "game/Game.h"
+#include "game/RunFile.h"
+#include "game/RunRecorder.h"
 #include "graphics/GLWindow.h"
 #include "graphics/TextureManager.h"
 #include "menus/MenuManager.h"
@@ -35,6 +37,12 @@ std::string LastReason() {
     return line == std::string::npos ? text : text.substr(line + 1);
 }
 
+void PrintStep(const Options& options) {
+    if (!options.quiet && Game::StepCount() % options.every == 0) {
+        Trace::PrintStep();
+    }
+}
+
 void RunFrames(const Options& options, Platform::HeadlessWindow& window,
                Platform::ScriptedClock& clock) {
     auto change = options.keys.begin();
@@ -47,31 +55,74 @@ void RunFrames(const Options& options, Platform::HeadlessWindow& window,
         const std::uint32_t before = Game::StepCount();
         GLWindow::PumpMessages();
         Game::Frame();
-        if (Game::StepCount() != before && Game::StepCount() % options.every == 0) {
-            Trace::PrintStep();
+        if (Game::StepCount() != before) {
+            PrintStep(options);
         }
     }
 }
 
-int Run(const Options& options) {
+/// One frame a step; gives their number.
+std::uint32_t RunReplay(const Options& options) {
+    std::uint32_t frames = 0;
+    while (Game::StepReplay()) {
+        ++frames;
+        PrintStep(options);
+    }
+    return frames;
+}
+
+/// False if there is no run to replay, with the reason printed.
+bool PrepareReplay(Options& options) {
+    std::string reason;
+    auto run = ReadRun(options.replayFile, reason);
+    if (!run || !FitsLevel(*run, reason)) {
+        Fail({"cannot replay '" + options.replayFile + "': " + reason, 1});
+        return false;
+    }
+    options.level = run->level;
+    RunRecorder::Replay(std::move(*run));
+    return true;
+}
+
+void Play(const Options& options, Platform::HeadlessWindow& window,
+          Platform::ScriptedClock& clock) {
+    std::uint32_t frames = options.frames;
+    if (options.replayFile.empty()) {
+        RunFrames(options, window, clock);
+    } else {
+        frames = RunReplay(options);
+    }
+    if (options.quiet) {
+        Trace::PrintSummary();
+    } else {
+        Trace::PrintEnd(frames);
+    }
+}
+
+int RunGame(const Options& options) {
     Platform::ScriptedClock clock;
     Platform::UseClock(&clock);
     Platform::HeadlessWindow window;
     Platform::UseWindow(&window);
-    GLWindow::Create("vantrel-sim", 800, 600);
+    GLWindow::Create("vantrel-sim", options.windowWidth, options.windowHeight);
     TextureManager::Initialise();
     Console::Initialise();
     ReadSurfaces();
+    if (!options.recordFile.empty()) {
+        RunRecorder::Record(options.recordFile);
+    }
     Game::Initialise(options.level);
     MenuManager::Show(MenuManager::None);
     int status = 0;
     if (!Game::MapName().empty()) {
-        RunFrames(options, window, clock);
-        Trace::PrintEnd(options.frames);
+        Play(options, window, clock);
     } else {
         status = Fail({"cannot load level '" + options.level + "': " + LastReason(), 1});
     }
     Game::Shutdown();
+    if (RunRecorder::HasFailed()) {
+        status = 1;
+    }
     Console::Shutdown();
     TextureManager::Shutdown();
     GLWindow::Close();
@@ -95,7 +146,7 @@ int main(int argc, char** argv) {
         }
     }
     OptionsError error;
-    const auto options = ParseOptions(arguments, error);
+    auto options = ParseOptions(arguments, error);
     if (!options) {
         return Fail(error);
     }
@@ -103,5 +154,8 @@ int main(int argc, char** argv) {
     if (!options->dataRoot.empty()) {
         Platform::UseDataRoot(options->dataRoot, true);
     }
-    return Run(*options);
+    if (!options->replayFile.empty() && !PrepareReplay(*options)) {
+        return 1;
+    }
+    return RunGame(*options);
 }

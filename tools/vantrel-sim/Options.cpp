@@ -9,10 +9,13 @@
 
 const char* const simHelpText =
     "Usage: vantrel-sim LEVEL.swah --frames N --frame-ms MS [--input FILE] [--every K]\n"
-    "                   [--data DIR]\n"
+    "                   [--record FILE] [--window WxH] [--quiet] [--data DIR]\n"
+    "       vantrel-sim --replay FILE [--every K] [--quiet] [--data DIR]\n"
     "Runs the game's own frames with no display and prints the state after every K-th\n"
     "module step. FILE has lines \"frame left|right|both|none\": the arrow keys that are held\n"
-    "from that frame on; frames count from 1.\n";
+    "from that frame on; frames count from 1. --record keeps the run in a file, which\n"
+    "--replay here and -REPLAY in the game play again. With --quiet there is a summary\n"
+    "in place of the trace.\n";
 
 namespace {
 
@@ -60,6 +63,33 @@ bool ReadKeys(const std::string& fileName, std::vector<KeyChange>& keys, Options
     return true;
 }
 
+bool ParseWindow(const std::string& text, Options& options) {
+    const std::size_t by = text.find('x');
+    std::uint32_t width = 0;
+    std::uint32_t height = 0;
+    constexpr std::uint32_t most = 16384;
+    if (by == std::string::npos || !ParseNumber(text.substr(0, by), 1, width) ||
+        !ParseNumber(text.substr(by + 1), 1, height) || width > most || height > most) {
+        return false;
+    }
+    options.windowWidth = static_cast<int>(width);
+    options.windowHeight = static_cast<int>(height);
+    return true;
+}
+
+/// Empty, or what doesn't go together.
+std::string Conflict(const Options& options, bool hasFrames, bool hasFrameMs, bool hasInput) {
+    if (options.replayFile.empty()) {
+        return options.level.empty() || !hasFrames || !hasFrameMs
+                   ? "a level, --frames and --frame-ms are needed, or --replay; see --help"
+                   : "";
+    }
+    return !options.level.empty() || hasFrames || hasFrameMs || hasInput ||
+                   !options.recordFile.empty()
+               ? "--replay stands for level, frames, input and record; see --help"
+               : "";
+}
+
 }  // namespace
 
 std::optional<Options> ParseOptions(const std::vector<std::string>& arguments,
@@ -78,6 +108,10 @@ std::optional<Options> ParseOptions(const std::vector<std::string>& arguments,
             options.level = name;
             continue;
         }
+        if (name == "--quiet") {
+            options.quiet = true;
+            continue;
+        }
         if (i + 1 == arguments.size()) {
             error.message = "unknown option or missing value: '" + name + "'";
             return std::nullopt;
@@ -92,6 +126,12 @@ std::optional<Options> ParseOptions(const std::vector<std::string>& arguments,
             good = ParseNumber(value, 1, options.every);
         } else if (name == "--input") {
             inputFile = value;
+        } else if (name == "--record") {
+            options.recordFile = value;
+        } else if (name == "--replay") {
+            options.replayFile = value;
+        } else if (name == "--window") {
+            good = ParseWindow(value, options);
         } else if (name == "--data") {
             options.dataRoot = value;
         } else {
@@ -103,8 +143,8 @@ std::optional<Options> ParseOptions(const std::vector<std::string>& arguments,
             return std::nullopt;
         }
     }
-    if (options.level.empty() || !hasFrames || !hasFrameMs) {
-        error.message = "a level, --frames and --frame-ms are needed; see --help";
+    error.message = Conflict(options, hasFrames, hasFrameMs, !inputFile.empty());
+    if (!error.message.empty()) {
         return std::nullopt;
     }
     if (!inputFile.empty() && !ReadKeys(inputFile, options.keys, error)) {

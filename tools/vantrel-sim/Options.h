@@ -14,9 +14,14 @@ struct KeyChange {
 };
 
 struct Options {
-    std::string level;
+    std::string level;       ///< empty with `replayFile`
+    std::string replayFile;  ///< empty: keys are played
+    std::string recordFile;  ///< empty: none
     std::uint32_t frames = 0;
     std::uint32_t frameMs = 0;
+    int windowWidth = 800;  ///< a replay has its run's view
+    int windowHeight = 600;
+    bool quiet = false;           ///< no trace, but a summary
     std::uint32_t every = 1;      ///< print every so many module steps; at least 1
     std::string dataRoot;         ///< empty: found as the game finds it
     std::vector<KeyChange> keys;  ///< ascending by frame

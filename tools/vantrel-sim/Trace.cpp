@@ -3,6 +3,7 @@
 
 #include "Trace.h"
 
+#include <cinttypes>
 #include <cstdio>
 
 #include "actors/Camera.h"
@@ -11,6 +12,7 @@
 #include "engine/Random.h"
 #include "game/Game.h"
 #include "game/LevelProgress.h"
+#include "game/StateHash.h"
 #include "water/GroupedParticleMover.h"
 #include "water/ParticleManager.h"
 
@@ -72,6 +74,16 @@ void PrintEnd(std::uint32_t frames) {
     std::printf("END %s %u %u %u %u %u\n", LevelProgress::IsFinished() ? "finished" : "running",
                 frames, Game::StepCount(), LevelProgress::ElapsedMs(),
                 LevelProgress::WaterAtFinish(), LevelProgress::TotalScore());
+}
+
+void PrintSummary() {
+    std::printf("finished %s\n", LevelProgress::IsFinished() ? "yes" : "no");
+    std::printf("seconds %.3f\n", LevelProgress::ElapsedMs() / 1000.0);
+    std::printf("water %u\n", LevelProgress::WaterAtFinish());
+    std::printf("waterScore %u\n", LevelProgress::WaterScore());
+    std::printf("timeScore %u\n", LevelProgress::TimeScore());
+    std::printf("totalScore %u\n", LevelProgress::TotalScore());
+    std::printf("state %016" PRIx64 "\n", StateHash());
 }
 
 }  // namespace Trace

@@ -7,5 +7,7 @@ namespace Trace {
 
 void PrintStep();
 void PrintEnd(std::uint32_t frames);
+/// Facts about the end, one a line, and a hash over the whole state; the same for the same end.
+void PrintSummary();
 
 }  // namespace Trace

@@ -1,0 +1,184 @@
+// Live, recorded and replayed input; see RunRecorder.h.
+
+#include "game/RunRecorder.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <optional>
+#include <utility>
+
+#include "engine/Console.h"
+#include "engine/Random.h"
+#include "game/Game.h"
+#include "game/LevelProgress.h"
+#include "platform/Paths.h"
+
+namespace RunRecorder {
+
+namespace {
+
+enum class Mode { Live, Recording, Replaying };
+
+Mode mode = Mode::Live;
+bool wantsRecording = false;
+std::string recordPath;
+std::optional<Run> pendingRun;  // to be replayed on the next level
+Run run;
+std::size_t nextStep = 0;  // of a replayed run
+bool isPlayed = false;     // the recorded run holds a step without menu and pause
+bool wasReplayed = false;
+bool isInStep = false;
+bool hasFailed = false;
+std::uint32_t stateBeforeLoading = 0;  // of the random numbers
+
+/// The name that finds the level on any machine, if it lies where levels lie.
+std::string PortableName(const std::string& name) {
+    const auto file = Platform::FindFile(name, Platform::NameSource::Person);
+    if (!file) {
+        return name;
+    }
+    const std::string inFolder = "lev\\" + file->filename().string();
+    const auto found = Platform::FindFile(inFolder);
+    std::error_code error;
+    return found && std::filesystem::equivalent(*found, *file, error) ? inFolder : name;
+}
+
+void Write() {
+    if (!isPlayed || recordPath.empty()) {
+        return;
+    }
+    hasFailed = !WriteRun(recordPath, run);
+    if (hasFailed) {
+        const std::string line = "Unable to write recorded run '" + recordPath + "'";
+        Console::Print("\n" + line);
+        std::fprintf(stderr, "%s\n", line.c_str());
+    } else {
+        Console::Print("\nRecorded run written to '" + recordPath + "'");
+    }
+}
+
+void BackToLive() {
+    mode = Mode::Live;
+    LevelProgress::CountSteps(false);
+}
+
+void BeginRecording(const std::string& name) {
+    mode = Mode::Recording;
+    run.level = PortableName(name);
+    run.checksum = LevelChecksum(name).value_or(0);
+    run.randomState = stateBeforeLoading;
+    run.viewWidth = Game::ViewWidth();
+    run.viewHeight = Game::ViewHeight();
+    run.steps.clear();
+    isPlayed = false;
+}
+
+void BeginReplay() {
+    mode = Mode::Replaying;
+    run = std::move(*pendingRun);
+    nextStep = 0;
+    wasReplayed = true;
+}
+
+bool IsPending(const std::string& level) {
+    return pendingRun && pendingRun->level == level;
+}
+
+}  // namespace
+
+void Record(const std::string& path) {
+    wantsRecording = true;
+    recordPath = path;
+}
+
+void Replay(Run wanted) {
+    pendingRun = std::move(wanted);
+}
+
+void Stop() {
+    wantsRecording = false;
+    recordPath.clear();
+    pendingRun.reset();
+    BackToLive();
+}
+
+bool WantsRecording() {
+    return wantsRecording;
+}
+
+bool HasFailed() {
+    return hasFailed;
+}
+
+bool IsReplaying() {
+    return mode == Mode::Replaying && nextStep < run.steps.size();
+}
+
+bool WasReplayed() {
+    return wasReplayed;
+}
+
+const Run& Current() {
+    return run;
+}
+
+void LevelLoads(const std::string& name) {
+    if (IsPending(name)) {
+        Random::state = pendingRun->randomState;
+    }
+    stateBeforeLoading = Random::state;
+}
+
+void LevelBegins(const std::string& name) {
+    LevelEnds();
+    wasReplayed = false;
+    if (IsPending(name)) {
+        BeginReplay();
+    } else if (wantsRecording) {
+        BeginRecording(name);
+    }
+    pendingRun.reset();
+    LevelProgress::CountSteps(mode != Mode::Live);
+}
+
+void GiveUp() {
+    wasReplayed = false;
+    BackToLive();
+}
+
+const RunStep& NextStep() {
+    return run.steps[nextStep];
+}
+
+void StepBegins(const RunStep& step) {
+    isInStep = true;
+    if (mode == Mode::Recording) {
+        run.steps.push_back(step);
+        isPlayed = isPlayed || (step.flags & (RunStep::Menu | RunStep::Paused)) == 0;
+    } else if (mode == Mode::Replaying) {
+        ++nextStep;
+    }
+}
+
+void StepEnds(bool isFinished) {
+    isInStep = false;
+    if (mode == Mode::Recording && isFinished) {
+        LevelEnds();
+        wantsRecording = false;
+    } else if (mode == Mode::Replaying && (isFinished || nextStep >= run.steps.size())) {
+        BackToLive();
+    }
+}
+
+void LevelEnds() {
+    if (mode == Mode::Recording) {
+        Write();
+    }
+    BackToLive();
+}
+
+bool HoldsView() {
+    return isInStep && mode != Mode::Live;
+}
+
+}  // namespace RunRecorder
