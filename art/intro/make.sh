@@ -3,8 +3,7 @@
 # folder, on a display of its own. Its sound track is made by art/sound.
 #
 # The film's header says 29 ms a frame, and it is made for 33.3: the player shows a frame until
-# the first pass after its time. That is the second refresh at 60 Hz, the fourth at 120 and the
-# fifth at 144, and about as much where a pass takes a few milliseconds and nothing holds it.
+# the first refresh of 60 a second after its time.
 set -euo pipefail
 here="$(dirname "$(readlink -f "$0")")"
 root="$(dirname "$(dirname "$here")")"

@@ -1,11 +1,31 @@
-// The film's loop. Picture and sound keep time by themselves: the film's frame duration
-// allows for the pass that each frame waits for.
+// The film's loop. Films are made for displays of 60 refreshes a second, where a frame stands for
+// whole ones. On others, and where nothing holds the loop, it holds itself, so that picture and
+// sound stay in step.
 
 #include "game/IntroScreen.h"
+
+#include <cmath>
 
 #include "audio/MusicPlayer.h"
 #include "graphics/GLWindow.h"
 #include "platform/Clock.h"
+
+namespace {
+
+/// Milliseconds that a frame stands: it goes with the first refresh after its time.
+double StandingTime(int frameMilliseconds) {
+    constexpr double refresh = 1000.0 / 60.0;
+    return (std::floor(frameMilliseconds / refresh) + 1.0) * refresh;
+}
+
+void SleepUntil(double due, std::uint32_t start) {
+    const double left = due - (Platform::TheClock().Milliseconds() - start);
+    if (left >= 1.0) {
+        Platform::TheClock().Sleep(static_cast<std::uint32_t>(left));
+    }
+}
+
+}  // namespace
 
 void IntroScreen::OnMouseDown(int /*x*/, int /*y*/, int /*button*/) {
     playing = false;
@@ -25,6 +45,8 @@ void IntroScreen::Run() {
     video.Restart();
     MusicPlayer::Play("vid\\intro.ogg", false);
     playing = true;
+    const std::uint32_t start = Platform::TheClock().Milliseconds();
+    const double standingTime = StandingTime(video.FrameMilliseconds());
     while (GLWindow::IsOpen() && playing && !video.IsFinished()) {
         GLWindow::RequestRepaint();
         GLWindow::PumpMessages();
@@ -34,9 +56,8 @@ void IntroScreen::Run() {
         GLWindow::SetCursorKind(GLWindow::IsCursorInClient() ? 0 : 1);
         video.Update();
         video.Draw();
-        if (GLWindow::IsMinimised()) {
-            Platform::TheClock().Sleep(1);  // nothing else holds the loop then
-        }
+        // Late frames aren't waited for: as their header's time is shorter, they catch up.
+        SleepUntil((video.CurrentFrame() + 1) * standingTime, start);
     }
     MusicPlayer::Stop();
     GLWindow::SetListener(previous);

@@ -14,6 +14,7 @@ public:
 
     /// Comes back when the film is over.
     void Run();
+    std::uint32_t FrameShown() const { return video.CurrentFrame(); }
 
 private:
     AviPlayer video{"vid\\intro.avi"};

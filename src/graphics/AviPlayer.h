@@ -38,6 +38,7 @@ public:
 
     std::uint32_t CurrentFrame() const { return currentFrame; }
     std::uint32_t FrameCount() const { return frameCount; }
+    int FrameMilliseconds() const { return frameDurationMs; }
     std::uint32_t TextureWidth() const { return textureWidth; }
     std::uint32_t TextureHeight() const { return textureHeight; }
 
