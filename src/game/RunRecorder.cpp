@@ -2,6 +2,7 @@
 
 #include "game/RunRecorder.h"
 
+#include <cinttypes>
 #include <cstdio>
 #include <filesystem>
 #include <optional>
@@ -11,6 +12,7 @@
 #include "engine/Random.h"
 #include "game/Game.h"
 #include "game/LevelProgress.h"
+#include "game/StateHash.h"
 #include "platform/Paths.h"
 
 namespace RunRecorder {
@@ -29,6 +31,7 @@ bool isPlayed = false;     // the recorded run holds a step without menu and pau
 bool wasReplayed = false;
 bool isInStep = false;
 bool hasFailed = false;
+std::uint64_t endState = 0;            // hash of the level's last state
 std::uint32_t stateBeforeLoading = 0;  // of the random numbers
 
 /// The name that finds the level on any machine, if it lies where levels lie.
@@ -43,6 +46,12 @@ std::string PortableName(const std::string& name) {
     return found && std::filesystem::equivalent(*found, *file, error) ? inFolder : name;
 }
 
+std::string EndText() {
+    char text[32];
+    std::snprintf(text, sizeof text, "%016" PRIx64, endState);
+    return "; state at its end: " + std::string(text);
+}
+
 void Write() {
     if (!isPlayed || recordPath.empty()) {
         return;
@@ -53,7 +62,7 @@ void Write() {
         Console::Print("\n" + line);
         std::fprintf(stderr, "%s\n", line.c_str());
     } else {
-        Console::Print("\nRecorded run written to '" + recordPath + "'");
+        Console::Print("\nRecorded run written to '" + recordPath + "'" + EndText());
     }
 }
 
@@ -127,10 +136,16 @@ void LevelLoads(const std::string& name) {
         Random::state = pendingRun->randomState;
     }
     stateBeforeLoading = Random::state;
+    if (mode == Mode::Recording) {
+        endState = StateHash();
+    }
 }
 
 void LevelBegins(const std::string& name) {
-    LevelEnds();
+    if (mode == Mode::Recording) {
+        Write();
+    }
+    mode = Mode::Live;
     wasReplayed = false;
     if (IsPending(name)) {
         BeginReplay();
@@ -166,12 +181,15 @@ void StepEnds(bool isFinished) {
         LevelEnds();
         wantsRecording = false;
     } else if (mode == Mode::Replaying && (isFinished || nextStep >= run.steps.size())) {
+        endState = StateHash();
+        Console::Print("\nReplay is over" + EndText());
         BackToLive();
     }
 }
 
 void LevelEnds() {
     if (mode == Mode::Recording) {
+        endState = StateHash();
         Write();
     }
     BackToLive();
