@@ -8,10 +8,9 @@
 #include "actors/Camera.h"
 #include "engine/Console.h"
 #include "game/Game.h"
-#include "game/GameDraw.h"
+#include "game/GameScreen.h"
 #include "graphics/ConsoleDraw.h"
 #include "graphics/GLWindow.h"
-#include "graphics/TextureDeviceDraw.h"
 #include "graphics/TextureManager.h"
 #include "menus/MenuManager.h"
 #include "platform/GlfwWindow.h"
@@ -65,9 +64,6 @@ class RunningGame {
 public:
     RunningGame() {
         Platform::UseDataRoot(VANTREL_SOURCE_DIR "/data");
-        Platform::UseWindow(&window);
-        TextureManager::UseDevice(&textures);
-        Presentation::Use(&presentation);
         GLWindow::Create("DrawBench", 1280, 720);
         GLWindow::SetVsync(false);
         TextureManager::Initialise();
@@ -90,8 +86,7 @@ public:
     RunningGame& operator=(const RunningGame&) = delete;
 
     Platform::GlfwWindow window;
-    GLTextureDevice textures;
-    GamePresentation presentation;
+    GameScreen screen{window};
 };
 
 void FrameOfTheFirstLevel(benchmark::State& state) {

@@ -12,16 +12,19 @@
 
 namespace {
 
+constexpr double refresh = 1000.0 / 60.0;  // milliseconds
+
 /// Milliseconds that a frame stands: it goes with the first refresh after its time.
 double StandingTime(int frameMilliseconds) {
-    constexpr double refresh = 1000.0 / 60.0;
     return (std::floor(frameMilliseconds / refresh) + 1.0) * refresh;
 }
 
-void SleepUntil(double due, std::uint32_t start) {
+/// Waits for the moment, or, where that is far, for a part of the time.
+void SleepTowards(double due, std::uint32_t start) {
     const double left = due - (Platform::TheClock().Milliseconds() - start);
     if (left >= 1.0) {
-        Platform::TheClock().Sleep(static_cast<std::uint32_t>(left));
+        Platform::TheClock().Sleep(
+            static_cast<std::uint32_t>(left < 2.0 * refresh ? left : refresh));
     }
 }
 
@@ -57,7 +60,7 @@ void IntroScreen::Run() {
         video.Update();
         video.Draw();
         // Late frames aren't waited for: as their header's time is shorter, they catch up.
-        SleepUntil((video.CurrentFrame() + 1) * standingTime, start);
+        SleepTowards((video.CurrentFrame() + 1) * standingTime, start);
     }
     MusicPlayer::Stop();
     GLWindow::SetListener(previous);

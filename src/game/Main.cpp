@@ -11,7 +11,7 @@
 #include "audio/SoundManager.h"
 #include "engine/Console.h"
 #include "game/Game.h"
-#include "game/GameDraw.h"
+#include "game/GameScreen.h"
 #include "game/HighScoreTable.h"
 #include "game/IntroScreen.h"
 #include "game/RunRecorder.h"
@@ -19,9 +19,7 @@
 #include "graphics/ConsoleDraw.h"
 #include "graphics/GLWindow.h"
 #include "graphics/ProgramIcon.h"
-#include "graphics/TextureDeviceDraw.h"
 #include "graphics/TextureManager.h"
-#include "menus/GuiPainterDraw.h"
 #include "platform/GlfwWindow.h"
 #include "platform/OpenAlAudio.h"
 #include "platform/Paths.h"
@@ -154,15 +152,9 @@ int main(int argc, char** argv) {
     ParseCommandLine(JoinArguments(argc, argv));
 
     Platform::GlfwWindow window;
-    Platform::UseWindow(&window);
+    const GameScreen screen(window);
     Platform::OpenAlAudio audio;
     Platform::UseAudio(&audio);
-    GLTextureDevice textures;
-    TextureManager::UseDevice(&textures);
-    GLGuiPainter painter;
-    GuiPainter::Use(&painter);
-    GamePresentation presentation;
-    Presentation::Use(&presentation);
 
     const DetailProfile profile = ProfileOf(startupSettings.detailLevel);
     OpenWindow(profile);
@@ -176,11 +168,6 @@ int main(int argc, char** argv) {
     }
     HighScoreTable::Save();
     StopServices();
-
-    Presentation::Use(nullptr);
-    GuiPainter::Use(nullptr);
-    TextureManager::UseDevice(nullptr);
     Platform::UseAudio(nullptr);
-    Platform::UseWindow(nullptr);
     return 0;
 }

@@ -17,11 +17,9 @@
 #include "engine/Presentation.h"
 #include "engine/Random.h"
 #include "game/Game.h"
-#include "game/GameDraw.h"
+#include "game/GameScreen.h"
 #include "graphics/GLWindow.h"
-#include "graphics/TextureDeviceDraw.h"
 #include "graphics/TextureManager.h"
-#include "menus/GuiPainterDraw.h"
 #include "menus/MenuManager.h"
 #include "platform/GlfwWindow.h"
 #include "platform/Paths.h"
@@ -185,13 +183,7 @@ int main(int argc, char** argv) {
     }
     Platform::FindDataRoot(argv[0]);
     FilmWindow window;
-    Platform::UseWindow(&window);
-    GLTextureDevice textures;
-    TextureManager::UseDevice(&textures);
-    GLGuiPainter painter;
-    GuiPainter::Use(&painter);
-    GamePresentation presentation;
-    Presentation::Use(&presentation);
+    const GameScreen screen(window);
 
     GLWindow::Create("Film", width, height);
     TextureManager::Initialise();
