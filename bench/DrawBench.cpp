@@ -1,18 +1,17 @@
-// Frames of the shipped level on a real window: milliseconds and GL calls. Needs a display;
+// Frames of the shipped levels on a real window: milliseconds and GL calls. Needs a display;
 // on the software renderer run it through tests/run/with_display.sh.
 
 #include <GL/gl.h>
 #include <benchmark/benchmark.h>
 #include <dlfcn.h>
 
+#include "RecordedRuns.h"
 #include "actors/Camera.h"
 #include "engine/Console.h"
-#include "game/Game.h"
 #include "game/GameScreen.h"
 #include "graphics/ConsoleDraw.h"
 #include "graphics/GLWindow.h"
 #include "graphics/TextureManager.h"
-#include "menus/MenuManager.h"
 #include "platform/GlfwWindow.h"
 #include "platform/Paths.h"
 #include "water/ParticleManager.h"
@@ -75,6 +74,7 @@ public:
     }
 
     ~RunningGame() {
+        RunRecorder::Stop();
         Game::Shutdown();
         Console::Shutdown();
         TextureManager::Shutdown();
@@ -89,19 +89,63 @@ public:
     GameScreen screen{window};
 };
 
-void FrameOfTheFirstLevel(benchmark::State& state) {
+RunningGame& TheGame() {
     static RunningGame game;
+    return game;
+}
+
+void DrawFrame() {
+    Presentation::Current().DrawFrame();
+    glFinish();
+}
+
+void CountCalls(benchmark::State& state) {
+    state.counters["glCalls"] =
+        static_cast<double>(glCalls) / static_cast<double>(state.iterations());
+}
+
+void FrameOfTheFirstLevel(benchmark::State& state) {
+    TheGame();
     ParticleManager::ClearAll();
     ParticleManager::CreateParticles(400.0f, 250.0f, 60.0f,
                                      static_cast<std::uint32_t>(state.range(0)));
     glCalls = 0;
     for (auto _ : state) {
-        Presentation::Current().DrawFrame();
-        glFinish();
+        DrawFrame();
     }
-    state.counters["glCalls"] =
-        static_cast<double>(glCalls) / static_cast<double>(state.iterations());
+    CountCalls(state);
 }
 BENCHMARK(FrameOfTheFirstLevel)->Arg(128)->Arg(4096)->Unit(benchmark::kMillisecond);
+
+constexpr int framesOfRun = 120;
+
+/// Frames spread over the whole of a run.
+void FramesOfRun(benchmark::State& state, const std::string& file) {
+    TheGame();
+    if (!RecordedRuns::Begin(file)) {
+        state.SkipWithError("the run can't be played");
+    }
+    const std::size_t stride = RunRecorder::Current().steps.size() / framesOfRun;
+    glCalls = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        for (std::size_t i = 0; i < stride && Game::StepReplay(); ++i) {
+        }
+        state.ResumeTiming();
+        DrawFrame();
+    }
+    CountCalls(state);
+}
+
+const bool registered = [] {
+    for (const std::string& file : RecordedRuns::Files()) {
+        benchmark::RegisterBenchmark(("FramesOfRun/" + RecordedRuns::LevelName(file)).c_str(),
+                                     [file](benchmark::State& state) { FramesOfRun(state, file); })
+            ->Iterations(framesOfRun)
+            ->Unit(benchmark::kMillisecond)
+            ->UseRealTime();
+    }
+    return true;
+}();
 
 }  // namespace

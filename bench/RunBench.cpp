@@ -1,0 +1,78 @@
+// Module steps of every shipped level along the run that wins it: the game as it is played,
+// headless.
+
+#include <benchmark/benchmark.h>
+
+#include <utility>
+
+#include "RecordedRuns.h"
+#include "engine/Console.h"
+#include "graphics/GLWindow.h"
+#include "graphics/TextureManager.h"
+#include "platform/Clock.h"
+#include "platform/HeadlessWindow.h"
+#include "platform/Paths.h"
+#include "water/ParticleMover.h"
+
+namespace {
+
+/// The game's services for as long as it lives.
+class HeadlessGame {
+public:
+    HeadlessGame() {
+        Platform::UseDataRoot(VANTREL_SOURCE_DIR "/data");
+        Platform::UseClock(&clock);
+        Platform::UseWindow(&window);
+        GLWindow::Create("RunBench", 800, 600);
+        TextureManager::Initialise();
+        Console::Initialise();
+        ReadSurfaces();
+    }
+
+    ~HeadlessGame() {
+        RunRecorder::Stop();
+        Game::Shutdown();
+        Console::Shutdown();
+        TextureManager::Shutdown();
+        GLWindow::Close();
+        Platform::UseWindow(nullptr);
+        Platform::UseClock(nullptr);
+    }
+
+    HeadlessGame(const HeadlessGame&) = delete;
+    HeadlessGame& operator=(const HeadlessGame&) = delete;
+
+private:
+    Platform::ScriptedClock clock;
+    Platform::HeadlessWindow window;
+};
+
+/// An iteration is one step; the run begins again when it is through.
+void StepsOfRun(benchmark::State& state, const std::string& file) {
+    HeadlessGame game;
+    if (!RecordedRuns::Begin(file)) {
+        state.SkipWithError("the run can't be played");
+    }
+    for (auto _ : state) {
+        if (!Game::StepReplay()) {
+            state.PauseTiming();
+            RecordedRuns::Begin(file);
+            state.ResumeTiming();
+        }
+    }
+}
+
+/// Whole runs: as many iterations as the run has steps.
+const bool registered = [] {
+    for (const std::string& file : RecordedRuns::Files()) {
+        std::string reason;
+        const auto run = ReadRun(file, reason);
+        benchmark::RegisterBenchmark(("StepsOfRun/" + RecordedRuns::LevelName(file)).c_str(),
+                                     [file](benchmark::State& state) { StepsOfRun(state, file); })
+            ->Iterations(run ? static_cast<std::int64_t>(run->steps.size()) : 1)
+            ->Unit(benchmark::kMicrosecond);
+    }
+    return true;
+}();
+
+}  // namespace
