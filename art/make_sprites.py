@@ -1,12 +1,12 @@
 #!/usr/bin/env python3
-"""Paints the particle sprites: 64 by 64, white, tinted by the settings. On the screen they are
-4 to 16 pixels wide, so each has one shape and no detail."""
+"""Paints the particle sprites: 64 by 64, tinted by the settings, ice and steam white. On the
+screen they are 10 to 30 pixels wide, so each has one shape and no detail."""
 import pathlib
 
 import numpy as np
 
 import tga
-from painting import grid, noise, smooth, to_image
+from painting import colour, grid, mix, noise, smooth, to_image
 
 TARGET = pathlib.Path(__file__).parent.parent / "data" / "img"
 SIZE = 64
@@ -20,14 +20,15 @@ def grey(value):
 
 
 def water():
-    """A plump disc that nearly fills its square, so that neighbours which only just touch
-    still melt into one body; its rim is soft enough to hide where one ends. A breath of light
-    lies on its upper left."""
-    plump = (np.abs(u) ** 2.3 + np.abs(v) ** 2.3) ** (1 / 2.3)
-    alpha = 1 - smooth(0.78, 1.06, plump)
-    sheen = np.exp(-((u + 0.30) ** 2 + (v + 0.34) ** 2) / 0.22)
-    tone = 0.90 + 0.10 * sheen - 0.06 * smooth(0.0, 1.2, u * 0.5 + v * 0.8)
-    return to_image(grey(tone), alpha)
+    """A disc that is blue within and pale at its rim. Many of them lie over each other, half
+    open: inside of the body the blue middles prevail, at its edge only the rims are left. A
+    breath of light lies on the upper left."""
+    alpha = 1 - smooth(0.82, 1.0, distance)
+    rim = smooth(0.45, 0.97, distance)
+    sheen = np.exp(-((u + 0.24) ** 2 + (v + 0.30) ** 2) / 0.10)
+    body = mix(colour("0f74c4"), colour("2ba2e6"), smooth(0.5, -0.6, v))
+    body = mix(body, colour("9be4fc"), 0.3 * sheen)
+    return to_image(mix(body, colour("dcf7ff"), rim), alpha)
 
 
 def ice():

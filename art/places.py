@@ -199,7 +199,7 @@ FILES = {name: paint for name, paint in (
     ("brickwall", brickwall), ("icewall", icewall), ("planking", planking),
     ("sandwall", sandwall), ("sky", sky), ("sea", sea), ("shade", shade), ("pipeUp", pipe_up),
     ("pipeAcross", pipe_across), ("edge_stone", lambda: edge("cdbf9e", "f3e8cb", 451)),
-    ("edge_metal", lambda: edge("b9c3c3", "eef4f2", 453)),
+    ("edge_metal", lambda: edge("9ba7a8", "d3dcdb", 453)),
     ("edge_wood", lambda: edge("c79f66", "eccb95", 455)),
     ("edge_cloth", lambda: edge("d9c69a", "f6ead0", 457)),
     ("edge_sand", lambda: edge("dcc493", "f7e6bf", 459)))}
