@@ -32,6 +32,7 @@ std::map<std::string, TextureRecord>& Records() {
 }
 
 std::uint32_t generation = 0;
+std::uint32_t reloadCount = 0;
 TextureDevice* device = nullptr;
 int quality = 0;
 int anisotropy = 1;
@@ -222,11 +223,21 @@ std::uint32_t MemoryBytes() {
 }
 
 void ReloadAll() {
+    ++reloadCount;
     for (auto& [key, record] : Records()) {
         if (IsOwner(record)) {
             Load(record);
         }
     }
+}
+
+std::uint32_t ReloadCount() {
+    return reloadCount;
+}
+
+bool HasAlpha(const std::string& name) {
+    const auto found = Records().find(UpperCased(name));
+    return found == Records().end() || found->second.hasAlpha;
 }
 
 void SetQuality(int value) {

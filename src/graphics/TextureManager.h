@@ -68,6 +68,11 @@ std::uint32_t Generation();
 void List(std::vector<std::string>& lines);
 std::uint32_t MemoryBytes();
 void ReloadAll();
+/// How often all images were loaded anew: what was worked out from them may have changed.
+std::uint32_t ReloadCount();
+/// Whether the image that the name shows now has an alpha channel or a colour key, unlike the
+/// copy in a handle. True for a name that nobody holds.
+bool HasAlpha(const std::string& name);
 void SetQuality(int value);  ///< 0, 1 or 2; others are ignored
 int Quality();
 void SetAnisotropy(int value);

