@@ -68,6 +68,87 @@ Piece Cut(const Piece& piece, const HalfPlane& side) {
     return inside;
 }
 
+/// Whether a box lies beyond one of the sides.
+bool IsOutside(const std::array<HalfPlane, 3>& sides, float left, float top, float right,
+               float bottom) {
+    return std::ranges::any_of(sides, [&](const HalfPlane& side) {
+        const Vector2 deepest{side.inwards.x > 0.0f ? right : left,
+                              side.inwards.y > 0.0f ? bottom : top};
+        return side.Depth(deepest) < 0.0f;
+    });
+}
+
+/// Appends what of a box lies within the sides, with the overlap all around.
+void AppendPiece(const std::array<HalfPlane, 3>& sides, Vector2 from, Vector2 to,
+                 std::vector<Vector2>& corners) {
+    from -= {overlap, overlap};
+    to += {overlap, overlap};
+    Piece piece;
+    piece.Add(from);
+    piece.Add({to.x, from.y});
+    piece.Add(to);
+    piece.Add({from.x, to.y});
+    for (const HalfPlane& side : sides) {
+        piece = Cut(piece, side);
+    }
+    for (std::size_t i = 2; i < piece.count; ++i) {
+        corners.insert(corners.end(), {piece.corner[0], piece.corner[i - 1], piece.corner[i]});
+    }
+}
+
+enum class CellState : std::uint8_t { Outside, Shown, Hidden };
+
+/// The cells around one triangle.
+class CellStates {
+public:
+    CellStates(int theLeft, int theTop, int theRight, int theBottom)
+        : left(theLeft),
+          top(theTop),
+          right(theRight),
+          bottom(theBottom),
+          states(static_cast<std::size_t>((right - left + 1) * (bottom - top + 1))) {}
+
+    CellState& At(int x, int y) {
+        return states[static_cast<std::size_t>((y - top) * (right - left + 1) + x - left)];
+    }
+
+    struct Corner {
+        int right, bottom;
+    };
+    /// Takes out a box of shown cells from its upper left one on, as wide and then as high as
+    /// may be; cells outside of the triangle may be among them.
+    Corner TakeBox(int x, int y) {
+        Corner box{x, y};
+        while (box.right < right && At(box.right + 1, y) == CellState::Shown) {
+            ++box.right;
+        }
+        while (box.bottom < bottom && MayTakeRow(x, box.right, box.bottom + 1)) {
+            ++box.bottom;
+        }
+        for (int row = y; row <= box.bottom; ++row) {
+            for (int column = x; column <= box.right; ++column) {
+                At(column, row) = CellState::Outside;
+            }
+        }
+        return box;
+    }
+
+private:
+    bool MayTakeRow(int from, int to, int y) {
+        bool shown = false;
+        for (int x = from; x <= to; ++x) {
+            if (At(x, y) == CellState::Hidden) {
+                return false;
+            }
+            shown = shown || At(x, y) == CellState::Shown;
+        }
+        return shown;
+    }
+
+    int left, top, right, bottom;
+    std::vector<CellState> states;  // all Outside at first
+};
+
 /// Whether a segment touches a box: they are apart along an axis or across the segment if not.
 bool Touches(Vector2 a, Vector2 b, float left, float top, float right, float bottom) {
     if (std::max(a.x, b.x) < left || std::min(a.x, b.x) > right || std::max(a.y, b.y) < top ||
@@ -207,76 +288,29 @@ void VisibleParts::AppendPieces(int index, const Vector2* triangle,
     const auto [minY, maxY] = std::minmax({triangle[0].y, triangle[1].y, triangle[2].y});
     const CellRange range = CellsOf({minX, minY, maxX, maxY});
     const std::array<HalfPlane, 3> sides = SidesOf(triangle);
-    const auto isOutside = [&](const Box& box) {
-        return std::ranges::any_of(sides, [&](const HalfPlane& side) {
-            const Vector2 deepest{side.inwards.x > 0.0f ? box.right : box.left,
-                                  side.inwards.y > 0.0f ? box.bottom : box.top};
-            return side.Depth(deepest) < 0.0f;
-        });
-    };
-    enum class Cell : std::uint8_t { Outside, Shown, Hidden };
-    const int width = range.right - range.left + 1;
-    std::vector<Cell> cells;
+    CellStates cells(range.left, range.top, range.right, range.bottom);
     bool anyHidden = false;
     for (int y = range.top; y <= range.bottom; ++y) {
         for (int x = range.left; x <= range.right; ++x) {
-            const bool outside = isOutside(BoxOf({x, y, x, y}));
-            const bool hidden = !outside && IsHidden(x, y, index);
-            anyHidden = anyHidden || hidden;
-            cells.push_back(outside ? Cell::Outside : hidden ? Cell::Hidden : Cell::Shown);
+            const Box box = BoxOf({x, y, x, y});
+            if (!IsOutside(sides, box.left, box.top, box.right, box.bottom)) {
+                const bool hidden = IsHidden(x, y, index);
+                anyHidden = anyHidden || hidden;
+                cells.At(x, y) = hidden ? CellState::Hidden : CellState::Shown;
+            }
         }
     }
     if (!anyHidden) {
         corners.insert(corners.end(), triangle, triangle + 3);
         return;
     }
-    const auto at = [&](int x, int y) -> Cell& {
-        return cells[static_cast<std::size_t>((y - range.top) * width + x - range.left)];
-    };
-    const auto rowIsFree = [&](int left, int right, int y) {
-        bool shown = false;
-        for (int x = left; x <= right; ++x) {
-            if (at(x, y) == Cell::Hidden) {
-                return false;
-            }
-            shown = shown || at(x, y) == Cell::Shown;
-        }
-        return shown;
-    };
-    // Boxes of shown cells, each as wide and then as high as it may be.
     for (int y = range.top; y <= range.bottom; ++y) {
         for (int x = range.left; x <= range.right; ++x) {
-            if (at(x, y) != Cell::Shown) {
-                continue;
-            }
-            CellRange box{x, y, x, y};
-            while (box.right < range.right && at(box.right + 1, y) == Cell::Shown) {
-                ++box.right;
-            }
-            while (box.bottom < range.bottom && rowIsFree(x, box.right, box.bottom + 1)) {
-                ++box.bottom;
-            }
-            for (int row = box.top; row <= box.bottom; ++row) {
-                for (int column = box.left; column <= box.right; ++column) {
-                    at(column, row) = Cell::Outside;
-                }
-            }
-            const Box area = BoxOf(box);
-            const float left = std::max(area.left, minX) - overlap;
-            const float top = std::max(area.top, minY) - overlap;
-            const float right = std::min(area.right, maxX) + overlap;
-            const float bottom = std::min(area.bottom, maxY) + overlap;
-            Piece piece;
-            piece.Add({left, top});
-            piece.Add({right, top});
-            piece.Add({right, bottom});
-            piece.Add({left, bottom});
-            for (const HalfPlane& side : sides) {
-                piece = Cut(piece, side);
-            }
-            for (std::size_t i = 2; i < piece.count; ++i) {
-                corners.insert(corners.end(),
-                               {piece.corner[0], piece.corner[i - 1], piece.corner[i]});
+            if (cells.At(x, y) == CellState::Shown) {
+                const auto [right, bottom] = cells.TakeBox(x, y);
+                const Box box = BoxOf({x, y, right, bottom});
+                AppendPiece(sides, {std::max(box.left, minX), std::max(box.top, minY)},
+                            {std::min(box.right, maxX), std::min(box.bottom, maxY)}, corners);
             }
         }
     }
