@@ -1,0 +1,167 @@
+// Which situations are kept, and which are tried next; see Archive.h.
+
+#include "Archive.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+// Weights, in world units of distance.
+constexpr float perLostDrop = 10.0f;
+constexpr float perSecond = 3.0f;
+/// What a try costs a situation's standing: so much farther back is as good as untried.
+constexpr float perTry = 8.0f;
+constexpr float perTryInRegion = 0.25f;
+/// Copies that are better by less than this aren't worth the exchange.
+constexpr float worthExchange = 2.0f;
+
+constexpr float cell = 40.0f;
+constexpr float region = 160.0f;
+constexpr double shareOfRare = 0.3;
+
+void Mix(std::uint64_t& hash, std::uint64_t value) {
+    hash = (hash ^ value) * 0x9e3779b97f4a7c15u;
+    hash ^= hash >> 29;
+}
+
+std::uint64_t Square(Vector2 place, float size) {
+    const auto x = static_cast<std::int64_t>(std::floor(place.x / size));
+    const auto y = static_cast<std::int64_t>(std::floor(place.y / size));
+    return static_cast<std::uint64_t>(x) << 32 ^ static_cast<std::uint64_t>(y & 0xffffffff);
+}
+
+/// Mostly water, steam or ice.
+std::uint64_t Matter(const Outcome& outcome) {
+    const std::uint32_t all = std::max(outcome.placeCount, 1u);
+    return (outcome.steam * 2 > all ? 1u : 0u) + (outcome.ice * 2 > all ? 2u : 0u);
+}
+
+/// Cost of a situation, however often it was tried.
+float Cost(const Found& found) {
+    return found.distance + perLostDrop * (128.0f - static_cast<float>(found.alive)) +
+           perSecond * static_cast<float>(found.elapsedMs) * 0.001f;
+}
+
+}  // namespace
+
+std::uint32_t Dice::Next() {
+    state ^= state << 13;
+    state ^= state >> 7;
+    state ^= state << 17;
+    return static_cast<std::uint32_t>(state >> 32);
+}
+
+Found Archive::Describe(Copies::Number copy) const {
+    const Outcome& outcome = copies.Of(copy);
+    Found found;
+    found.copy = copy;
+    for (std::uint32_t i = 0; i < outcome.placeCount; ++i) {
+        found.distance += map.Distance(outcome.places[i], outcome.switches);
+    }
+    found.distance /= static_cast<float>(std::max(outcome.placeCount, 1u));
+    found.alive = outcome.alive;
+    found.elapsedMs = outcome.elapsedMs;
+    found.angle = outcome.angle;
+    Mix(found.region, Square(outcome.centre, region));
+    Mix(found.region, outcome.fired);
+    Mix(found.region, map.Gates(outcome.switches));
+    Mix(found.region, Matter(outcome));
+    found.kind = found.region;
+    Mix(found.kind, Square(outcome.centre, cell));
+    Mix(found.kind, outcome.movers);
+    Mix(found.kind, outcome.alive / 12);
+    Mix(found.kind, static_cast<std::uint64_t>(outcome.angle + 90.0f) / 60);
+    return found;
+}
+
+bool Archive::Take(Copies::Number copy, std::shared_ptr<const Leg> way) {
+    Found found = Describe(copy);
+    found.way = std::move(way);
+    const auto [place, isNew] = byKind.try_emplace(found.kind, founds.size());
+    if (isNew) {
+        founds.push_back(found);
+    } else {
+        Found& there = founds[place->second];
+        if (Cost(found) > Cost(there) - worthExchange) {
+            copies.Drop(copy);
+            return false;
+        }
+        copies.Drop(there.copy);
+        found.tries = there.tries / 2;
+        there = found;
+    }
+    nearest = std::min(nearest, found.distance);
+    return true;
+}
+
+Found& Archive::PickPromising(Dice& dice) {
+    Found* best = nullptr;
+    float least = 0.0f;
+    for (Found& found : founds) {
+        const float blur = static_cast<float>(-std::log(1.0 - dice.Unit())) * 25.0f;
+        const float standing = Cost(found) + perTry * static_cast<float>(found.tries) +
+                               perTryInRegion * static_cast<float>(triesInRegion[found.region]) +
+                               blur;
+        if (best == nullptr || standing < least) {
+            best = &found;
+            least = standing;
+        }
+    }
+    return *best;
+}
+
+Found& Archive::PickRare(Dice& dice) {
+    Found* best = nullptr;
+    double most = 0.0;
+    for (Found& found : founds) {
+        const double weight = 1.0 / ((1.0 + found.tries) * (1.0 + triesInRegion[found.region]));
+        // The largest of these is drawn in proportion to its weight.
+        const double draw = std::pow(std::max(dice.Unit(), 1.0e-9), 1.0 / (weight * 1000.0));
+        if (best == nullptr || draw > most) {
+            best = &found;
+            most = draw;
+        }
+    }
+    return *best;
+}
+
+Found& Archive::Pick(Dice& dice) {
+    Found& found = dice.Unit() < shareOfRare ? PickRare(dice) : PickPromising(dice);
+    ++found.tries;
+    ++triesInRegion[found.region];
+    return found;
+}
+
+void Archive::Remove(std::size_t index) {
+    copies.Drop(founds[index].copy);
+    byKind.erase(founds[index].kind);
+    if (index + 1 != founds.size()) {
+        founds[index] = std::move(founds.back());
+        byKind[founds[index].kind] = index;
+    }
+    founds.pop_back();
+}
+
+void Archive::MakeRoom(std::size_t wanted) {
+    while (!founds.empty() && copies.Room() < wanted) {
+        std::size_t worst = 0;
+        float most = -1.0f;
+        for (std::size_t i = 0; i < founds.size(); ++i) {
+            const float standing = Cost(founds[i]) + perTry * static_cast<float>(founds[i].tries);
+            if (standing > most) {
+                most = standing;
+                worst = i;
+            }
+        }
+        Remove(worst);
+    }
+}
+
+void Archive::DropLaterThan(std::uint32_t elapsedMs) {
+    for (std::size_t i = founds.size(); i-- > 0;) {
+        if (founds[i].elapsedMs >= elapsedMs) {
+            Remove(i);
+        }
+    }
+}

@@ -1,0 +1,79 @@
+#pragma once
+// What the search has reached: for each kind of situation the best copy of the game that got
+// there. Situations are kept apart by place, state of matter, water left and what was set off,
+// so that the search spreads instead of crowding at one obstacle.
+
+#include <cstdint>
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+#include "Copies.h"
+#include "FlowMap.h"
+#include "game/RunFile.h"
+
+/// The steps of one move, and what went before.
+struct Leg {
+    std::shared_ptr<const Leg> before;
+    std::vector<RunStep> steps;
+};
+
+/// Draws that are the same on every machine.
+class Dice {
+public:
+    explicit Dice(std::uint32_t seed) : state(seed * 2654435761u + 88172645463325252u) {}
+    std::uint32_t Next();
+    /// 0 to n - 1; n above 0.
+    std::uint32_t Below(std::uint32_t n) { return Next() % n; }
+    /// 0 to 1, 1 excluded.
+    double Unit() { return Next() * (1.0 / 4294967296.0); }
+
+private:
+    std::uint64_t state;
+};
+
+/// One situation and its copy.
+struct Found {
+    Copies::Number copy = Copies::none;
+    std::shared_ptr<const Leg> way;
+    float distance = 0.0f;  ///< FlowMap's, mean over the water
+    std::uint32_t alive = 0;
+    std::uint32_t elapsedMs = 0;
+    float angle = 0.0f;
+    std::uint64_t kind = 0;    ///< what makes it a situation of its own
+    std::uint64_t region = 0;  ///< the same, much coarser
+    std::uint32_t tries = 0;   ///< moves that began here
+};
+
+class Archive {
+public:
+    Archive(Copies& where, const FlowMap& flowMap) : copies(where), map(flowMap) {}
+
+    /// Keeps the copy if its situation is new or it is better than the one that was there;
+    /// drops whichever isn't kept. True if kept.
+    bool Take(Copies::Number copy, std::shared_ptr<const Leg> way);
+    /// The next to go on from; there must be one. Counts the try.
+    Found& Pick(Dice& dice);
+    /// Makes room for so many more copies by dropping the least promising.
+    void MakeRoom(std::size_t wanted);
+    /// Drops what can't beat a run of this length any more.
+    void DropLaterThan(std::uint32_t elapsedMs);
+
+    bool IsEmpty() const { return founds.empty(); }
+    std::size_t Count() const { return founds.size(); }
+    /// Least distance so far.
+    float Nearest() const { return nearest; }
+    Found Describe(Copies::Number copy) const;
+
+private:
+    Found& PickPromising(Dice& dice);
+    Found& PickRare(Dice& dice);
+    void Remove(std::size_t index);
+
+    Copies& copies;
+    const FlowMap& map;
+    std::vector<Found> founds;
+    std::unordered_map<std::uint64_t, std::size_t> byKind;
+    std::unordered_map<std::uint64_t, std::uint32_t> triesInRegion;
+    float nearest = 1.0e9f;
+};

@@ -1,0 +1,64 @@
+// vantrel-solve: searches for a run that wins a level.
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "Options.h"
+#include "Search.h"
+#include "game/RunFile.h"
+#include "platform/Paths.h"
+
+namespace {
+
+constexpr int noWin = 3;
+
+int Fail(const std::string& message, int status) {
+    std::fprintf(stderr, "vantrel-solve: %s\n", message.c_str());
+    return status;
+}
+
+int Solve(const Options& options) {
+    const SearchResult result = Search(options.search);
+    if (!result.failure.empty()) {
+        return Fail(result.failure, 1);
+    }
+    if (result.wins) {
+        std::printf("WIN water %u of 128, %.3f s of play, ", result.water,
+                    result.elapsedMs * 0.001);
+    } else {
+        std::printf("NO WIN, %.0f to go, ", static_cast<double>(result.distance));
+    }
+    std::printf("%llu moves in %.1f s\n", static_cast<unsigned long long>(result.moves),
+                result.seconds);
+    if (!options.output.empty() && !WriteRun(options.output, result.run)) {
+        return Fail("cannot write '" + options.output + "'", 1);
+    }
+    return result.wins ? 0 : noWin;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const std::vector<std::string> arguments(argv + 1, argv + argc);
+    for (const std::string& argument : arguments) {
+        if (argument == "--help") {
+            std::fputs(solveHelpText, stdout);
+            return 0;
+        }
+        if (argument == "--version") {
+            std::puts("vantrel-solve 1.03");
+            return 0;
+        }
+    }
+    std::string message;
+    const auto options = ParseOptions(arguments, message);
+    if (!options) {
+        return Fail(message, 2);
+    }
+    Platform::FindDataRoot(argv[0]);
+    if (!options->dataRoot.empty()) {
+        Platform::UseDataRoot(options->dataRoot, true);
+    }
+    return Solve(*options);
+}

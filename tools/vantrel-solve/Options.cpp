@@ -1,0 +1,102 @@
+// Parsing of vantrel-solve's arguments.
+
+#include "Options.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <charconv>
+
+#include "Copies.h"
+
+const char* const solveHelpText =
+    "Usage: vantrel-solve LEVEL.swah [-o FILE.run] [--minutes M] [--least N] [--improve]\n"
+    "                     [--seed S] [--jobs J] [--room N] [--data DIR]\n"
+    "Searches for a run that wins the level, by playing many tilts ahead on copies of the\n"
+    "game, and writes the best one that it found, also when it is interrupted.\n"
+    "  -o FILE      where to write the run\n"
+    "  --minutes M  how long to search; 9 if not given\n"
+    "  --least N    drops of the 128 that must reach the end; 90 if not given\n"
+    "  --improve    go on after the first win until the time is up: more water, then less time\n"
+    "  --seed S     another number gives another search; 1 if not given\n"
+    "  --jobs J     copies that play at the same time; one per processor if not given\n"
+    "  --room N     copies to keep; 2500 if not given, each takes about half a megabyte\n"
+    "  --data DIR   the game's data\n"
+    "Exit status: 0 a win, 3 no win, 1 an unusable file, 2 bad arguments.\n";
+
+namespace {
+
+template <class Value>
+bool ParseNumber(const std::string& text, Value least, Value most, Value& number) {
+    const char* const end = text.data() + text.size();
+    const auto result = std::from_chars(text.data(), end, number);
+    return result.ec == std::errc() && result.ptr == end && number >= least && number <= most;
+}
+
+/// Takes an option that has a value.
+bool TakeValue(const std::string& name, const std::string& value, Options& options, bool& known) {
+    SearchSettings& search = options.search;
+    if (name == "--minutes") {
+        double minutes = 0.0;
+        const bool good = ParseNumber(value, 0.001, 100000.0, minutes);
+        search.seconds = minutes * 60.0;
+        return good;
+    }
+    if (name == "--least") {
+        return ParseNumber(value, 1u, 128u, search.leastWater);
+    }
+    if (name == "--seed") {
+        return ParseNumber(value, 0u, 0xffffffffu, search.seed);
+    }
+    if (name == "--jobs") {
+        return ParseNumber(value, 1u, Copies::mostAtOnce, search.processes);
+    }
+    if (name == "--room") {
+        return ParseNumber(value, 50u, 20000u, search.room);
+    }
+    if (name == "-o") {
+        options.output = value;
+    } else if (name == "--data") {
+        options.dataRoot = value;
+    } else {
+        known = false;
+    }
+    return known;
+}
+
+}  // namespace
+
+std::optional<Options> ParseOptions(const std::vector<std::string>& arguments,
+                                    std::string& message) {
+    Options options;
+    options.search.processes =
+        static_cast<unsigned>(std::clamp(sysconf(_SC_NPROCESSORS_ONLN), 1l, 64l));
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const std::string& name = arguments[i];
+        if (!name.starts_with("-")) {
+            if (!options.search.level.empty()) {
+                message = "more than one level given";
+                return std::nullopt;
+            }
+            options.search.level = name;
+        } else if (name == "--improve") {
+            options.search.improve = true;
+        } else if (i + 1 == arguments.size()) {
+            message = "unknown option or missing value: '" + name + "'";
+            return std::nullopt;
+        } else {
+            bool known = true;
+            const std::string& value = arguments[++i];
+            if (!TakeValue(name, value, options, known)) {
+                message = known ? "bad value '" + value + "' for " + name
+                                : "unknown option '" + name + "'";
+                return std::nullopt;
+            }
+        }
+    }
+    if (options.search.level.empty()) {
+        message = "a level is needed; see --help";
+        return std::nullopt;
+    }
+    return options;
+}

@@ -1,0 +1,20 @@
+#pragma once
+// The command line of vantrel-solve.
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "Search.h"
+
+struct Options {
+    SearchSettings search;
+    std::string output;    ///< empty: the run isn't kept
+    std::string dataRoot;  ///< empty: found as the game finds it
+};
+
+/// The options, or none with `message` set.
+std::optional<Options> ParseOptions(const std::vector<std::string>& arguments,
+                                    std::string& message);
+
+extern const char* const solveHelpText;

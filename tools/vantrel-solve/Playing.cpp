@@ -1,0 +1,170 @@
+// Plays moves and reads what the world looks like afterwards.
+
+#include "Playing.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "Switches.h"
+#include "actors/Camera.h"
+#include "actors/MoverManager.h"
+#include "actors/TriggerManager.h"
+#include "game/LevelProgress.h"
+#include "game/RunRecorder.h"
+#include "water/GroupedParticleMover.h"
+#include "water/ParticleManager.h"
+
+namespace Playing {
+
+namespace {
+
+/// The turn goes on this long after a key is let go, in seconds: the time in which the angular
+/// velocity falls to 1/e.
+constexpr float coasting = 0.19f;
+/// A tilt this near, in degrees, is near enough to take the keys off.
+constexpr float nearEnough = 2.0f;
+
+/// Puts what was recorded since the recording had `before` steps into the outcome.
+void ReadSteps(std::size_t before, Outcome& outcome) {
+    const std::vector<RunStep>& steps = RunRecorder::Current().steps;
+    const std::size_t count = std::min(steps.size() - before, Outcome::mostSteps);
+    std::copy_n(steps.begin() + static_cast<std::ptrdiff_t>(before), count, outcome.steps.begin());
+    outcome.stepCount = static_cast<std::uint32_t>(count);
+}
+
+std::size_t StepsSoFar() {
+    return RunRecorder::Current().steps.size();
+}
+
+std::uint32_t CountAlive() {
+    std::size_t alive = 0;
+    for (const Particle& particle : ParticleManager::particles) {
+        alive += particle.dying == 0 ? 1 : 0;
+    }
+    for (const ParticleGroup& group : GroupedParticleMover::groups) {
+        alive += group.dying == 0 ? group.particles.size() : 0;
+    }
+    return static_cast<std::uint32_t>(alive);
+}
+
+void AddPlace(Vector2 place, Outcome& outcome) {
+    if (outcome.placeCount < Outcome::mostPlaces) {
+        outcome.places[outcome.placeCount++] = place;
+        outcome.centre += place;
+    }
+}
+
+void ReadWater(Outcome& outcome) {
+    outcome.alive = CountAlive();
+    for (const Particle& particle : ParticleManager::particles) {
+        if (particle.dying == 0) {
+            AddPlace(particle.position, outcome);
+            outcome.steam += particle.temperature >= 100.0f ? 1 : 0;
+        }
+    }
+    for (const ParticleGroup& group : GroupedParticleMover::groups) {
+        for (std::size_t i = 0; group.dying == 0 && i < group.particles.size(); ++i) {
+            AddPlace(group.position, outcome);
+            ++outcome.ice;
+        }
+    }
+    if (outcome.placeCount > 0) {
+        outcome.centre /= static_cast<float>(outcome.placeCount);
+    }
+}
+
+void Mix(std::uint64_t& hash, std::uint64_t value) {
+    hash = (hash ^ value) * 1099511628211u;
+}
+
+std::uint64_t FiredOnce() {
+    std::uint64_t hash = 14695981039346656037u;
+    for (const Trigger& trigger : TriggerManager::triggers) {
+        // Sounds, pictures and the like change nothing for the water.
+        const bool matters = trigger.type == 901 || (trigger.type >= 300 && trigger.type < 500);
+        if (matters && trigger.typeInfo->fireLimit != 0) {
+            Mix(hash, trigger.fireCount);
+        }
+    }
+    return hash;
+}
+
+/// In which third of its path a mover is, and which way it goes; only for the one nearest to
+/// the water among those that go to and fro, since all together would make every moment new.
+std::uint64_t MoverPlaces(Vector2 centre) {
+    constexpr float reach = 300.0f;
+    std::uint64_t hash = 14695981039346656037u;
+    const Mover* nearest = nullptr;
+    float nearestDistance = reach;
+    for (const Mover& mover : MoverManager::movers) {
+        if (mover.state >= Mover::LoopingToStart) {
+            const float distance = Distance(mover.start + mover.Offset(), centre);
+            if (distance < nearestDistance) {
+                nearest = &mover;
+                nearestDistance = distance;
+            }
+        } else {
+            const float share = mover.length > 0.0f ? mover.distance / mover.length : 0.0f;
+            Mix(hash, static_cast<std::uint64_t>(share * 2.99f));
+        }
+    }
+    if (nearest != nullptr) {
+        const float share = nearest->distance / std::max(nearest->length, 1.0f);
+        Mix(hash, nearest->id * 16 + static_cast<std::uint64_t>(share * 2.99f) * 2 +
+                      (nearest->state == Mover::LoopingToEnd ? 1 : 0));
+    }
+    return hash;
+}
+
+void ReadWorld(Outcome& outcome) {
+    ReadWater(outcome);
+    outcome.finished = LevelProgress::IsFinished();
+    outcome.elapsedMs = LevelProgress::ElapsedMs();
+    outcome.angle = Camera::angle;
+    outcome.switches = Switches::State();
+    outcome.fired = FiredOnce();
+    outcome.movers = MoverPlaces(outcome.centre);
+}
+
+/// Which keys bring the tilt to `angle`.
+int KeysTowards(float angle, float turning) {
+    const float ahead = angle - (Camera::angle + turning * coasting);
+    return ahead > nearEnough ? 1 : ahead < -nearEnough ? -1 : 0;
+}
+
+}  // namespace
+
+bool FlyIn(Headless& game, Outcome& outcome) {
+    outcome = {};
+    while (Camera::IsOpeningFlight() && StepsSoFar() < Outcome::mostSteps) {
+        game.Frame(0);
+    }
+    ReadSteps(0, outcome);
+    ReadWorld(outcome);
+    return !Camera::IsOpeningFlight();
+}
+
+void Play(Headless& game, const Move& move, std::uint32_t leastWater, Outcome& outcome) {
+    outcome = {};
+    const std::size_t begin = StepsSoFar();
+    float before = Camera::angle;
+    float turning = 0.0f;
+    const auto playFrame = [&] {
+        game.Frame(KeysTowards(move.angle, turning));
+        turning = (Camera::angle - before) / (static_cast<float>(Headless::frameMs) * 0.001f);
+        before = Camera::angle;
+    };
+    for (std::uint32_t i = 0; i < move.frames && !outcome.lost; ++i) {
+        playFrame();
+        outcome.lost = CountAlive() < leastWater;
+    }
+    while (LevelProgress::IsFinishing() && !LevelProgress::IsFinished() &&
+           StepsSoFar() - begin < Outcome::mostSteps) {
+        playFrame();
+    }
+    ReadSteps(begin, outcome);
+    ReadWorld(outcome);
+    outcome.lost = outcome.alive < leastWater;
+}
+
+}  // namespace Playing

@@ -1,0 +1,34 @@
+#pragma once
+// The switches of the loaded level: ids whose polygons a trigger can move away or take out.
+// A switch is on once its mover has left its start or its polygons are gone. The list is made
+// once, before copies of the game are started, and is the same in all of them.
+
+#include <cstdint>
+#include <vector>
+
+#include "actors/Mover.h"
+#include "actors/Trigger.h"
+#include "level/LevelPolygon.h"
+
+struct Switch {
+    std::uint32_t id = 0;
+    std::vector<const Mover*> movers;           ///< empty: its polygons are taken out
+    std::vector<const LevelPolygon*> polygons;  ///< solid ones that bear the id
+    std::vector<const Trigger*> openers;        ///< any of these turns it on
+};
+
+namespace Switches {
+
+/// No more than this many are told apart; a state is one 64-bit word.
+constexpr std::size_t most = 64;
+
+/// In ascending order of ids.
+extern std::vector<Switch> all;
+
+/// Reads the loaded level.
+void Collect();
+bool IsOn(const Switch& which);
+/// Bit i: whether switch i is on.
+std::uint64_t State();
+
+}  // namespace Switches
