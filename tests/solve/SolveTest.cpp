@@ -1,0 +1,128 @@
+// The real program on small levels: what it finds, says and leaves behind.
+
+#include <gtest/gtest.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+
+#include "support/TestGame.h"
+
+namespace {
+
+using TestLevelFile::Area;
+using TestLevelFile::Box;
+
+constexpr std::uint32_t levelEnd = 801;
+
+/// Two ledges, one above the other; the finish is below the lower one's closed end.
+LevelFile TwoLedges() {
+    LevelFile level = TestLevelFile::Room();
+    level.polygons.push_back(Box(-200, -60, 100, -50));
+    level.polygons.push_back(Box(-100, 40, 200, 50));
+    level.waterStart = {-120, -100};
+    level.cameraStart = {-100, -80};
+    level.triggers.push_back(Area(levelEnd, -200, 80, -100, 150));
+    return level;
+}
+
+/// The finish lies in a box that nothing gets into.
+LevelFile Hopeless() {
+    LevelFile level = TestLevelFile::Room();
+    level.cameraStart = {0, 10};
+    level.polygons.push_back(Box(100, -100, 160, -90));
+    level.polygons.push_back(Box(100, -50, 160, -40));
+    level.polygons.push_back(Box(100, -90, 110, -50));
+    level.polygons.push_back(Box(150, -90, 160, -50));
+    level.triggers.push_back(Area(levelEnd, 110, -90, 150, -50));
+    return level;
+}
+
+class Solve : public testing::Test {
+protected:
+    /// Runs a program in the folder with the test's settings as data.
+    int Run(const std::string& program, const std::string& arguments) {
+        const std::string command = "cd '" + folder + "' && '" + program + "' " + arguments +
+                                    " --data . >out.txt 2>error.txt";
+        return WEXITSTATUS(std::system(command.c_str()));
+    }
+    int RunSolve(const std::string& arguments) { return Run(VANTREL_SOLVE_PROGRAM, arguments); }
+    std::string Read(const std::string& name) const {
+        std::ifstream file(folder + "/" + name, std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+    /// Starts a search without end; its processes come to this one when it is gone.
+    pid_t StartHopeless() {
+        game.Write(Hopeless(), "lev/a.swah");
+        prctl(PR_SET_CHILD_SUBREAPER, 1);
+        const pid_t pid = fork();
+        if (pid == 0) {
+            static_cast<void>(chdir(folder.c_str()) == 0);
+            static_cast<void>(std::freopen("error.txt", "w", stderr));
+            execl(VANTREL_SOLVE_PROGRAM, VANTREL_SOLVE_PROGRAM, "lev/a.swah", "-o", "a.run",
+                  "--data", ".", static_cast<char*>(nullptr));
+            _exit(127);
+        }
+        sleep(2);
+        return pid;
+    }
+    /// Whether all processes are gone within five seconds.
+    static bool AllGone() {
+        for (int i = 0; i < 500; ++i) {
+            const pid_t ended = waitpid(-1, nullptr, WNOHANG);
+            if (ended < 0 && errno == ECHILD) {
+                return true;
+            }
+            usleep(ended > 0 ? 0 : 10000);
+        }
+        return false;
+    }
+
+    TestGame game;  // for its settings; the programs are processes of their own
+    const std::string folder = game.directory.path.string();
+};
+
+}  // namespace
+
+TEST_F(Solve, WinsAndItsRunReplaysToTheSameEnd) {
+    game.Write(TwoLedges(), "lev/a.swah");
+    ASSERT_EQ(RunSolve("lev/a.swah -o a.run --jobs 2 --minutes 1"), 0) << Read("error.txt");
+    EXPECT_TRUE(Read("out.txt").starts_with("WIN water 1"));
+    ASSERT_EQ(Run(VANTREL_SIM_PROGRAM, "--replay a.run --quiet"), 0);
+    EXPECT_NE(Read("out.txt").find("finished yes"), std::string::npos) << Read("out.txt");
+
+    // The number of processes changes nothing but the time it takes.
+    ASSERT_EQ(RunSolve("lev/a.swah -o b.run --jobs 1 --minutes 1"), 0);
+    EXPECT_EQ(Read("a.run"), Read("b.run"));
+}
+
+TEST_F(Solve, SaysWhyItCannotSearch) {
+    game.Write(TestLevelFile::Room(), "lev/a.swah");
+    EXPECT_EQ(RunSolve("lev/a.swah"), 1);
+    EXPECT_NE(Read("error.txt").find("has no finish"), std::string::npos);
+    EXPECT_EQ(RunSolve("lev/none.swah"), 1);
+    EXPECT_NE(Read("error.txt").find("cannot load level"), std::string::npos);
+    EXPECT_EQ(RunSolve("lev/a.swah --minutes soon"), 2);
+    EXPECT_EQ(RunSolve("lev/a.swah --fast 1"), 2);
+}
+
+TEST_F(Solve, KeepsTheNearestRunWhenInterrupted) {
+    const pid_t pid = StartHopeless();
+    kill(pid, SIGINT);
+    int status = 0;
+    ASSERT_EQ(waitpid(pid, &status, 0), pid);
+    EXPECT_EQ(WEXITSTATUS(status), 3);
+    EXPECT_FALSE(Read("a.run").empty());
+    EXPECT_TRUE(AllGone());
+}
+
+TEST_F(Solve, LeavesNoProcessBehindWhenKilled) {
+    const pid_t pid = StartHopeless();
+    kill(pid, SIGKILL);
+    EXPECT_TRUE(AllGone());
+}
