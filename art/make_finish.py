@@ -8,7 +8,7 @@ from PIL import Image
 from menu_paint import RIM, WATER_LIGHT, Sheet, save
 from painting import colour, mix, smooth
 
-SIZE, FRAMES = 1120, 5
+SIZE, FRAMES = 1152, 5
 COARSE = 4  # the soft parts are painted that much smaller
 
 
