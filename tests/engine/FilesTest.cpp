@@ -8,27 +8,7 @@
 #include "WorkingFolder.h"
 #include "engine/BufferedFile.h"
 #include "engine/ByteReader.h"
-#include "engine/ByteWriter.h"
 #include "engine/EmbeddedResources.h"
-
-TEST(ByteReader, ReadsWhatTheWriterWrote) {
-    ByteWriter writer;
-    writer.U8(0xFE);
-    writer.U16(0xABCD);
-    writer.U32(0x80000001);
-    writer.I32(-5);
-    writer.F32(-0.5f);
-    EXPECT_EQ(writer.Block().size(), 15u);
-    EXPECT_EQ(writer.Block()[1], std::byte{0xCD});
-    ByteReader reader(writer.Block());
-    EXPECT_EQ(reader.U8(), 0xFE);
-    EXPECT_EQ(reader.U16(), 0xABCD);
-    EXPECT_EQ(reader.U32(), 0x80000001);
-    EXPECT_EQ(reader.I32(), -5);
-    EXPECT_EQ(reader.F32(), -0.5f);
-    EXPECT_EQ(reader.Remaining(), 0u);
-    EXPECT_FALSE(reader.HasFailed());
-}
 
 TEST(ByteReader, GivesZerosOnceAReadWouldLeaveTheBlock) {
     const std::array<std::byte, 3> block{std::byte{1}, std::byte{2}, std::byte{3}};

@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
-#include <limits>
-
 #include "engine/Geometry.h"
 #include "engine/Random.h"
 #include "engine/Timer.h"
@@ -26,13 +23,6 @@ TEST(Random, DrawsTheSameSequenceInEveryBuild) {
     }
     EXPECT_EQ(hash, 0x8232a3df62b790ecu);
     EXPECT_EQ(Random::state, 0x5bd36186u);
-}
-
-TEST(Random, MakesFloatsOfTheLowBits) {
-    Random::state = 0;
-    for (const float unit : {0.993000328540802f, 0.21897979080677032f, 0.40482571721076965f}) {
-        EXPECT_EQ(Random::Unit(), unit);
-    }
 }
 
 class TimerTest : public testing::Test {
@@ -58,24 +48,6 @@ TEST_F(TimerTest, MeasuresBetweenTicksAndOverTheWrapOfTheClock) {
     EXPECT_EQ(timer.deltaSeconds, 0.0f);
 }
 
-TEST_F(TimerTest, StopwatchLeavesOutWhatIsSkipped) {
-    Stopwatch watch;
-    clock.Advance(100);
-    watch.Tick();
-    clock.Advance(1000);
-    watch.Skip();
-    clock.Advance(10);
-    watch.Tick();
-    EXPECT_EQ(watch.elapsedMs, 110u);
-}
-
-TEST(Geometry, FindsWhereLinesMeet) {
-    const auto crossing = LineIntersection({0, 0}, {2, 2}, {0, 4}, {4, 0});
-    ASSERT_TRUE(crossing);
-    EXPECT_EQ(*crossing, (Vector2{2, 2}));
-    EXPECT_FALSE(LineIntersection({0, 0}, {1, 1}, {5, 0}, {6, 1}));
-}
-
 TEST(Geometry, SegmentsCrossUnlessTheyShareAnEnd) {
     EXPECT_TRUE(SegmentsCross({0, 0}, {4, 4}, {0, 4}, {4, 0}));
     EXPECT_TRUE(SegmentsCross({0, 0}, {4, 0}, {2, 0}, {2, 5}));  // ends inside the other
@@ -83,23 +55,6 @@ TEST(Geometry, SegmentsCrossUnlessTheyShareAnEnd) {
     EXPECT_FALSE(SegmentsCross({0, 0}, {4, 0}, {1, 0}, {3, 0}));
     EXPECT_FALSE(SegmentsCross({0, 0}, {4, 0}, {5, -1}, {5, 1}));
     EXPECT_FALSE(SegmentsCross({0, 0}, {0, 0}, {-1, -1}, {1, 1}));
-}
-
-TEST(Geometry, TurnsTrianglesTheOtherWayRoundOnlyWhereNeeded) {
-    const std::array<Vector2, 3> right{{{0, 0}, {10, 0}, {0, 10}}};
-    auto [a, b, c] = right;
-    FixTriangleWinding(a, b, c);
-    EXPECT_EQ((std::array{a, b, c}), right);
-    std::swap(b, c);
-    FixTriangleWinding(a, b, c);
-    EXPECT_EQ((std::array{a, b, c}), right);
-}
-
-TEST(Geometry, APolygonHoldsItsEdge) {
-    const std::array<Vector2, 4> box{{{0, 0}, {4, 0}, {4, 4}, {0, 4}}};
-    EXPECT_TRUE(PointInConvexPolygon(2, 2, box));
-    EXPECT_TRUE(PointInConvexPolygon(4, 2, box));
-    EXPECT_FALSE(PointInConvexPolygon(4.1f, 2, box));
 }
 
 TEST(Geometry, RoundsAndFindsPowers) {

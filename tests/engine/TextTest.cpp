@@ -39,21 +39,6 @@ TEST(Text, KnowsNumbers) {
     EXPECT_EQ(ToNumber("00." + std::string(400, '0') + '1'), 0.0f);
 }
 
-TEST(Text, KnowsBooleansAndNoOtherWordsForThem) {
-    EXPECT_TRUE(ToBoolean("tRuE"));
-    EXPECT_TRUE(IsBoolean("False"));
-    EXPECT_FALSE(ToBoolean("False"));
-    for (const char* text : {"1", "yes", "", "truely"}) {
-        EXPECT_FALSE(IsBoolean(text) || ToBoolean(text)) << text;
-    }
-}
-
-TEST(Text, SplitsAndRaisesOnlyAsciiLetters) {
-    EXPECT_EQ(SplitWords("\b a\tb \r\n cd"), (std::vector<std::string>{"a", "b", "cd"}));
-    EXPECT_TRUE(SplitWords(" \t").empty());
-    EXPECT_EQ(UpperCased("az{`\xE4\xFF"), "AZ{`\xE4\xFF");
-}
-
 namespace {
 
 ConfigFile Parsed(std::string_view text) {

@@ -91,14 +91,4 @@ TEST(Thread, KeepsItsPriorityWhereTheSystemOrTheRangeRefuses) {
     EXPECT_TRUE(thread.Priority() == 2 || thread.Priority() == -1);
 }
 
-TEST(Thread, DoesNothingWithoutARoutine) {
-    Thread thread(nullptr);
-    EXPECT_FALSE(thread.IsValid());
-    thread.Resume();
-    thread.Suspend();
-    thread.SetPriority(1);
-    EXPECT_EQ(thread.Id(), 0u);
-    EXPECT_EQ(thread.Priority(), 0);
-}
-
 }  // namespace

@@ -73,16 +73,4 @@ TEST(Frame, ServesANewMapBeforeARestartAndKeepsTheOldOneIfItFails) {
     EXPECT_EQ(MenuManager::Current(), MenuManager::Main);
 }
 
-TEST(View, IsFittedToTheWindow) {
-    TestGame game;
-    EXPECT_FLOAT_EQ(Game::ViewWidth(), 800.0f);
-    EXPECT_FLOAT_EQ(Game::ViewHeight(), 600.0f);
-    game.window.SetClientSize(1280, 720);
-    EXPECT_NEAR(Game::ViewWidth(), 1066.67f, 0.01f);
-    EXPECT_FLOAT_EQ(Game::ViewHeight(), 600.0f);
-    game.window.SetClientSize(600, 800);
-    EXPECT_FLOAT_EQ(Game::ViewWidth(), 800.0f);
-    EXPECT_NEAR(Game::ViewHeight(), 1066.67f, 0.01f);
-}
-
 }  // namespace

@@ -27,16 +27,6 @@ protected:
     TemporaryDirectory directory;
 };
 
-TEST_F(Startup, HasDefaultsAndMakesItsKey) {
-    LoadPreferences();
-    ParseCommandLine("");
-    EXPECT_EQ(startupSettings.detailLevel, 2);
-    EXPECT_EQ(startupSettings.resolutionX, 800u);
-    EXPECT_TRUE(startupSettings.fullscreen);
-    EXPECT_EQ(startupSettings.mapName, "lev\\testLevel.swah");
-    EXPECT_TRUE(PreferenceStore::OpenKey(preferencesPath).IsOpen());
-}
-
 TEST_F(Startup, SwitchesCountInAnyCaseAndAreKept) {
     ParseCommandLine("-detail 9 -Resolution 1024 768 -fullSCREEN 0 -sound 7 -music 0");
     EXPECT_EQ(startupSettings.detailLevel, 5);
@@ -77,16 +67,6 @@ TEST_F(Startup, ValuesAreNotTakenFromTheLine) {
     ParseCommandLine("-MAP first -MAP -SOUND 0");
     EXPECT_EQ(startupSettings.mapName, "-SOUND");
     EXPECT_EQ(Stored("Sound"), "0");
-}
-
-TEST_F(Startup, DetailDecidesSamplesQualityAndAnisotropy) {
-    EXPECT_EQ(ProfileOf(0).textureQuality, 2);
-    EXPECT_TRUE(ProfileOf(2).sampleCounts.empty());
-    EXPECT_EQ(ProfileOf(3).anisotropy, 8);
-    const DetailProfile best = ProfileOf(5);
-    EXPECT_EQ(std::vector<unsigned>(best.sampleCounts.begin(), best.sampleCounts.end()),
-              (std::vector<unsigned>{8, 4, 2}));
-    EXPECT_EQ(best.anisotropy, 2);
 }
 
 }  // namespace

@@ -72,17 +72,6 @@ protected:
     Recorder recorder;
 };
 
-TEST_F(GLWindowTest, OpensCentredWithTheSizeAskedForTheClientArea) {
-    EXPECT_EQ(GLWindow::GetTitle(), "Game");
-    EXPECT_EQ(window.Title(), "Game");
-    EXPECT_EQ(GLWindow::ClientWidth(), 800);
-    EXPECT_EQ(window.ViewportHeight(), 600);
-    EXPECT_EQ(GLWindow::WindowLeft(), 1280 / 2 - window.OuterWidth() / 2);
-    GLWindow::Create("Another", 640, 480);
-    EXPECT_EQ(window.CreateCount(), 1);
-    EXPECT_EQ(GLWindow::GetTitle(), "Game");
-}
-
 TEST_F(GLWindowTest, CallsTheListenerForEachEvent) {
     window.SetCursorPosition(window.ClientLeft() + 3, window.ClientTop() + 4);
     window.SetButton(4, true);
@@ -97,19 +86,6 @@ TEST_F(GLWindowTest, CallsTheListenerForEachEvent) {
     EXPECT_EQ(GLWindow::TakeLastKey(), 0);
     GLWindow::PumpMessages();
     EXPECT_EQ(recorder.Take(), Heard{"paint"}) << "asked for within the paint before";
-}
-
-TEST_F(GLWindowTest, KeepsItsStateWithoutAListener) {
-    GLWindow::SetListener(nullptr);
-    window.QueueEvent({.kind = EventKind::MouseMove, .x = 9, .y = -1});
-    window.SetKey('B', true);
-    GLWindow::PumpMessages();
-    EXPECT_EQ(GLWindow::MouseX(), 9);
-    EXPECT_EQ(GLWindow::MouseY(), 65535);
-    EXPECT_EQ(GLWindow::TakeLastKey(), 'B');
-    window.QueueEvent({.kind = EventKind::Close});
-    GLWindow::PumpMessages();
-    EXPECT_FALSE(GLWindow::IsOpen());
 }
 
 TEST_F(GLWindowTest, ClosesAlsoWhenTheListenerDoesNot) {
@@ -140,16 +116,6 @@ TEST_F(GLWindowTest, MinimisesOncePerLossOfTheForeground) {
     GLWindow::PumpMessages();
     EXPECT_EQ(recorder.Take(), Heard{"focusLost"});
     EXPECT_EQ(window.MinimiseCount(), 2);
-}
-
-TEST_F(GLWindowTest, DoesNotInsistWhereNothingCanBeMinimised) {
-    window.SetCanMinimise(false);
-    window.SetForeground(false);
-    for (int i = 0; i < 5; ++i) {
-        GLWindow::PumpMessages();
-    }
-    EXPECT_EQ(window.MinimiseCount(), 1);
-    EXPECT_EQ(recorder.Take(), Heard{"focusLost"});
 }
 
 TEST_F(GLWindowTest, LeavesAWindowAloneThatTheUserMinimised) {
@@ -187,29 +153,6 @@ TEST_F(GLWindowTest, GoesFullscreenOnlyInAModeThatThereIs) {
     EXPECT_EQ(GLWindow::WindowTop(), 1024 / 2 - window.OuterHeight() / 2);
 }
 
-TEST_F(GLWindowTest, GivesTheDisplayModeBackWhenClosed) {
-    GLWindow::SetFullscreen(true, 800, 600);
-    EXPECT_EQ(window.ModeInForce().width, 800);
-    GLWindow::Close();
-    EXPECT_EQ(window.ModeInForce().width, 1280);
-    EXPECT_FALSE(GLWindow::IsFullscreen());
-}
-
-TEST_F(GLWindowTest, IgnoresSizesAndCursorsThatAreNone) {
-    GLWindow::SetClientSize(0, 600);
-    GLWindow::SetOuterSize(800, 0);
-    EXPECT_EQ(GLWindow::ClientWidth(), 800);
-    EXPECT_EQ(GLWindow::ClientHeight(), 600);
-    GLWindow::SetCursorKind(3);
-    GLWindow::SetCursorKind(-1);
-    EXPECT_EQ(GLWindow::GetCursorKind(), 1);
-    GLWindow::SetGamma(2.5f);
-    EXPECT_TRUE(window.GammaRamp().empty());
-    GLWindow::SetGamma(1.5f);
-    EXPECT_EQ(window.GammaRamp()[100], 100 * 382);
-    EXPECT_EQ(window.GammaRamp()[255], 65535);
-}
-
 TEST_F(GLWindowTest, CountsTheCursorInWithItsEdges) {
     const int left = window.ClientLeft();
     const int middle = window.ClientTop() + 300;
@@ -238,22 +181,6 @@ TEST_F(GLWindowTest, ShowsTheArrowOutsideOfTheClientArea) {
     EXPECT_EQ(GLWindow::GetCursorKind(), 1);
 }
 
-TEST_F(GLWindowTest, ReadsAMouseAtRestAsTheCentre) {
-    for (const int size : {800, 801, 13, 1}) {
-        GLWindow::SetClientSize(size, size);
-        GLWindow::WarpCursorToCentre();
-        EXPECT_EQ(GLWindow::CursorScreenX(), GLWindow::ClientCentreScreenX()) << size;
-        EXPECT_EQ(GLWindow::CursorScreenY(), GLWindow::ClientCentreScreenY()) << size;
-    }
-    // With the centre off the screen the cursor can't get there.
-    GLWindow::SetClientSize(800, 600);
-    GLWindow::Move(-700, 0);
-    GLWindow::WarpCursorToCentre();
-    EXPECT_EQ(GLWindow::CursorScreenX(), GLWindow::ClientCentreScreenX());
-    GLWindow::WarpCursorBy(25, 0);
-    EXPECT_EQ(GLWindow::CursorScreenX() - GLWindow::ClientCentreScreenX(), 25);
-}
-
 /// Windows with samples, as drivers may offer them.
 class SampleTest : public GLWindowTest {
 protected:
@@ -277,28 +204,6 @@ protected:
         }
     }
 };
-
-TEST_F(SampleTest, RebuildsTheWindowAndKeepsTheRest) {
-    window.SetSampleLimits(4, 4);
-    EXPECT_TRUE(GLWindow::SetSamples(4));
-    EXPECT_EQ(GLWindow::Samples(), 4u);
-    EXPECT_EQ(window.CreateCount(), 2);
-    EXPECT_FALSE(GLWindow::IsResizable());
-    ExpectKept();
-    EXPECT_TRUE(GLWindow::SetSamples(0));
-    EXPECT_EQ(GLWindow::Samples(), 1u);
-    EXPECT_TRUE(GLWindow::IsResizable()) << "a plain window has a frame to pull at";
-    ExpectKept();
-}
-
-TEST_F(SampleTest, LeavesTheWindowAloneIfThereIsNothingToDo) {
-    EXPECT_TRUE(GLWindow::SetSamples(0));
-    EXPECT_TRUE(GLWindow::SetSamples(1));
-    EXPECT_FALSE(GLWindow::SetSamples(8)) << "not offered";
-    EXPECT_EQ(window.CreateCount(), 1);
-    GLWindow::Close();
-    EXPECT_FALSE(GLWindow::SetSamples(1));
-}
 
 TEST_F(SampleTest, FallsBackWhenTheContextHasFewerThanWereOffered) {
     window.SetSampleLimits(8, 4);
@@ -331,16 +236,6 @@ TEST_F(GLWindowTest, FindsExtensionsAsWholeWords) {
               (std::vector<std::string>{"GL_ARB_one", "GL_EXT_swap_control_tear", "GL_ARB_two"}));
     GLWindow::Close();
     EXPECT_FALSE(GLWindow::HasExtension("GL_ARB_one"));
-}
-
-TEST_F(GLWindowTest, ReportsSwapControlAsOnWhereItCannotBeAsked) {
-    GLWindow::SetVsync(true);
-    EXPECT_TRUE(GLWindow::VsyncEnabled());
-    GLWindow::SetVsync(false);
-    EXPECT_FALSE(GLWindow::VsyncEnabled());
-    window.SetSwapControl(-1);
-    GLWindow::SetVsync(false);
-    EXPECT_TRUE(GLWindow::VsyncEnabled());
 }
 
 TEST(GLWindowDeathTest, EndsTheProgramWithOneClearMessage) {

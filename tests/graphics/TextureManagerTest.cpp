@@ -22,22 +22,19 @@ public:
     struct Shown {
         std::uint32_t width, height;
         std::uint32_t firstPixel;
-        Options options;
     };
 
     std::uint32_t Generate() override { return ++last; }
     void Delete(std::uint32_t glName) override { shown.erase(glName); }
     void Upload(std::uint32_t glName, const std::uint32_t* pixels, std::uint32_t width,
-                std::uint32_t height, const Options& options) override {
-        shown[glName] = {width, height, pixels[0], options};
+                std::uint32_t height, const Options& /*options*/) override {
+        shown[glName] = {width, height, pixels[0]};
         ++uploads;
     }
-    void SetAnisotropy(std::uint32_t glName, int value) override {
-        shown[glName].options.anisotropy = value;
-    }
-    void SetCompressionHint(bool value) override { nicest = value; }
-    int MaxAnisotropy() override { return maxAnisotropy; }
-    bool HasCompression() override { return compression; }
+    void SetAnisotropy(std::uint32_t /*glName*/, int /*value*/) override {}
+    void SetCompressionHint(bool /*value*/) override {}
+    int MaxAnisotropy() override { return 0; }
+    bool HasCompression() override { return false; }
     std::optional<Platform::ImageFile> LoadImage(const fs::path& path) override {
         loaded.push_back(path.filename());
         if (path.filename() == "broken.png") {
@@ -59,9 +56,6 @@ public:
     Lines loaded;
     std::uint32_t last = 0;
     int uploads = 0;
-    int maxAnisotropy = 0;
-    bool compression = false;
-    bool nicest = false;
 };
 
 class TextureManagerTest : public testing::Test {
@@ -206,32 +200,6 @@ TEST_F(TextureManagerTest, ReloadsInPlace) {
     EXPECT_EQ(List(), Lines{"IMG\\LATE.TGA : 32 BIT"});
 }
 
-TEST_F(TextureManagerTest, QualityAndAnisotropyReachEveryTexture) {
-    device.compression = true;
-    device.maxAnisotropy = 8;
-    TextureManager::Initialise();
-    EXPECT_TRUE(device.nicest);
-    const Texture texture("missing", nullptr);
-    const auto& shown = device.shown.at(texture.glName);
-    TextureManager::SetQuality(3);
-    EXPECT_EQ(TextureManager::Quality(), 0);
-    EXPECT_EQ(device.uploads, 1);
-    TextureManager::SetQuality(2);
-    EXPECT_EQ(shown.options.quality, 2);
-    EXPECT_TRUE(shown.options.compression);
-    EXPECT_FALSE(device.nicest);
-    TextureManager::SetAnisotropy(0);
-    EXPECT_EQ(shown.options.anisotropy, 1);
-    TextureManager::SetAnisotropy(99);
-    EXPECT_EQ(TextureManager::Anisotropy(), 8);
-    EXPECT_EQ(shown.options.anisotropy, 8);
-    EXPECT_EQ(device.uploads, 2);
-    device.maxAnisotropy = 0;
-    TextureManager::Initialise();
-    TextureManager::SetAnisotropy(4);
-    EXPECT_EQ(TextureManager::Anisotropy(), 1);
-}
-
 TEST_F(TextureManagerTest, OtherThreadsCountAndReleaseNothing) {
     const Texture mine("missing", nullptr);
     std::thread([] { const Texture theirs("MISSING", nullptr); }).join();
@@ -265,18 +233,6 @@ TEST_F(TextureManagerTest, ListsTheFramesOfASetInOrder) {
     names.clear();
     TextureManager::ExpandFrameNames("img\\none_frame1.tga", names);
     EXPECT_TRUE(names.empty());
-}
-
-TEST(TextureManagerWithoutADevice, CountsNamesAndReadsNothing) {
-    TextureManager::UseDevice(nullptr);
-    TextureManager::Initialise();
-    const Texture a("one", "DEFAULT_TEXTURE");
-    const Texture b("two", "DEFAULT_TEXTURE");
-    EXPECT_NE(a, b);
-    EXPECT_EQ(Texture(a), a);
-    EXPECT_EQ(a.width, 0u);
-    TextureManager::SetQuality(2);
-    TextureManager::Shutdown();
 }
 
 }  // namespace

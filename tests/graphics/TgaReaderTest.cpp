@@ -71,19 +71,6 @@ TEST(TgaReader, RefusesEveryShorterFile) {
     }
 }
 
-TEST(TgaReader, RefusesWhatTheGeneralReaderTakes) {
-    const std::string body(4096, '\1');
-    EXPECT_TRUE(Reads(HeaderBytes({}) + body));
-    EXPECT_FALSE(Reads(HeaderBytes({.depth = 24}) + body));
-    EXPECT_FALSE(Reads(HeaderBytes({.width = 3, .height = 3}) + body));
-    EXPECT_FALSE(Reads(HeaderBytes({.width = 3}) + body));
-    EXPECT_FALSE(Reads(HeaderBytes({.height = 3}) + body));
-    EXPECT_FALSE(Reads(HeaderBytes({.type = 1}) + body));
-    EXPECT_FALSE(Reads(HeaderBytes({.type = 3}) + body));
-    EXPECT_FALSE(Reads(HeaderBytes({.colourMap = 1}) + body));
-    EXPECT_FALSE(Reads(HeaderBytes({.descriptor = 9}) + body));
-}
-
 TEST(TgaReader, TakesNoMemoryForSizesThatTheFileCannotFill) {
     // 16 GB of pixels announced, a few bytes given.
     EXPECT_FALSE(Reads(HeaderBytes({.width = 65535, .height = 65535}) + Counting()));

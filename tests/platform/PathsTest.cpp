@@ -121,17 +121,6 @@ TEST_F(Paths, WriteIntoTheWorkingDirectoryOnly) {
     EXPECT_FALSE(Platform::WritablePath("plain/x"));
 }
 
-TEST_F(Paths, ReplaceAFileAsAWhole) {
-    const fs::path file = work.Write("file", "a long old text");
-    ASSERT_TRUE(Platform::WriteWholeFile(file, "short", 5));
-    EXPECT_EQ(Contents(file), "short");
-    ASSERT_TRUE(Platform::WriteWholeFile(file, nullptr, 0));
-    EXPECT_EQ(Contents(file), "");
-    struct stat status {};
-    ASSERT_EQ(stat(file.c_str(), &status), 0);
-    EXPECT_NE(status.st_mode & S_IRUSR, 0u);
-}
-
 TEST_F(Paths, LeaveNothingBehindWhenAWriteFails) {
     fs::create_directories(work.path / "taken" / "inside");
     EXPECT_FALSE(Platform::WriteWholeFile(work.path / "taken", "x", 1));

@@ -159,13 +159,6 @@ TEST_F(LoadingSplashTest, StandsStillWithoutSettings) {
     EXPECT_GE(window.swaps, 2);
 }
 
-TEST_F(LoadingSplashTest, KeepsImagesThatTheLevelSharesWithIt) {
-    LoadingSplash::Start();
-    const Load load = LoadSomething("back.png");
-    LoadingSplash::Stop();
-    EXPECT_EQ(DrawLoaded(load), 0x0000FFu);
-}
-
 /// No second context to be had, as under drivers that don't share.
 class AloneWindow : public WatchedWindow {
 public:

@@ -66,15 +66,6 @@ TEST_F(TextWindowTest, LaysCellsOutInLines) {
     ExpectCell('\t', 42, 36, 16);
 }
 
-TEST_F(TextWindowTest, IsSharpAtEightPixels) {
-    font->DrawText("agMW8@#", 8, 8, 8, 1, 1, 1, 1);
-    int left = 8;
-    for (const char c : std::string("agMW8@#")) {
-        ExpectCell(static_cast<unsigned char>(c), left, 8, 8);
-        left += 8;
-    }
-}
-
 TEST_F(TextWindowTest, CentresAndRounds) {
     font->DrawTextCentred("ABCD", 0, 0, 104, 56, 16, 1, 1, 1, 1);
     ExpectCell('A', 20, 20, 16);
