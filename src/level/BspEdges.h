@@ -17,6 +17,6 @@ std::vector<BspSegment> Collect(std::list<LevelPolygon>& polygons);
 /// Takes away seams, joins edges in line and cuts overlaps, pair by pair in list order; then
 /// drops the edges that were only there to cut. Edges of polygons that triggers toggle stay
 /// as they are.
-std::vector<BspSegment> Clean(std::vector<BspSegment> edges);
+std::vector<BspSegment> Clean(const std::vector<BspSegment>& edges);
 
 }  // namespace BspEdges

@@ -169,6 +169,6 @@ BspSideTally BspSideCounter::CountRange(const BspSegment& splitter, std::size_t 
 
 double BspSideCounter::Cost(std::size_t edgeCount) {
     // What it takes to begin, and then either way of counting.
-    const double count = static_cast<double>(edgeCount);
+    const auto count = static_cast<double>(edgeCount);
     return 16.0 + (edgeCount < worthBoxes ? count : boxCost * std::sqrt(count));
 }

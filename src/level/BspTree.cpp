@@ -141,7 +141,7 @@ void BspTree::Build(std::list<LevelPolygon>& polygons) {
     if (edges.empty()) {
         return;
     }
-    edges = BspEdges::Clean(std::move(edges));
+    edges = BspEdges::Clean(edges);
     edgeCount = edges.size();
     nodes = BspBuilder::Build(std::move(edges));
     BspGrid::Prepare(nodes);
