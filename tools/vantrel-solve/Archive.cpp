@@ -12,6 +12,8 @@ constexpr float perLostDrop = 10.0f;
 constexpr float perSecond = 3.0f;
 /// What a try costs a situation's standing: so much farther back is as good as untried.
 constexpr float perTry = 8.0f;
+/// Loss upon loss says that the water is beyond saving, however near it is.
+constexpr float perLoss = 40.0f;
 constexpr float perTryInRegion = 0.25f;
 /// Copies that are better by less than this aren't worth the exchange.
 constexpr float worthExchange = 2.0f;
@@ -89,10 +91,23 @@ bool Archive::Take(Copies::Number copy, std::shared_ptr<const Leg> way) {
         }
         copies.Drop(there.copy);
         found.tries = there.tries / 2;
+        found.losses = there.losses / 2;
         there = found;
     }
     nearest = std::min(nearest, found.distance);
     return true;
+}
+
+float Archive::Standing(const Found& found) {
+    return Cost(found) + perTry * static_cast<float>(found.tries) +
+           perLoss * static_cast<float>(found.losses);
+}
+
+void Archive::NoteLoss(std::uint64_t kind) {
+    const auto there = byKind.find(kind);
+    if (there != byKind.end()) {
+        ++founds[there->second].losses;
+    }
 }
 
 Found& Archive::PickPromising(Dice& dice) {
@@ -100,7 +115,7 @@ Found& Archive::PickPromising(Dice& dice) {
     float least = 0.0f;
     for (Found& found : founds) {
         const float blur = static_cast<float>(-std::log(1.0 - dice.Unit())) * 25.0f;
-        const float standing = Cost(found) + perTry * static_cast<float>(found.tries) +
+        const float standing = Standing(found) +
                                perTryInRegion * static_cast<float>(triesInRegion[found.region]) +
                                blur;
         if (best == nullptr || standing < least) {
@@ -115,7 +130,8 @@ Found& Archive::PickRare(Dice& dice) {
     Found* best = nullptr;
     double most = 0.0;
     for (Found& found : founds) {
-        const double weight = 1.0 / ((1.0 + found.tries) * (1.0 + triesInRegion[found.region]));
+        const double weight =
+            1.0 / ((1.0 + found.tries + 2.0 * found.losses) * (1.0 + triesInRegion[found.region]));
         // The largest of these is drawn in proportion to its weight.
         const double draw = std::pow(std::max(dice.Unit(), 1.0e-9), 1.0 / (weight * 1000.0));
         if (best == nullptr || draw > most) {
@@ -148,7 +164,7 @@ void Archive::MakeRoom(std::size_t wanted) {
         std::size_t worst = 0;
         float most = -1.0f;
         for (std::size_t i = 0; i < founds.size(); ++i) {
-            const float standing = Cost(founds[i]) + perTry * static_cast<float>(founds[i].tries);
+            const float standing = Standing(founds[i]);
             if (standing > most) {
                 most = standing;
                 worst = i;

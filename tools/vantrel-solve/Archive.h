@@ -43,6 +43,7 @@ struct Found {
     std::uint64_t kind = 0;    ///< what makes it a situation of its own
     std::uint64_t region = 0;  ///< the same, much coarser
     std::uint32_t tries = 0;   ///< moves that began here
+    std::uint32_t losses = 0;  ///< of these, moves that lost water for good
 };
 
 class Archive {
@@ -54,6 +55,8 @@ public:
     bool Take(Copies::Number copy, std::shared_ptr<const Leg> way);
     /// The next to go on from; there must be one. Counts the try.
     Found& Pick(Dice& dice);
+    /// A move from a situation of this kind lost too much water.
+    void NoteLoss(std::uint64_t kind);
     /// Makes room for so many more copies by dropping the least promising.
     void MakeRoom(std::size_t wanted);
     /// Drops what can't beat a run of this length any more.
@@ -66,6 +69,7 @@ public:
     Found Describe(Copies::Number copy) const;
 
 private:
+    static float Standing(const Found& found);
     Found& PickPromising(Dice& dice);
     Found& PickRare(Dice& dice);
     void Remove(std::size_t index);

@@ -43,6 +43,7 @@ constexpr std::size_t movesPerRound = 24;
 
 struct Try {
     Copies::Number from = Copies::none;
+    std::uint64_t kind = 0;  ///< of the situation that it goes on from
     std::shared_ptr<const Leg> way;
     Move move;
     Copies::Number copy = Copies::none;
@@ -156,6 +157,7 @@ void Searcher::Judge(Archive& archive, Try& played) {
     ++result.moves;
     const Outcome& outcome = copies.Of(played.copy);
     if (outcome.lost) {
+        archive.NoteLoss(played.kind);
         copies.Drop(played.copy);
         return;
     }
@@ -174,7 +176,7 @@ void Searcher::PlayRound(Archive& archive) {
     std::vector<Try> tries;
     for (std::size_t i = 0; i < movesPerRound; ++i) {
         const Found& from = archive.Pick(dice);
-        tries.push_back({from.copy, from.way, ChooseMove(from)});
+        tries.push_back({from.copy, from.kind, from.way, ChooseMove(from)});
     }
     PlayAll(tries);
     for (Try& played : tries) {
