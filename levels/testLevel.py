@@ -1,13 +1,12 @@
 """Draws levels/testLevel.tmj: the cistern, the first level. Run it in this folder.
 
-The water starts high on the left and goes down in three storeys: a metal bowl and a plank
-ramp to the right, an awning and sand to the left, a slide and a long basin to the right again,
-into the finish at the lower right. The pump hall on the far left is only to look at: the level
-stands behind the main menu, with the water in its bowl.
+The water starts high on the left and goes down in four storeys: a metal bowl and a plank ramp
+to the right; an awning, sand and flagstones to the left; a slide, a long basin and a deck to the
+right; a chute, two hollows and the finish to the left. The pump hall on the far left is only to
+look at: the level stands behind the main menu, with the water in its bowl.
 """
 
-from kit import (BEAM, BRICK, CLOTH, METAL, PIPE, PLASTER, ROCK, RUST, SAND, SHADE, STONE, WALL,
-                 WOOD, Stage, box)
+from kit import BRASS, ROCK, STONE, WALL, Stage
 
 stage = Stage()
 solid = stage.solid
@@ -23,28 +22,27 @@ def mountain():
     solid([(-30, 60), (40, 60), (56, 150), (44, 240), (60, 250), (60, 276), (66, 480), (-30, 480)],
           "stone", STONE, name="pillar")
     solid([(-700, 500), (-480, 470), (-240, 494), (-30, 480), (66, 480), (84, 560), (62, 660),
-           (40, 760), (66, 860), (92, 960), (60, 1040), (60, 1060), (60, 1080), (70, 1400),
-           (-700, 1400)],
+           (40, 760), (66, 860), (92, 960), (60, 1040), (60, 1060), (60, 1080), (70, 1400), (70, 1470),
+           (100, 1550), (80, 1640), (84, 1780), (-700, 1790)],
           "stone", ROCK, name="left side")
-    solid([(1730, 44), (1960, 60), (2200, 40), (2200, 1400), (1752, 1400), (1760, 1300),
-           (1756, 1270), (1744, 1180), (1770, 1080), (1748, 960), (1760, 900), (1762, 860),
+    solid([(1730, 44), (1960, 60), (2200, 40), (2200, 1580), (1756, 1580), (1756, 1560),
+           (1770, 1490), (1748, 1400), (1764, 1290), (1744, 1180), (1770, 1080), (1748, 960), (1760, 900), (1762, 860),
            (1736, 740), (1756, 640), (1700, 540), (1740, 420), (1716, 300), (1756, 180)],
           "stone", ROCK, name="right side")
-    solid([(-700, 1400), (70, 1400), (420, 1352), (760, 1380), (940, 1362), (1076, 1348),
-           (1400, 1366), (1752, 1400), (2200, 1400), (2200, 1800), (-700, 1800)], "stone", ROCK,
-          name="ground")
+    solid([(-700, 1790), (84, 1780), (424, 1786), (644, 1778), (964, 1784), (1424, 1779),
+           (2200, 1790), (2200, 2300), (-700, 2300)], "stone", ROCK, name="ground")
 
 
 def first_storey():
     """To the right: over the bowl's rim, planks and stairs, into a funnel."""
     solid([(60, 250), (96, 250), (150, 322), (204, 352), (306, 352), (366, 326), (426, 292),
            (452, 290), (452, 312), (432, 314), (372, 348), (310, 374), (200, 374), (136, 342),
-           (84, 276), (60, 276)], "metal", METAL, name="start bowl")
+           (84, 276), (60, 276)], "metal", name="start bowl")
     solid([(60, 276), (84, 276), (136, 342), (200, 374), (310, 374), (372, 348), (432, 314),
            (452, 312), (564, 341), (676, 370), (788, 399), (900, 426), (896, 500), (760, 512),
            (600, 470), (452, 420), (340, 470), (180, 452), (66, 480)], "stone", ROCK,
           name="under bowl and planks")
-    stage.tiles(452, 290, 112, [0, 29, 58, 87, 114], 22, "wood", WOOD, "plank")
+    stage.tiles(452, 290, 112, [0, 29, 58, 87, 114], 22, "wood", name="plank")
     stage.tiles(900, 404, 60, [0, 26, 52, 78, 104, 130], 22, "stone", STONE, "stair")
     solid([(900, 426), (960, 452), (1020, 478), (1080, 504), (1140, 530), (1200, 556),
            (1196, 640), (1120, 650), (1000, 580), (896, 500)], "stone", ROCK,
@@ -52,65 +50,85 @@ def first_storey():
     solid([(820, 84), (1010, 48), (960, 170), (930, 236), (900, 246), (880, 180)], "stone", ROCK,
           name="hanging tooth")
     solid([(1200, 534), (1216, 534), (1300, 630), (1300, 712), (1284, 712), (1284, 640),
-           (1200, 556)], "metal", METAL, name="funnel, left")
+           (1200, 556)], "metal", name="funnel, left")
     solid([(1700, 540), (1718, 486), (1560, 540), (1412, 630), (1412, 712), (1428, 712),
-           (1428, 642), (1566, 560)], "metal", METAL, name="funnel, right")
+           (1428, 642), (1566, 560)], "metal", name="funnel, right")
 
 
 def second_storey():
     """To the left: an awning, sand that brakes, flagstones, and down the shaft."""
     solid([(1148, 742), (1172, 742), (1250, 786), (1340, 804), (1430, 794), (1520, 752),
            (1546, 752), (1546, 766), (1526, 768), (1436, 808), (1340, 818), (1246, 800),
-           (1166, 758), (1148, 758)], "cloth", CLOTH, name="awning")
-    solid([(760, 860), (830, 826), (900, 812), (900, 900), (760, 900)], "sand", SAND,
+           (1166, 758), (1148, 758)], "cloth", name="awning")
+    solid([(760, 860), (830, 826), (900, 812), (900, 900), (760, 900)], "sand",
           name="dune 1")
-    solid([(900, 812), (970, 820), (1040, 850), (1040, 900), (900, 900)], "sand", SAND,
+    solid([(900, 812), (970, 820), (1040, 850), (1040, 900), (900, 900)], "sand",
           name="dune 2")
-    solid([(1040, 850), (1100, 860), (1148, 858), (1148, 900), (1040, 900)], "sand", SAND,
+    solid([(1040, 850), (1100, 860), (1148, 858), (1148, 900), (1040, 900)], "sand",
           name="dune 3")
+    solid([(1148, 858), (1300, 903), (1148, 900)], "stone", name="way back on the dune")
     stage.tiles(460, 880, 60, [0, -14, -8, -24, -20, -20], 40, "stone", STONE, "paving")
     solid([(460, 920), (520, 906), (580, 912), (640, 896), (700, 900), (760, 900), (900, 900),
-           (1040, 900), (1148, 900), (1760, 900),
+           (1040, 900), (1148, 900), (1300, 903), (1760, 900),
            (1748, 960), (1560, 992), (1300, 968), (1100, 1004), (880, 974), (640, 1010),
            (470, 980)], "stone", ROCK, name="middle floor")
     solid([(560, 640), (800, 664), (980, 640), (1120, 690), (1080, 720), (900, 724), (700, 730),
            (580, 700)], "stone", ROCK, name="floating rock")
-    solid([(300, 640), (420, 672), (424, 690), (304, 658)], "wood", WOOD,
+    solid([(300, 640), (420, 672), (424, 690), (304, 658)], "wood",
           name="plank over the shaft")
 
 
 def third_storey():
-    """To the right again: a slide, a basin to be left by a swing, a deck, the finish."""
+    """To the right again: a slide, a basin to be left by a swing, a deck."""
     solid([(60, 1060), (84, 1060), (250, 1132), (400, 1176), (440, 1180), (440, 1198),
-           (396, 1196), (244, 1152), (60, 1080)], "metal", METAL, name="slide")
+           (396, 1196), (244, 1152), (60, 1080)], "metal", name="slide")
     solid([(60, 1080), (244, 1152), (396, 1196), (440, 1198), (470, 1240), (520, 1292),
            (600, 1320), (700, 1324), (790, 1290), (850, 1226), (880, 1200), (940, 1200),
            (940, 1362), (760, 1380), (420, 1352), (70, 1400)], "stone", STONE, name="long basin")
     solid([(940, 1200), (1010, 1196), (1080, 1204), (1080, 1230), (1076, 1348), (940, 1362)],
           "stone", STONE, name="basin wall")
-    stage.tiles(1080, 1204, 80, [0, 6, 12, 8, 16], 26, "wood", WOOD, "deck")
+    stage.tiles(1080, 1204, 80, [0, 6, 12, 8, 16], 26, "wood", name="deck")
     solid([(1080, 1230), (1160, 1236), (1240, 1242), (1320, 1238), (1400, 1246), (1400, 1366),
            (1076, 1348)], "stone", ROCK, name="under the deck")
-    solid([(1400, 1220), (1418, 1220), (1450, 1290), (1500, 1330), (1600, 1342), (1690, 1326),
-           (1756, 1270), (1760, 1300), (1752, 1400), (1400, 1366)], "metal", "img\\brass.png",
-          name="finish basin")
-    stage.finish(1450, 1230, 280, 110, basin=False)
+    solid([(70, 1400), (420, 1352), (760, 1380), (940, 1362), (1076, 1348), (1400, 1366),
+           (1396, 1430), (1200, 1452), (1000, 1430), (800, 1470), (600, 1446), (400, 1480),
+           (230, 1450), (70, 1470)], "stone", ROCK, name="lower ceiling")
+
+
+def fourth_storey():
+    """To the left: a chute, a hollow of stone, planks, a hollow of sand, the finish."""
+    solid([(1756, 1560), (1640, 1590), (1500, 1628), (1420, 1640), (1420, 1656), (1496, 1646),
+           (1640, 1608), (1756, 1580)], "metal", name="chute")
+    solid([(1756, 1580), (1640, 1608), (1496, 1646), (1420, 1656), (1424, 1779), (2200, 1790),
+           (2200, 1580)], "stone", ROCK, name="under the chute")
+    solid([(1420, 1640), (1340, 1690), (1260, 1716), (1180, 1716), (1110, 1684), (1050, 1640),
+           (1020, 1632), (960, 1632), (960, 1656), (964, 1784), (1424, 1779), (1420, 1656)],
+          "stone", STONE, name="hollow of stone")
+    stage.tiles(640, 1632, 80, [44, 33, 22, 11, 0], 24, "wood", name="walk")
+    solid([(640, 1700), (720, 1689), (800, 1678), (880, 1667), (960, 1656), (964, 1784),
+           (644, 1778)], "stone", ROCK, name="under the walk")
+    solid([(640, 1676), (600, 1704), (540, 1716), (480, 1704), (440, 1672), (420, 1664),
+           (424, 1786), (644, 1778), (640, 1700)], "sand", name="hollow of sand")
+    solid([(420, 1664), (404, 1664), (376, 1716), (330, 1744), (230, 1750), (150, 1724),
+           (80, 1640), (84, 1780), (424, 1786)], "metal", BRASS, name="finish basin")
+    stage.finish(120, 1650, 280, 100, basin=False)
 
 
 def check_points():
     stage.check_point(1240, 560, 240, 150)
-    stage.check_point(110, 900, 300, 180)
+    stage.check_point(90, 920, 330, 150)
+    stage.check_point(1440, 1440, 250, 150)
 
 
 def far_walls():
     """Layer 0: masonry with arches and windows let into it."""
-    stage.backdrop(WALL, -700, -100, 2200, 1600)
-    for x, y in ((620, 150), (1060, 150), (1500, 150), (180, 590), (620, 740), (1500, 620),
-                 (300, 1010), (1060, 1020), (-250, 150), (-480, 150)):
+    stage.backdrop(WALL, -700, -100, 2200, 2000)
+    for x, y in ((620, 150), (1060, 150), (1500, 150), (120, 580), (620, 740), (1500, 620),
+                 (300, 1010), (1060, 1020), (-250, 150), (-480, 150), (1180, 1470), (480, 1490)):
         stage.arch(x, y, 180, 260)
-    for x, y in ((330, 170), (1280, 260), (880, 330), (960, 1110), (660, 1110)):
+    for x, y in ((330, 170), (1350, 160), (880, 330), (850, 1150), (560, 1140), (1580, 1180),
+                 (830, 1560)):
         stage.thing(x, y, "window", layer=0)
-    stage.scenery(0, box(66, 480, 460, 620), SHADE, name="under the bowl")
 
 
 def pipes():
@@ -122,6 +140,8 @@ def pipes():
     stage.pipe([(-130, 300), (-130, 490)])
     stage.pipe([(-440, 300), (-440, 480)])
     stage.pipe([(1168, 1100), (1392, 1100), (1392, 1000)])
+    stage.pipe([(1712, 960), (1712, 1520)])
+    stage.pipe([(1000, 1430), (1000, 1520), (680, 1520), (680, 1450)])
 
 
 def timber():
@@ -153,15 +173,20 @@ def machines():
     stage.wheel(272, 730)
     stage.gauge(440, 760)
     stage.wheel(1392, 1096)
+    stage.wheel(680, 1516)
+    stage.gauge(860, 1500)
     stage.gear(1600, 380, big=True)
+    stage.gear(1560, 1420, big=True)
+    stage.gear(1450, 1364)
     stage.hum(1600, 380, 320, "gears")
 
 
 def lights():
-    for x, y in ((-60, 250), (200, 96), (560, 140), (760, 150), (1000, 260), (1340, 470), (560, 580), (1000, 780),
-                 (180, 820), (640, 1120), (1200, 1160), (1480, 1150)):
+    for x, y in ((-60, 250), (200, 96), (560, 140), (760, 150), (1000, 260), (1340, 470),
+                 (520, 560), (1000, 780), (180, 820), (690, 1120), (1220, 1000), (1480, 1150),
+                 (1660, 1440), (1100, 1500), (340, 1540)):
         stage.lamp(x, y)
-    for x, y in ((-360, 90), (880, 620)):
+    for x, y in ((-360, 90), (880, 610), (200, 1000), (640, 1560)):
         stage.lantern(x, y)
 
 
@@ -169,11 +194,13 @@ def life():
     """Drips, mist, growth and what people left behind."""
     for x, y in ((300, 58), (896, 248), (1380, 98), (700, 732), (1100, 1004), (-180, 40)):
         stage.drip(x, y)
-    stage.mist(560, 1290)
-    stage.mist(250, 330)
+    stage.mist(640, 1270)
     stage.mist(1340, 880)
     stage.steam_leak(720, 196, (1, -0.4))
-    stage.hum(1600, 1300, 420, "surf")
+    stage.hum(260, 1700, 420, "surf")
+    stage.mist(560, 1690)
+    stage.drip(1200, 1452)
+    stage.moss([(1000, 1430), (800, 1470), (600, 1446), (400, 1480), (230, 1450)])
     stage.moss([(66, 480), (180, 452), (340, 470), (452, 420)])
     stage.moss([(896, 500), (1000, 580), (1120, 650), (1196, 640)])
     stage.moss([(580, 700), (700, 730), (900, 724), (1080, 720)])
@@ -196,26 +223,26 @@ def life():
 
 
 def signs():
-    """Arrows on the wall, where the way turns."""
-    stage.arrow(510, 250, "right")
-    stage.arrow(1090, 400, "right")
-    stage.arrow(1356, 600, "down")
-    stage.arrow(1080, 800, "left")
-    stage.arrow(520, 830, "left")
-    stage.arrow(250, 1050, "right")
-    stage.arrow(980, 1140, "right")
+    """Arrows on the wall, where the way turns; the view widens where it goes on unseen."""
+    for x, y, way in ((512, 262, "right"), (1140, 420, "right"), (1356, 520, "down"),
+                      (1090, 780, "left"), (520, 830, "left"), (330, 1090, "right"),
+                      (1000, 1130, "right"), (1470, 1110, "down"), (1360, 1570, "left"),
+                      (980, 1580, "left"), (460, 1620, "left")):
+        stage.arrow(x, y, way)
+    stage.zoom((420, 800, 60, 100))
+    stage.zoom((1404, 1120, 60, 120))
 
 
 def before():
     """Layer 4: dark rocks near the eye."""
-    stage.foreground([(-700, 1330), (-60, 1372), (160, 1430), (420, 1420), (760, 1452),
-                      (1080, 1420), (1400, 1440), (1700, 1430), (2200, 1340), (2200, 1800),
-                      (-700, 1800)])
-    stage.foreground([(-700, -400), (2200, -400), (2200, -40), (1700, -8), (1300, 24), (900, -12),
-                      (500, 10), (100, -14), (-300, 6), (-700, -30)])
-    stage.foreground([(-1000, -400), (-540, -400), (-590, 100), (-560, 440), (-420, 540),
-                      (-150, 560), (-20, 640), (4, 760), (-24, 1100), (-6, 1500), (-1000, 1800)])
-    stage.foreground([(1812, -400), (2200, -400), (2200, 1800), (1820, 1500), (1840, 1000),
+    stage.foreground([(-1200, 1760), (-60, 1780), (160, 1830), (420, 1812), (760, 1846),
+                      (1080, 1816), (1400, 1836), (1700, 1820), (2900, 1760), (2900, 2900),
+                      (-1200, 2900)])
+    stage.foreground([(-1200, -1200), (2900, -1200), (2900, -40), (1700, -8), (1300, 24), (900, -12),
+                      (500, 10), (100, -14), (-300, 6), (-1200, -30)])
+    stage.foreground([(-2200, -400), (-540, -400), (-590, 100), (-560, 440), (-420, 540),
+                      (-150, 560), (-20, 640), (4, 760), (-24, 1100), (-6, 1500), (20, 1900), (-2200, 2300)])
+    stage.foreground([(1812, -400), (2900, -400), (2900, 2300), (1830, 1900), (1820, 1500), (1840, 1000),
                       (1806, 600), (1830, 200)])
 
 
@@ -229,8 +256,9 @@ mountain()
 first_storey()
 second_storey()
 third_storey()
+fourth_storey()
 check_points()
 life()
 before()
-stage.start(240, 180, camera=(1560, 1240))
+stage.start(240, 180, camera=(300, 1640))
 stage.save("testLevel.tmj")
