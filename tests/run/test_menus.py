@@ -13,6 +13,9 @@ import tempfile
 import time
 import unittest
 
+import numpy
+from PIL import Image
+
 from game_driver import BUTTON_DELAY, ROOT, Driver, difference, wait_for, x
 
 sys.path.insert(0, os.path.join(ROOT, "levels"))
@@ -23,7 +26,15 @@ PROGRAM = sys.argv.pop(1)
 # A device that plays to nobody, so that the music's volume means something.
 os.environ.setdefault("ALSOFT_DRIVERS", "null")
 
-NOWHERE = (30, 330)  # in menu units; no menu has a widget there
+# In menu units; no menu has a widget there. Going from one to the other, the pointer tells that
+# the game has taken what came before, and painted.
+NOWHERE = ((30, 330), (30, 380))
+# Mean difference of two pictures of one menu at most: its buttons are never still (0.9). The
+# two questions differ by 2, all others by 6 and more.
+SAME = 1.5
+# Places of the level's end: the plate above, and what counts up.
+PLATE = numpy.s_[30:86, 260:710]
+COUNTERS = numpy.s_[130:450, 220:]
 NO_SCORES = b"\x0f\x23\x31\x12" + (b"NO NAME".ljust(24, b"\0") + b"\0" * 4) * 10
 
 
@@ -54,35 +65,71 @@ class MenuDriver(Driver):
     def __init__(self, *arguments, **options):
         super().__init__(PROGRAM, *arguments, menu=True, **options)
         self.portraits = {}
+        self.nowhere = NOWHERE[0]
         # While the game loads, keys wait: what answers is a game that runs.
         self.toggle_console()
         self.command("ready", "UNKNOWN COMMAND")
         self.toggle_console()
 
-    def press(self, menu, button):
-        self.click(*middle(menu, button + "Button"))
+    def press(self, menu, button, to=None):
+        """Clicks a button and waits for what it brings: the menu `to` if that is known."""
+        self.point(*middle(menu, button + "Button"))
+        time.sleep(0.1)
+        x("click", 1)
+        self.await_menu(to)
 
-    def keys(self, *names, wait=BUTTON_DELAY):
+    def leave(self):
+        """By the question's yes; the exit status."""
+        self.point(*middle(6, "yesButton"))
+        time.sleep(0.1)
+        x("click", 1)
+        return self.process.wait(timeout=20)
+
+    def keys(self, *names, to=None):
         # The first key of a menu only wakes the keyboard's focus up.
         x("key", "--delay", 40, *names)
-        time.sleep(wait)
+        self.await_menu(to)
+
+    def await_menu(self, menu):
+        if menu == 0:
+            self.point(*self.nowhere)
+            time.sleep(BUTTON_DELAY)
+            wait_for(lambda: not self.has_pointer(), "play")
+        elif menu in self.portraits:
+            wait_for(lambda: self.shows(menu), f"menu {menu}")
+        else:
+            self.look()
+            time.sleep(BUTTON_DELAY)
+            self.look()
+
+    def has_pointer(self):
+        """Whether a bright drop hangs where the pointer was sent: menus alone have one."""
+        left, top = self.nowhere
+        red, _, blue = numpy.moveaxis(self.picture()[top:top + 32, left:left + 32], 2, 0)
+        return ((blue > 150) & (blue > red + 50)).sum() > 40
 
     def look(self):
-        self.point(*NOWHERE)
-        time.sleep(0.15)
+        """A picture of the menu that shows, with the pointer out of the way."""
+        self.nowhere = NOWHERE[self.nowhere == NOWHERE[0]]
+
+        def goes_there():
+            self.point(*self.nowhere)  # again, as a game in play holds it in the middle
+            return self.has_pointer()
+
+        wait_for(goes_there, "the pointer")
         return self.picture()
 
     def portray(self, menu):
         """Keeps the look of the menu that shows; it is to be unlike all others."""
-        picture = self.look()
+        self.look()
+        time.sleep(0.7)  # until no button shows that the pointer was there
+        picture = self.picture()
         for other, portrait in self.portraits.items():
-            assert difference(picture, portrait) > 0.3, f"menu {menu} looks like {other}"
+            assert difference(picture, portrait) > SAME, f"menu {menu} looks like {other}"
         self.portraits[menu] = picture
 
-    def menu(self):
-        """The menu that shows."""
-        picture = self.look()
-        return min(self.portraits, key=lambda menu: difference(picture, self.portraits[menu]))
+    def shows(self, menu):
+        return difference(self.look(), self.portraits[menu]) < SAME
 
 
 class Graph(unittest.TestCase):
@@ -92,9 +139,6 @@ class Graph(unittest.TestCase):
         self.game = MenuDriver("-MAP", "none")
         self.addCleanup(self.game.close)
 
-    def expect(self, menu):
-        self.assertEqual(self.game.menu(), menu)
-
     def test_every_arrow_by_mouse_and_by_keys(self):
         game = self.game
         game.portray(1)
@@ -102,52 +146,40 @@ class Graph(unittest.TestCase):
         for button, menu in sub_menus.items():
             game.press(1, button)
             game.portray(menu)
-            game.press(menu, "back")
-            self.expect(1)
+            game.press(menu, "back", to=1)
         game.press(1, "quit")
         game.portray(6)
-        game.press(6, "no")
-        self.expect(1)
-        game.press(1, "start")
-        game.portray(0)
+        game.press(6, "no", to=1)
+        game.press(1, "start", to=0)
         x("key", "Escape")
         game.portray(2)
         game.press(2, "restart")
         game.portray(10)
-        game.press(10, "no")
-        self.expect(2)
+        game.press(10, "no", to=2)
         for button, menu in {**sub_menus, "quit": 6}.items():
-            game.press(2, button)
-            self.expect(menu)
-            x("key", "Escape")
-            self.expect(2)
-        game.press(2, "continue")
-        self.expect(0)
+            game.press(2, button, to=menu)
+            game.keys("Escape", to=2)
+        game.press(2, "continue", to=0)
 
         self.by_keys(sub_menus)
 
     def by_keys(self, sub_menus):
         game = self.game
-        x("key", "Escape")
-        self.expect(2)
-        game.keys("Return", "Return")
-        self.expect(0)
-        x("key", "Escape")
+        game.keys("Escape", to=2)
+        game.keys("Return", "Return", to=0)
+        game.keys("Escape", to=2)
         places = ["restart", "load", "options", "instructions", "highScores", "credits", "quit"]
         for place, button in enumerate(places, 1):
-            game.keys("space", *["Down"] * place, "Return")
-            self.expect({"restart": 10, "quit": 6, **sub_menus}[button])
+            game.keys("space", *["Down"] * place, "Return",
+                      to={"restart": 10, "quit": 6, **sub_menus}[button])
             # Back by the button, which has the focus; the no of a question likewise.
-            game.keys("Tab", "space")
-            self.expect(2)
+            game.keys("Tab", "space", to=2)
         # From the quit button up is two steps.
-        game.keys("Tab", *["Tab"] * 7, "Up", "Return")
-        self.expect(4)
-        x("key", "Escape")
+        game.keys("Tab", *["Tab"] * 7, "Up", "Return", to=4)
+        game.keys("Escape", to=2)
         # Yes leaves the program: left of no.
-        game.keys("Tab", *["Tab"] * 7, "Return")
-        self.expect(6)
-        game.keys("Tab", "Left", "Right", "Left", "Return", wait=0)
+        game.keys("Tab", *["Tab"] * 7, "Return", to=6)
+        x("key", "--delay", 40, "Tab", "Left", "Right", "Left", "Return")
         self.assertEqual(game.process.wait(timeout=20), 0)
 
     def test_escape_on_the_main_menu_asks(self):
@@ -155,11 +187,9 @@ class Graph(unittest.TestCase):
         game.portray(1)
         x("key", "Escape")
         game.portray(6)
-        x("key", "Escape")
-        self.expect(1)
-        x("key", "Escape")
-        game.press(6, "yes")
-        self.assertEqual(game.process.wait(timeout=20), 0)
+        game.keys("Escape", to=1)
+        game.keys("Escape", to=6)
+        self.assertEqual(game.leave(), 0)
 
 
 class WithHome(unittest.TestCase):
@@ -215,108 +245,126 @@ class Options(WithHome):
 
 
 class LevelsAndScores(WithHome):
-    """A level that ends as soon as it is played, beside the ones that ship."""
+    """Two levels of the player's own, first in the list: one that ends as soon as it is played,
+    and one without an end."""
 
     def setUp(self):
         super().setUp()
         os.mkdir(os.path.join(self.home, "lev"))
-        os.mkdir(os.path.join(self.home, "cfg"))
-        level = Map()
-        for box in ((-200, 200, 400, 40), (-200, 0, 40, 200), (160, 0, 40, 200)):
-            level.rectangle(*box, "stone")
-        level.trigger("Level_end_a", (-160, -200, 320, 400))
-        level.water_start(0, 0)
-        level.camera_start(0, 0)
-        source = os.path.join(self.home, "a.tmj")
-        level.save(source)
-        subprocess.run([LEVEL_TOOL, "compile", source, "-o",
-                        os.path.join(self.home, "lev", "aFirst.swah")], check=True, timeout=30)
-        changed = dict(settings("game.cfg"), finishAnimationTime="0.3")
-        with open(os.path.join(self.home, "cfg", "game.cfg"), "w", encoding="ascii") as file:
-            file.write("\n".join(f"{key} {value}" for key, value in changed.items()) + "\n")
+        for name in ("00", "00b"):
+            level = Map()
+            for box in ((-200, 200, 400, 40), (-200, 0, 40, 200), (160, 0, 40, 200)):
+                level.rectangle(*box, "stone")
+            if name == "00":
+                level.trigger("Level_end_a", (-160, -200, 320, 400))
+            level.water_start(0, 0)
+            level.camera_start(0, 0)
+            source = os.path.join(self.home, name + ".tmj")
+            level.save(source)
+            subprocess.run([LEVEL_TOOL, "compile", source, "-o",
+                            os.path.join(self.home, "lev", name + ".swah")], check=True,
+                           timeout=30)
+        self.change("game.cfg", finishAnimationTime="0.3")
+        with Image.open(os.path.join(ROOT, "data", "img", "menu", "background.png")) as image:
+            self.plate = numpy.asarray(image.convert("RGB")).astype(int)[PLATE]
+
+    def change(self, name, **values):
+        """A cfg file of the player's own, with other values."""
+        os.makedirs(os.path.join(self.home, "cfg"), exist_ok=True)
+        with open(os.path.join(self.home, "cfg", name), "w", encoding="ascii") as file:
+            file.write("\n".join(f"{key} {value}" for key, value in
+                                 dict(settings(name), **values).items()) + "\n")
 
     def scores(self):
         with open(os.path.join(self.home, "sav", "scores.sav"), "rb") as file:
             return file.read()
 
-    def finish(self, game):
-        """Waits for the counters to come to rest. They stand right of the water's column, above
-        the button, which never rests."""
-        def counters():
-            return game.look()[130:450, 220:]
+    def await_end(self, game):
+        wait_for(lambda: difference(game.picture()[PLATE], self.plate) < 5, "the level's end")
 
-        def rests():
-            first = counters()
-            time.sleep(0.4)
-            return difference(first, counters()) < 0.02
+    def await_level(self, game, press):
+        before = game.log().count("Game initialisation")
+        press()
+        wait_for(lambda: game.log().count("Game initialisation") > before, "the other level")
 
-        wait_for(lambda: not rests(), "the counters to begin")
-        wait_for(rests, "the counters to end")
-
-    def test_a_level_is_chosen_finished_and_scored_by_mouse(self):
-        game = self.run_game()
-        game.toggle_console()
-        game.command("Map", "Map is lev\\testLevel.swah")
-        game.toggle_console()
-        game.press(1, "load")
-        game.press(7, "load")  # the first in the list
-        wait_for(lambda: game.log().count("Game initialisation") == 2, "the other level")
-        game.toggle_console()
-        game.command("Map", "Map is lev\\aFirst.swah")
-        game.toggle_console()
+    def test_by_mouse_from_a_level_left_to_a_name_in_the_table(self):
+        game = self.run_game("-MAP", "lev\\00b.swah")
         game.portray(1)
-        game.press(1, "start")
-        self.finish(game)
+        game.press(1, "start", to=0)
+        x("click", 3)
+        game.look()
+        game.press(2, "restart")
+        game.press(10, "yes", to=0)
+        x("click", 3)
+        game.look()
+        game.press(2, "load")
+        self.await_level(game, lambda: game.press(7, "load", to=1))  # the first in the list
+        game.toggle_console()
+        game.command("Map", "Map is lev\\00.swah")
+        game.toggle_console()
+        game.press(1, "start", to=0)
+        self.await_end(game)
+        self.await_counters(game)
         game.portray(9)
         x("key", "Escape")
-        time.sleep(0.3)
-        self.assertEqual(game.menu(), 9, "there is no way back into a finished level")
+        game.look()
+        self.assertTrue(game.shows(9), "there is no way back into a finished level")
         game.press(9, "continue")
         # The name; the button stands where it was, and is pressed by mouse.
         x("type", "--delay", 60, "Ada-Xy_ 1")
         for key in ("BackSpace", "BackSpace", "BackSpace", "F1"):
             x("key", key)
         # The pointer has to come to the button anew.
-        game.look()
         game.press(9, "continue")
-        time.sleep(1)
         game.portray(4)
-        x("key", "Escape")
-        time.sleep(0.3)
+        game.press(4, "back", to=1)
         self.assertFalse(os.path.exists(os.path.join(self.home, "sav")), "saved before the end")
-        # Only from the main menu does this lead to the question.
-        x("key", "Escape")
-        game.press(6, "yes")
-        self.assertEqual(game.process.wait(timeout=20), 0)
+        game.press(1, "quit")
+        self.assertEqual(game.leave(), 0)
         # 128 drops in no time: 64,000 and 436,000.
         self.assertEqual(self.scores(), NO_SCORES[:4] + row("AdaX", 500000) + NO_SCORES[4:-28])
 
-    def test_a_level_is_played_restarted_and_scored_by_keys(self):
-        game = self.run_game("-MAP", "lev\\aFirst.swah", settings={
-            "sav/scores.sav": "foreign"})
-        game.look()
+    def await_counters(self, game):
+        """They count for some seconds and come to rest."""
+        def rest():
+            first = game.picture()[COUNTERS]
+            time.sleep(0.4)
+            return difference(first, game.picture()[COUNTERS]) < 0.02
+
+        begin = time.time()
+        wait_for(rest, "the counters to end")
+        self.assertGreater(time.time() - begin, 5, "three counters, one after the other")
+
+    def test_by_keys_from_a_level_left_to_names_in_the_table(self):
+        self.change("menu_levelFinished.cfg", waterRampUpTime="0.1", timeRampUpTime="0.1",
+                    totalRampUpTime="0.1")
+        game = self.run_game("-MAP", "lev\\00b.swah", settings={"sav/scores.sav": "foreign"})
         game.portray(1)
-        game.keys("Tab", "Return")
-        self.finish(game)
-        game.keys("Tab", "space")
-        x("type", "--delay", 60, "abcdefghijklmnopqrstuvw")
-        game.keys("Return", wait=1.5)
-        game.portray(4)
-        game.keys("Tab", "Return")
-        # The level has begun again; this time it is left for the restart menu and back.
-        game.keys("Tab", "Return", wait=0.95)
-        x("key", "p")  # before the water is there
-        time.sleep(0.2)
+        game.keys("Tab", "Return", to=0)
+        x("key", "p")
         x("key", "Escape")
         game.portray(2)
         game.keys("Tab", "Down", "Return")
         game.portray(10)
-        game.keys("Tab", "Left", "Return")
-        x("key", "p")
-        self.finish(game)
+        game.keys("Tab", "Left", "Return", to=0)
+        x("key", "p")  # a restart leaves the game paused
+        x("key", "Escape")
+        game.look()
+        game.keys("Tab", "Down", "Down", "Return")
+        self.await_level(game, lambda: game.keys("Tab", "Up", "Return", to=1))
+        game.keys("Tab", "Return", to=0)
+        self.await_end(game)
+        game.keys("Tab", "space", "space")  # the second press is one too many
+        x("type", "--delay", 60, "abcdefghijklmnopqrstuvw")
+        game.keys("Return")
+        game.portray(4)
+        game.keys("Tab", "Return", to=1)
+        # The level has begun again.
+        game.keys("Tab", "Return", to=0)
+        self.await_end(game)
         game.keys("Tab", "space")
         x("type", "--delay", 60, "two")
-        game.keys("Escape", wait=1.5)
+        game.keys("Escape")
         self.assertEqual(game.close(), 0)
         self.assertEqual(self.scores(), NO_SCORES[:4] + row("abcdefghijklmnopqrst", 500000) +
                          row("two", 500000) + NO_SCORES[4:-56])
