@@ -3,7 +3,7 @@
 The water starts high on the left and goes down in four storeys: a metal bowl and a plank ramp
 to the right; an awning, sand and flagstones to the left; a slide, a long basin and a deck to the
 right; a chute, two hollows and the finish to the left. The pump hall on the far left is only to
-look at: the level stands behind the main menu, with the water in its bowl.
+look at: hall and start stand behind the main menu, left and right of its buttons.
 """
 
 from kit import BRASS, ROCK, STONE, WALL, Stage
@@ -138,7 +138,6 @@ def pipes():
     stage.pipe([(272, 470), (272, 780), (620, 780), (620, 890)])
     stage.pipe([(1648, 560), (1648, 900)])
     stage.pipe([(-130, 300), (-130, 490)])
-    stage.pipe([(-440, 300), (-440, 480)])
     stage.pipe([(1168, 1100), (1392, 1100), (1392, 1000)])
     stage.pipe([(1712, 960), (1712, 1520)])
     stage.pipe([(1000, 1430), (1000, 1520), (680, 1520), (680, 1450)])
@@ -161,12 +160,12 @@ def machines():
     stage.gear(-300, 300, big=True)
     stage.gear(-184, 388)
     stage.gear(-390, 196)
-    stage.playing(-560, 300, "fan")
+    stage.playing(-472, 330, "fan")
     stage.hum(-300, 300, 460, "gears")
     stage.wheel(-128, 316)
     stage.wheel(496, 216)
     stage.gauge(610, 186)
-    stage.gauge(-440, 400)
+    stage.gauge(-400, 108)
     stage.valve(-130, 120)
     stage.valve(1400, 240)
     stage.gauge(1260, 226)
@@ -186,7 +185,7 @@ def lights():
                  (520, 560), (1000, 780), (180, 820), (690, 1120), (1220, 1000), (1480, 1150),
                  (1660, 1440), (1100, 1500), (340, 1540)):
         stage.lamp(x, y)
-    for x, y in ((-360, 90), (880, 610), (200, 1000), (640, 1560)):
+    for x, y in ((-330, 150), (880, 610), (200, 1000), (640, 1560)):
         stage.lantern(x, y)
 
 
@@ -224,7 +223,7 @@ def life():
 
 def signs():
     """Arrows on the wall, where the way turns; the view widens where it goes on unseen."""
-    for x, y, way in ((512, 262, "right"), (1140, 420, "right"), (1356, 520, "down"),
+    for x, y, way in ((590, 276, "right"), (1140, 420, "right"), (1356, 520, "down"),
                       (1090, 780, "left"), (520, 830, "left"), (330, 1090, "right"),
                       (1000, 1130, "right"), (1470, 1110, "down"), (1360, 1570, "left"),
                       (980, 1580, "left"), (460, 1620, "left")):
@@ -260,5 +259,5 @@ fourth_storey()
 check_points()
 life()
 before()
-stage.start(240, 180, camera=(300, 1640))
+stage.start(240, 180, camera=(0, 270))
 stage.save("testLevel.tmj")
