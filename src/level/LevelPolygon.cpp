@@ -17,6 +17,39 @@ std::uint64_t PointKey(Vector2 p) {
     return x << 32 | y;
 }
 
+/// Whether the side that begins at point i crosses one of those before it.
+bool CrossesEarlierSide(std::span<const Vector2> points, std::size_t i) {
+    for (std::size_t k = 0; k < i; ++k) {
+        if (SegmentsCross(points[k], points[k + 1], points[i], points[i + 1]) ||
+            SegmentsCross(points[i], points[i + 1], points[k], points[k + 1])) {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool ClosingSideCrosses(std::span<const Vector2> points) {
+    for (std::size_t i = 0; i + 1 < points.size(); ++i) {
+        if (SegmentsCross(points[i], points[i + 1], points.back(), points.front())) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// How many points, from the first on, make the longest outline that isn't invalid. A crossing
+/// of two sides stays whatever follows; the closing side is another one with each point.
+std::size_t ValidBeginning(std::span<const Vector2> points) {
+    std::size_t count = 3;
+    while (count < points.size() && !CrossesEarlierSide(points, count - 1)) {
+        ++count;
+    }
+    while (count > 3 && ClosingSideCrosses(points.first(count))) {
+        --count;
+    }
+    return count;
+}
+
 }  // namespace
 
 void LevelPolygon::AddPoint(float x, float y) {
@@ -43,9 +76,29 @@ void LevelPolygon::AddPoints(std::span<const Vector2> points) {
             pointsY.push_back(point.y);
         }
     }
-    if (PointCount() != before) {
-        Triangulate(1);
+    if (PointCount() == before) {
+        return;
     }
+    Triangulate(1);
+    if (PointCount() > 3 && PointCount() <= windingLimit && IsInvalid()) {
+        KeepWindingOfBeginning(before);
+    }
+}
+
+void LevelPolygon::KeepWindingOfBeginning(std::size_t before) {
+    std::vector<Vector2> points(PointCount());
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        points[i] = Point(i);
+    }
+    const auto count = static_cast<std::ptrdiff_t>(ValidBeginning(points));
+    if (count <= static_cast<std::ptrdiff_t>(before)) {
+        return;
+    }
+    LevelPolygon beginning;
+    beginning.pointsX.assign(pointsX.begin(), pointsX.begin() + count);
+    beginning.pointsY.assign(pointsY.begin(), pointsY.begin() + count);
+    beginning.Triangulate(1);
+    winding = beginning.winding;
 }
 
 void LevelPolygon::SetFriction(float value) {

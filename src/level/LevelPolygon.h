@@ -14,7 +14,9 @@ class LevelPolygon {
 public:
     /// Adds a point and triangulates again. A point equal to an earlier one is dropped.
     void AddPoint(float x, float y);
-    /// Adds many points as AddPoint would one by one, and triangulates once.
+    /// Adds many points and triangulates once, with the outcome of AddPoint for each. That goes
+    /// for the winding of an outline that crosses itself too, which is that of the longest valid
+    /// beginning; but outlines of more than `windingLimit` points keep the winding they had.
     void AddPoints(std::span<const Vector2> points);
     /// Stores the fraction of speed that survives one second of contact, held in 0..1.
     void SetFriction(float value);
@@ -50,4 +52,10 @@ public:
     std::vector<float> triangleNormalX;  ///< of the side from corner c to corner c + 1
     std::vector<float> triangleNormalY;
     std::uint32_t layer = 0;  ///< 0 to 4
+
+private:
+    /// Of points; the search for a valid beginning compares all pairs of sides.
+    static constexpr std::size_t windingLimit = 3000;
+
+    void KeepWindingOfBeginning(std::size_t before);
 };

@@ -114,6 +114,25 @@ TEST(LevelPolygon, DropsRepeatedPoints) {
     EXPECT_EQ(atOnce.triangleCount, 2u);
 }
 
+TEST(LevelPolygon, FindsTheWindingOfPointsAddedOneByOneEvenIfTheyCross) {
+    std::mt19937 random(3);
+    std::uniform_int_distribution<int> coordinate(0, 19);
+    int windings[2] = {};
+    for (int run = 0; run < 300; ++run) {
+        Outline outline;
+        LevelPolygon oneByOne;
+        for (int i = 0; i < 4 + run % 6; ++i) {
+            const int x = coordinate(random);
+            outline.push_back(Whole(x, coordinate(random)));
+            oneByOne.AddPoint(outline.back().x, outline.back().y);
+        }
+        ASSERT_EQ(Make(outline).winding, oneByOne.winding) << run;
+        windings[oneByOne.winding] += oneByOne.IsInvalid() ? 1 : 0;
+    }
+    EXPECT_GT(windings[0], 50);
+    EXPECT_GT(windings[1], 50);
+}
+
 TEST(LevelPolygon, HasNoTrianglesWithoutAnArea) {
     EXPECT_EQ(Make({}).triangleCount, 0u);
     EXPECT_TRUE(Make({{0, 0}, {5, 5}}).IsInvalid());
