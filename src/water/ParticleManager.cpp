@@ -36,7 +36,7 @@ Iterator Erase(Iterator particle) {
 }
 
 void DropUnreasonable() {
-    for (Iterator it = particles.begin(); it != particles.end();) {
+    for (auto it = particles.begin(); it != particles.end();) {
         const bool drop =
             IsBeyondReason(it->position, it->velocity, it->pushVelocity, it->temperature);
         it = drop ? Erase(it) : std::next(it);
@@ -127,7 +127,7 @@ void Step(float dt) {
     const WaterStep step(dt);
     DropUnreasonable();
     ParticleGrid::FillFrom(particles);
-    for (Iterator it = particles.begin(); it != particles.end();) {
+    for (auto it = particles.begin(); it != particles.end();) {
         it = StepParticle(*it, step, dt) ? std::next(it) : Erase(it);
     }
     ParticleMover::Cohere(dt);
