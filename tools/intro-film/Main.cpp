@@ -4,14 +4,12 @@
 // (to 15). It needs a display and the level that art/intro/level.py draws.
 //   intro-film LEVEL
 
-#include <GL/gl.h>
-
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <string>
-#include <vector>
 
+#include "PictureWindow.h"
 #include "actors/Camera.h"
 #include "actors/LevelObjectsManager.h"
 #include "engine/Presentation.h"
@@ -21,7 +19,6 @@
 #include "graphics/GLWindow.h"
 #include "graphics/TextureManager.h"
 #include "menus/MenuManager.h"
-#include "platform/GlfwWindow.h"
 #include "platform/Paths.h"
 #include "water/FxParticleManager.h"
 #include "water/GroupedParticleMover.h"
@@ -43,28 +40,6 @@ constexpr float ground = 430.0f;
 float Share(float time, float from, float to) {
     return std::clamp((time - from) / (to - from), 0.0f, 1.0f);
 }
-
-/// Takes the finished picture instead of showing it.
-class FilmWindow : public Platform::GlfwWindow {
-public:
-    void SwapBuffers() override {
-        if (!recording) {
-            GlfwWindow::SwapBuffers();
-            return;
-        }
-        constexpr std::size_t rowLength = std::size_t{width} * 3;
-        rows.resize(rowLength * height);
-        glPixelStorei(GL_PACK_ALIGNMENT, 1);
-        glReadPixels(0, 0, width, height, GL_RGB, GL_UNSIGNED_BYTE, rows.data());
-        for (std::size_t y = height; y-- > 0;) {
-            std::fwrite(&rows[y * rowLength], 1, rowLength, stdout);
-        }
-    }
-    bool recording = false;
-
-private:
-    std::vector<unsigned char> rows;
-};
 
 /// First drops, then a thread, then a stream.
 void Pour(float time, int step) {
@@ -182,7 +157,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     Platform::FindDataRoot(argv[0]);
-    FilmWindow window;
+    PictureWindow window(width, height);
     const GameScreen screen(window);
 
     GLWindow::Create("Film", width, height);
