@@ -97,22 +97,186 @@ def tower():
 
 
 def cellar():
+    """A drain, then the trench: over its embers the water turns to steam and must be led left
+    below the roof, with the tilt to the right."""
     stage.drain(1516, 1258, 64, 72)
-    stage.furnace(1084, 1300, (984, 1044, 200, 292))
+    stage.furnace(1084, 1292, (984, 1044, 200, 292))
+    for x in (1010, 1158):
+        stage.object(x, 1310, "img\\fireGlow.png", layer=0, name="embers")
+    for x in (984, 1184):
+        stage.steam_leak(x, 1330)
 
 
+def ways():
+    """Cold places, check points, views ahead, and the end."""
+    stage.warmer((690, 430, 190, 190), lamp=False)
+    stage.warmer((1790, 60, 200, 140), lamp=False)
+    stage.warmer((870, 1046, 90, 150), lamp=False)
+    stage.check_point(900, 556, 56, 84)
+    stage.check_point(1420, 400, 70, 92)
+    stage.check_point(1640, 1166, 60, 84)
+    stage.zoom((330, 600, 70, 80))
+    stage.zoom((1710, 70, 90, 110))
+    stage.trigger("Level_end_a", (520, 1270, 370, 116), name="finish")
+    stage.object(700, 1310, "img\\goalGlow.png", layer=0, name="finish")
+    stage.playing(700, 1200, "finishSign")
+
+
+def casings():
+    """Copper and iron round boilers and chimneys, laid on the masonry."""
+    for jacket in ([(414, 890), (446, 888), (560, 824), (560, 800), (440, 868), (414, 868)],
+                   [(650, 950), (650, 880), (616, 820), (616, 796), (636, 814), (670, 874),
+                    (670, 950)],
+                   [(1010, 690), (1034, 696), (1120, 634), (1120, 610), (1032, 674), (1010, 668)],
+                   [(1244, 790), (1244, 720), (1180, 640), (1180, 616), (1196, 626), (1264, 712),
+                    (1264, 790)],
+                   [(1690, 516), (1700, 470), (1700, 430), (1720, 430), (1720, 470), (1710, 516)]):
+        stage.scenery(3, jacket, COPPER, name="jacket")
+    for pipe in (box(546, 560, 560, 800), box(616, 600, 630, 796), box(1106, 440, 1120, 610),
+                 box(1180, 440, 1194, 616), box(1626, 140, 1640, 270), box(1700, 210, 1714, 430)):
+        stage.scenery(3, pipe, METAL, name="chimney casing")
+    for band in ((540, 690, 566, 704), (610, 690, 636, 704), (1100, 520, 1126, 534),
+                 (1174, 520, 1200, 534), (1620, 200, 1646, 214), (1694, 320, 1720, 334)):
+        stage.scenery(3, box(*band), BRASS, name="band")
+
+
+def coil(left, right, top, rows):
+    """Cold pipes to and fro behind the water, where steam condenses."""
+    points = []
+    for row in range(rows):
+        ends = [(left, top + 64 * row), (right, top + 64 * row)]
+        points += ends if row % 2 == 0 else ends[::-1]
+    stage.pipe(points)
+    stage.object((left + right) // 2, top + 32, "img\\coldGlow.png", layer=1, name="cold")
+    stage.effect((left + right) // 2, top + 32, "frost", (0, 1))
+    stage.drip((left + right) // 2 + 30, top + 40)
+
+
+def flue():
+    """The open chimney in the roof of the hall; steam that gets in is gone."""
+    stage.scenery(1, box(1424, 120, 1484, 332), SHADE, name="flue")
+    stage.object(1454, 170, "img\\dangerGlow.png", layer=1, name="flue")
+    stage.playing(1454, 150, "fan")
+    stage.scenery(3, box(1424, 224, 1484, 236), GRATE, name="flue")
+    stage.hazard(1410, 322, 1424, 334)
+    stage.hazard(1484, 322, 1498, 336)
+    stage.hazard(1414, 240, 1424, 322)
+    stage.hazard(1484, 240, 1494, 322)
+    stage.hum(1454, 200, 320, "fan")
+
+
+def far_walls():
+    """Layer 0: what is seen through the hollow."""
+    stage.backdrop(BRICKWALL, -800, -800, 2900, 2300)
+    for x, y in ((130, 310), (690, 440), (1240, 330), (1740, 90), (1870, 110), (540, 1150),
+                 (740, 1140), (1260, 1110), (1440, 1110), (1620, 1080)):
+        stage.arch(x, y, 110, 150)
+    for x, y in ((185, 390), (1925, 190), (1675, 1160), (795, 1220)):
+        stage.thing(x, y, "window", layer=0)
+    for x, y, depth in ((330, 570, 290), (560, 540, 270), (1120, 430, 200), (1640, 130, 140)):
+        stage.scenery(0, box(x, y, x + 70, y + depth), SHADE, name="shaft")
+
+
+def pipes():
+    stage.pipe([(112, 300), (112, 470)])
+    stage.pipe([(1990, 120), (1990, 1180)])
+    stage.pipe([(1872, 240), (1872, 1060)])
+    stage.pipe([(1260, 330), (1260, 440)])
+    stage.pipe([(520, 1200), (840, 1200), (840, 1100)])
+    stage.pipe([(1330, 1100), (1330, 1240)])
+    stage.pipe([(700, 720), (700, 900), (912, 900), (912, 976)], layer=3)
+    stage.pipe([(1330, 600), (1330, 944), (1648, 944), (1648, 700)], layer=3)
+    coil(656, 848, 470, 2)
+    coil(1800, 1960, 112, 2)
+    stage.pipe([(1328, 336), (1392, 336)])
+    stage.object(1360, 340, "img\\coldGlow.png", layer=1, name="cold")
+    stage.drip(1366, 320)
+    stage.pipe([(880, 1080), (944, 1080), (944, 1140), (880, 1140)])
+    stage.object(912, 1110, "img\\coldGlow.png", layer=1, name="cold")
+
+
+def machines():
+    for x, y in ((700, 720), (912, 976), (1330, 600), (1648, 700)):
+        stage.playing(x, y, "gauge", layer=3)
+    for x, y in ((700, 860), (1490, 944)):
+        stage.playing(x, y, "valve", layer=3)
+    stage.gauge(1260, 372)
+    stage.gauge(600, 1196)
+    stage.wheel(1990, 640)
+    stage.wheel(1330, 1170)
+    stage.gear(1140, 1176)
+    stage.playing(1872, 340, "valve")
+
+
+def lights():
+    for x, y in ((230, 360), (960, 610), (1230, 380), (1690, 150), (1850, 480), (1960, 800),
+                 (1850, 1120), (1500, 1170), (640, 1190)):
+        stage.lamp(x, y)
+
+
+def life():
+    stage.steam_leak(1196, 520, (1, -0.6))
+    stage.steam_leak(640, 700, (1, -0.4))
+    stage.steam_leak(1330, 600, (0.2, -1))
+    stage.drip(1700, 1076)
+    stage.mist(700, 1330)
+    stage.sparks(540, 990, (420, 900, 220, 104))
+    stage.sparks(1140, 826, (1020, 740, 220, 104))
+    stage.sparks(1610, 540, (1530, 470, 160, 88))
+    stage.sparks(1084, 1320, (984, 1200, 200, 136))
+    stage.thing(1770, 1222, "barrel")
+    stage.thing(1850, 1220, "crate")
+    stage.thing(1300, 1230, "barrel")
+    stage.thing(120, 452, "crate")
+    stage.thing(1780, 190, "chain", layer=0)
+    stage.thing(1380, 1140, "chain")
+    stage.thing(370, 700, "ladder")
+    stage.thing(370, 820, "ladder")
+
+
+def signs():
+    """Arrows where the way turns; up means as steam."""
+    stage.arrow(250, 440, "right")
+    stage.arrow(520, 880, "up")
+    stage.arrow(860, 560, "right")
+    stage.arrow(1100, 720, "up")
+    stage.arrow(1376, 420, "right")
+    stage.arrow(1600, 400, "up")
+    stage.arrow(1914, 1140, "left")
+    stage.arrow(1084, 1180, "up")
+    stage.arrow(930, 1190, "left")
+
+
+def foreground():
+    """Dark rock before the mountain, some way from the hollow."""
+    stage.foreground([(-900, -900), (2960, -900), (2960, 20), (2040, 10), (1900, -14), (1700, 6),
+                      (1600, 44), (1500, 60), (1400, 62), (1350, 190), (1240, 254), (1100, 258),
+                      (970, 330), (860, 376), (760, 372), (640, 400), (520, 366), (430, 290),
+                      (330, 240), (200, 226), (60, 250), (-900, 260)])
+    stage.foreground([(-900, 260), (60, 250), (36, 380), (44, 510), (150, 560), (270, 616),
+                      (264, 900), (320, 980), (396, 1050), (424, 1150), (412, 1300), (450, 1390),
+                      (560, 1446), (700, 1456), (-900, 1456)])
+    stage.foreground([(-900, 1456), (700, 1456), (900, 1396), (960, 1404), (1200, 1392),
+                      (1480, 1400), (1620, 1380), (1700, 1314), (1950, 1300), (2060, 1264),
+                      (2960, 1264), (2960, 2300), (-900, 2300)])
+    stage.foreground([(2960, 20), (2040, 10), (2084, 100), (2072, 400), (2090, 700), (2074, 1000),
+                      (2088, 1180), (2060, 1264), (2960, 1264)])
+
+
+far_walls()
+pipes()
+casings()
 boilers()
 hollow()
 hall()
+flue()
 tower()
 cellar()
-stage.warmer((690, 430, 190, 190), lamp=False)
-stage.warmer((1790, 60, 200, 140), lamp=False)
-stage.warmer((870, 1046, 90, 150), lamp=False)
-stage.check_point(900, 560, 56, 80)
-stage.check_point(1420, 400, 70, 90)
-stage.check_point(1640, 1170, 60, 80)
-stage.trigger("Level_end_a", (520, 1270, 370, 116), name="finish")
+ways()
+machines()
+lights()
+life()
+signs()
+foreground()
 stage.start(170, 380, camera=(700, 1280))
-stage.backdrop(BRICKWALL, -800, -800, 2900, 2300)
 stage.save("04_boilers.tmj")
