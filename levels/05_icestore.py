@@ -77,71 +77,221 @@ def sieve(left, right, y, gap=16, bar=10):
     step = (right - left - gap) / count
     for i in range(count):
         x = round(left + gap + i * step)
-        stage.solid(box(x, y, x + bar, y + 10), "metal", IRON, name="sieve")
+        stage.solid(box(x, y, x + bar, y + 10), "metal", METAL, name="sieve")
+    stage.scenery(1, box(left, y + 10, right, y + 18), IRON, name="sieve")
     stage.wind((left + 4, y - 12, right - left - 8, 80), (0, 1), 600)
+
+
+def lost(left, right, y, depth, edges=()):
+    """A dark red pit below a sieve or a leap; `edges` are places of chevrons."""
+    stage.scenery(1, box(left, y, right, y + depth), SHADE, name="pit")
+    stage.kill((left, y, right - left, depth))
+    count = max(1, round((right - left) / 130))
+    for i in range(count):
+        x = left + (right - left) * (2 * i + 1) // (2 * count)
+        stage.object(x, y + depth // 2, "img\\dangerGlow.png", layer=1, name="pit")
+        stage.playing(x, y + depth - 18, "drain")
+    for area in edges:
+        stage.hazard(*area)
+
+
+def stove(x, y, area):
+    """Thaws what comes near: a fire, 128 by 96, with its centre at (x, y)."""
+    stage.warmer(area, lamp=False)
+    stage.object(x, y - 20, "img\\fireGlow.png", layer=0, name="stove")
+    stage.playing(x, y, "furnace")
+    stage.hum(x, y, 300, "furnace")
 
 
 def first_storey():
     stage.freezer((330, 220, 290, 184))
     sieve(612, 892, 360)
-    stage.kill((612, 410, 280, 54))
-    stage.warmer((900, 240, 196, 170))
+    lost(620, 884, 410, 58, ((580, 360, 612, 370), (892, 360, 924, 372)))
+    stove(1000, 336, (900, 240, 196, 170))
 
 
 def second_storey():
     stage.solid([(1060, 632), (1120, 642), (1140, 664), (1060, 648)], "cloth", SACK, name="sack")
-    stage.check_point(1160, 610, 70, 90)
+    stage.check_point(1160, 606, 70, 100)
     stage.freezer((1150, 560, 186, 148))
-    stage.kill((1770, 976, 206, 60))
+    lost(1764, 1982, 976, 58, ((1738, 884, 1770, 896), (1976, 902, 2006, 914)))
+    stage.zoom((1150, 600, 60, 100))
+    stage.shake((1990, 830, 110, 110))
 
 
 def third_storey():
-    stage.check_point(2160, 1080, 70, 90)
+    """The gallery: a headwind over two sieves, and the shaft of air."""
+    stage.check_point(2160, 1074, 70, 160)
     stage.freezer((2064, 1060, 200, 180))
     sieve(1840, 2060, 1200)
     stage.solid(box(1780, 1200, 1840, 1216), "wood", name="island")
     sieve(1500, 1780, 1200)
     sieve(1420, 1500, 1200)
-    stage.kill((1420, 1250, 640, 46))
-    stage.fan(1400, 1150, (1560, 1106, 440, 86), (1, 0), 110)
-    stage.fan(1460, 1260, (1424, 880, 72, 318), (0, -1), 560)
+    lost(1420, 2056, 1250, 48, ((2062, 1198, 2090, 1210), (1780, 1200, 1840, 1208)))
+    stage.fan(1566, 1150, (1560, 1106, 440, 86), (1, 0), 110)
+    stage.fan(1460, 1262, (1424, 880, 72, 318), (0, -1), 560)
 
 
 def thawing_room():
-    stage.warmer((1130, 770, 270, 140))
-    stage.check_point(1160, 810, 60, 80)
+    stove(1250, 850, (1130, 770, 270, 140))
+    stage.check_point(1160, 800, 60, 94)
 
 
 def cradle(x, y, travel):
-    """A ferry of bars: it carries a lump, and its low rims let it off under a steep tilt."""
+    """A ferry of bars for a lump: it waits, sets off when one sits in it, and comes back when
+    water is in the cold bowl. Its low rims let a lump off under a steep tilt."""
     id = stage.new_id()
     for at in (0, 102):
         stage.solid(box(x + at, y - 7, x + at + 8, y + 10), "metal", COPPER, id=id, name="rim")
     for at in (21, 42, 63, 84):
         stage.solid(box(x + at, y, x + at + 6, y + 10), "metal", COPPER, id=id, name="bar")
+    stage.scenery(1, box(x, y + 8, x + 110, y + 14), IRON, id=id, name="cradle")
+    for at in (12, 92):
+        stage.scenery(1, box(x + at, y - 226, x + at + 5, y + 10), IRON, id=id, name="rope")
+    stage.scenery(1, box(x + 4, y - 232, x + 106, y - 222), METAL, id=id, name="trolley")
+    stage.scenery(1, box(x + travel - 30, y - 242, x + 140, y - 232), IRON, name="rail")
     stage.mover(id, (x, y), (x + travel, y), 100, name="cradle")
     stage.trigger("Mover_goto_start_a", (880, 790, 158, 116), target=id, name="cradle comes")
     stage.trigger("Mover_goto_end_a", (x + 20, y - 40, 70, 36), target=id, name="cradle goes")
+    stage.hum(x + travel // 2, y - 200, 340, "gears")
 
 
 def hall():
     """Left with the cradle, right over sawdust, left again with a jump into the pond."""
-    stage.solid(COLD_4_BACK + [(880, 884), (866, 888), (872, 990), (478, 990), (484, 902), (330, 898), (190, 906), (176, 930),
-                 (190, 1012), (1044, 1016)], "stone", STONE, name="upper floor")
+    stage.solid(COLD_4_BACK + [(880, 884), (866, 888), (872, 990), (478, 990), (484, 902),
+                               (330, 898), (190, 906), (176, 930), (190, 1012), (1044, 1016)],
+                "stone", STONE, name="upper floor")
     stage.freezer((750, 790, 288, 116))
     cradle(752, 896, -264)
-    stage.kill((476, 950, 398, 38))
+    lost(478, 872, 946, 42, ((454, 901, 484, 912), (866, 888, 882, 898)))
     stage.solid([(96, 1096), (200, 1112), (426, 1120), (430, 1184), (480, 1184), (484, 1126),
-                 (700, 1136), (850, 1150), (866, 1166), (850, 1196), (700, 1206), (92, 1212)],
-                "stone", STONE, name="middle floor")
-    stage.warmer((100, 1020, 180, 90))
-    stage.check_point(150, 1040, 60, 66)
+                 (560, 1129), (600, 1131), (690, 1135), (700, 1136), (850, 1150), (866, 1166),
+                 (850, 1196), (700, 1206), (92, 1212)], "stone", STONE, name="middle floor")
+    stage.solid([(560, 1129), (574, 1120), (590, 1122), (600, 1131)], "sand", name="sawdust")
+    stage.solid([(600, 1131), (620, 1116), (660, 1118), (690, 1135)], "sand", name="sawdust")
+    stove(196, 1062, (100, 1020, 180, 90))
+    stage.check_point(110, 1020, 60, 84)
+    stage.shake((98, 960, 76, 60))
     stage.drain(426, 1122, 58, 58)
     stage.freezer((850, 1240, 180, 116))
-    stage.kill((524, 1440, 46, 44))
+    lost(518, 570, 1444, 46, ((568, 1404, 596, 1414), (488, 1404, 506, 1412)))
     stage.trigger("Level_end_a", (130, 1420, 340, 120), name="finish")
+    stage.object(300, 1480, "img\\goalGlow.png", layer=0, name="finish")
+    stage.playing(300, 1310, "finishSign")
 
 
+def frost(points, depth=14):
+    """White rime below a ceiling; `points` from left to right."""
+    lower = [(x, y + depth + (i * 5) % 9) for i, (x, y) in enumerate(points)]
+    stage.scenery(3, points + lower[::-1], FROST, name="rime")
+
+
+def rime():
+    for points in ([(160, 124), (330, 112), (430, 180), (600, 190), (760, 166)],
+                   [(1200, 536), (1330, 540), (1420, 584), (1560, 680)],
+                   [(1800, 690), (1960, 680), (2110, 716), (2240, 800)],
+                   [(1560, 1098), (1740, 1092), (1900, 1104), (2060, 1096), (2110, 1060)],
+                   [(640, 630), (900, 660), (1020, 730)], [(380, 640), (640, 630)],
+                   [(700, 1206), (850, 1196), (866, 1166)]):
+        frost(points)
+    for x, y in ((250, 140), (500, 210), (640, 212), (1240, 562), (1380, 590), (1880, 706),
+                 (2060, 728), (1660, 1122), (1800, 1124), (1980, 1126), (560, 656), (760, 672),
+                 (930, 700), (620, 1040), (800, 1042), (360, 1234)):
+        stage.thing(x, y, "icicles", layer=1)
+
+
+def far_walls():
+    stage.backdrop(ICEWALL, -800, -800, 3100, 2400)
+    for x, y in ((110, 160), (440, 210), (930, 190), (1210, 570), (1760, 730), (1900, 730),
+                 (250, 720), (420, 720), (590, 720), (230, 1240), (640, 1240), (560, 1030)):
+        stage.arch(x, y, 110, 150, SHADE)
+    for x, y in ((700, 270), (2050, 820), (800, 760)):
+        stage.thing(x, y, "window", layer=0)
+    stage.scenery(0, box(1060, 404, 1096, 640), SHADE, name="pipe")
+    stage.scenery(0, box(1420, 868, 1500, 1250), SHADE, name="shaft of air")
+
+
+def stores():
+    """Blocks of ice, crates and sacks behind the water."""
+    for x, y, width, height in ((196, 850, 64, 50), (264, 850, 64, 50),
+                                (232, 800, 64, 50), (1990, 850, 56, 50),
+                                (2046, 876, 48, 44), (700, 1090, 56, 46), (760, 1096, 52, 46),
+                                (732, 1046, 56, 46)):
+        stage.scenery(1, box(x, y, x + width, y + height), FROST, name="block of ice")
+    for x, y, name in ((90, 276, "crate"), (240, 296, "barrel"), (400, 866, "crate"),
+                       (1700, 856, "barrel"), (330, 1084, "crate"), (980, 1320, "barrel")):
+        stage.thing(x, y, name)
+    for x, y in ((520, 240), (1280, 610), (930, 740)):
+        stage.thing(x, y, "chain")
+
+
+def pipes():
+    stage.pipe([(336, 208), (592, 208), (592, 300)])
+    stage.pipe([(432, 190), (432, 330)])
+    stage.pipe([(1168, 560), (1168, 624), (1296, 624), (1296, 560)])
+    stage.pipe([(2096, 1072), (2232, 1072), (2232, 1180)])
+    stage.pipe([(880, 660), (880, 784), (1008, 784)])
+    stage.pipe([(880, 1216), (880, 1264), (1000, 1264)])
+    for x, y in ((592, 300), (1296, 592), (2232, 1150), (880, 752)):
+        stage.gauge(x, y)
+    stage.valve(432, 300)
+    stage.valve(1008, 784)
+
+
+def lights():
+    for x, y in ((150, 190), (740, 230), (1450, 660), (1660, 780), (2190, 860), (1650, 1140),
+                 (1340, 820), (300, 770), (640, 760), (380, 1050), (900, 1080), (700, 1290),
+                 (470, 1280)):
+        stage.lantern(x, y)
+
+
+def life():
+    for x, y in ((880, 160), (1046, 180), (1180, 772), (130, 1016)):
+        stage.drip(x, y)
+    stage.mist(760, 430)
+    stage.mist(1870, 1000)
+    stage.mist(300, 1480)
+    stage.hum(300, 1460, 400, "drip")
+    stage.hum(1870, 900, 400, "wind")
+
+
+def signs():
+    stage.arrow(560, 270, "right")
+    stage.arrow(1060, 290, "down")
+    stage.arrow(1310, 600, "right")
+    stage.arrow(2140, 860, "down")
+    stage.arrow(2020, 1150, "left")
+    stage.arrow(1460, 1000, "up")
+    stage.arrow(1380, 830, "left")
+    stage.arrow(840, 800, "left")
+    stage.arrow(136, 930, "down")
+    stage.arrow(320, 1060, "right")
+    stage.arrow(950, 1180, "down")
+    stage.arrow(790, 1280, "left")
+
+
+def foreground():
+    """Dark rock before the mountain, some way from the hollow."""
+    stage.foreground([(-900, -900), (3160, -900), (3160, 640), (2280, 740), (2120, 664),
+                      (1960, 630), (1800, 642), (1690, 664), (1590, 630), (1450, 534),
+                      (1340, 490), (1200, 486), (1146, 500), (1140, 240), (1070, 130), (900, 100),
+                      (760, 116), (600, 140), (440, 130), (340, 66), (150, 76), (14, 150),
+                      (-900, 150)])
+    stage.foreground([(-900, 150), (14, 150), (6, 320), (30, 480), (40, 760), (48, 1090),
+                      (44, 1240), (50, 1430), (90, 1540), (180, 1596), (-900, 1596)])
+    stage.foreground([(-900, 1596), (180, 1596), (300, 1610), (410, 1594), (520, 1540),
+                      (610, 1530), (680, 1460), (850, 1410), (960, 1424), (1060, 1396),
+                      (1100, 1340), (1360, 1350), (1700, 1344), (2060, 1350), (2200, 1310),
+                      (2300, 1250), (3160, 1250), (3160, 2400), (-900, 2400)])
+    stage.foreground([(1100, 1340), (1092, 1160), (1108, 1010), (1180, 958), (1320, 950),
+                      (1368, 1000), (1372, 1240), (1360, 1350)])
+    stage.foreground([(3160, 640), (2280, 740), (2316, 900), (2304, 1010), (2322, 1150),
+                      (2300, 1250), (3160, 1250)])
+
+
+far_walls()
+pipes()
+stores()
 linings()
 hollow()
 first_storey()
@@ -149,6 +299,10 @@ second_storey()
 third_storey()
 thawing_room()
 hall()
+rime()
+lights()
+life()
+signs()
+foreground()
 stage.start(140, 220, camera=(300, 1460))
-stage.backdrop(ICEWALL, -800, -800, 3100, 2200)
 stage.save("05_icestore.tmj")
