@@ -11,10 +11,10 @@
 #include "platform/VirtualKeys.h"
 #include "water/ParticleMover.h"
 
-Headless::Headless(const std::string& levelName) {
+Headless::Headless(const std::string& levelName, int width, int height) {
     Platform::UseClock(&clock);
     Platform::UseWindow(&window);
-    GLWindow::Create("vantrel-solve", 800, 600);
+    GLWindow::Create("vantrel-solve", width, height);
     TextureManager::Initialise();
     Console::Initialise();
     ReadSurfaces();

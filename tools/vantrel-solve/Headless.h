@@ -13,7 +13,8 @@ public:
     /// Milliseconds of a frame; the steps are as long.
     static constexpr std::uint32_t frameMs = 16;
 
-    explicit Headless(const std::string& levelName);
+    /// The view has the shape of a window of this size.
+    Headless(const std::string& levelName, int width, int height);
     ~Headless();
     Headless(const Headless&) = delete;
     Headless& operator=(const Headless&) = delete;

@@ -11,7 +11,7 @@
 
 const char* const solveHelpText =
     "Usage: vantrel-solve LEVEL.swah [-o FILE.run] [--minutes M] [--least N] [--improve]\n"
-    "                     [--seed S] [--jobs J] [--room N] [--data DIR]\n"
+    "                     [--seed S] [--jobs J] [--room N] [--window WxH] [--data DIR]\n"
     "Searches for a run that wins the level, by playing many tilts ahead on copies of the\n"
     "game, and writes the best one that it found, also when it is interrupted.\n"
     "  -o FILE      where to write the run\n"
@@ -21,6 +21,7 @@ const char* const solveHelpText =
     "  --seed S     another number gives another search; 1 if not given\n"
     "  --jobs J     copies that play at the same time; one per processor if not given\n"
     "  --room N     copies to keep; 2500 if not given, each takes about half a megabyte\n"
+    "  --window WxH the window that the run is for; 1280x720 if not given\n"
     "  --data DIR   the game's data\n"
     "Exit status: 0 a win, 3 no win, 1 an unusable file, 2 bad arguments.\n";
 
@@ -31,6 +32,13 @@ bool ParseNumber(const std::string& text, Value least, Value most, Value& number
     const char* const end = text.data() + text.size();
     const auto result = std::from_chars(text.data(), end, number);
     return result.ec == std::errc() && result.ptr == end && number >= least && number <= most;
+}
+
+bool ParseWindow(const std::string& text, SearchSettings& search) {
+    const std::size_t cross = text.find('x');
+    return cross != std::string::npos &&
+           ParseNumber(text.substr(0, cross), 100, 10000, search.windowWidth) &&
+           ParseNumber(text.substr(cross + 1), 100, 10000, search.windowHeight);
 }
 
 /// Takes an option that has a value.
@@ -53,6 +61,9 @@ bool TakeValue(const std::string& name, const std::string& value, Options& optio
     }
     if (name == "--room") {
         return ParseNumber(value, 50u, 20000u, search.room);
+    }
+    if (name == "--window") {
+        return ParseWindow(value, search);
     }
     if (name == "-o") {
         options.output = value;

@@ -220,7 +220,7 @@ void Searcher::Run(const FlowMap& map) {
 
 SearchResult Search(const SearchSettings& settings) {
     SearchResult result;
-    Headless game(settings.level);
+    Headless game(settings.level, settings.windowWidth, settings.windowHeight);
     if (!game.IsLoaded()) {
         result.failure = "cannot load level '" + settings.level + "': " + Headless::LastReason();
         return result;

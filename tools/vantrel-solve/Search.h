@@ -9,7 +9,9 @@
 #include "game/RunFile.h"
 
 struct SearchSettings {
-    std::string level;  ///< name as the game loads it
+    std::string level;       ///< name as the game loads it
+    int windowWidth = 1280;  ///< what lies outside of the view stands still or is lost
+    int windowHeight = 720;
     double seconds = 540.0;
     std::uint32_t leastWater = 90;  ///< particles that a win must bring home
     std::uint32_t seed = 1;
