@@ -85,6 +85,13 @@ def hall():
     stage.kill((1424, 130, 60, 90))
 
 
+def damper(x, y, width):
+    """A plate that slides to and fro across a chimney; shut, it leaves a gap of 12 at the left,
+    so that it holds steam up but crushes none."""
+    id = stage.carry(box(x, y, x + width, y + 12), (width + 4, 0), 46, texture=RUST)
+    stage.hazard(x, y, x + 14, y + 12, id=id)
+
+
 def tower():
     """Slats to and fro; the first is a tray in which the water can gather."""
     stage.solid([(1802, 340), (1818, 340), (1936, 384), (1950, 366), (1962, 370), (1944, 404),
@@ -268,6 +275,7 @@ pipes()
 casings()
 boilers()
 hollow()
+damper(1132, 560, 46)
 hall()
 flue()
 tower()
