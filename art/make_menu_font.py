@@ -14,7 +14,7 @@ CELL, FINE = 32, 4
 LEFT, TOP = 4.6, 4.8  # of a capital's corner in its cell
 UNIT_X, UNIT_Y = 1.14, 0.97
 PEN = 2.05  # half a stroke's width, in pixels of the sheet
-HALO = 0.7
+HALO = 0.95
 
 
 def cell(char):
@@ -27,7 +27,7 @@ def cell(char):
     covered = np.clip(PEN * FINE - field.distance + 0.5, 0.0, 1.0)
     away = np.maximum(field.distance / FINE - PEN, 0.0)  # pixels of the sheet
     edge = np.minimum(np.minimum(field.x, size - field.x), np.minimum(field.y, size - field.y))
-    halo = HALO * np.exp(-(away / 2.2) ** 2) * np.clip(edge / FINE - 0.5, 0.0, 1.0)
+    halo = HALO * np.exp(-(away / 3.0) ** 2) * np.clip(edge / FINE - 0.5, 0.0, 1.0)
     shape = (CELL, FINE, CELL, FINE)
     return covered.reshape(shape).mean((1, 3)), halo.reshape(shape).mean((1, 3))
 
