@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Paints the particle sprites: 64 by 64, tinted by the settings, ice and steam white. On the
+"""Paints the particle sprites: 64 by 64, tinted by the settings. On the
 screen they are 10 to 30 pixels wide, so each has one shape and no detail."""
 import pathlib
 
@@ -32,11 +32,12 @@ def water():
 
 
 def ice():
-    """A splinter with six corners, cut into facets of different brightness, with hard edges."""
+    """A splinter with six corners, cut into facets of different brightness, with hard edges, from white to cold
+    blue."""
     corners = np.array([(-0.30, -0.96), (0.55, -0.80), (0.96, -0.08), (0.52, 0.86),
                         (-0.50, 0.90), (-0.95, 0.12)])
     heart = np.array([-0.08, -0.10])
-    tones = (1.0, 0.86, 0.70, 0.60, 0.76, 0.93)
+    tones = (1.0, 0.72, 0.34, 0.0, 0.42, 0.86)
     alpha = np.ones((SIZE, SIZE))
     tone = np.ones((SIZE, SIZE))
     turn = np.arctan2(v - heart[1], u - heart[0])
@@ -48,7 +49,7 @@ def ice():
         start = np.arctan2(*(here - heart)[::-1])
         width = (np.arctan2(*(there - heart)[::-1]) - start) % (2 * np.pi)
         tone = np.where((turn - start) % (2 * np.pi) < width, tones[i], tone)
-    return to_image(grey(tone), alpha)
+    return to_image(mix(colour("5f9fc8"), colour("f6fdff"), tone), alpha)
 
 
 def steam():
