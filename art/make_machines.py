@@ -42,14 +42,14 @@ def ray(c, angle, width, inner, outer):
 # -- what turns -----------------------------------------------------------------------------------
 
 def toothed(size, teeth, spokes, turn, seed):
-    """A gear of copper with an iron hub."""
+    """A gear of dim copper with an iron hub: it stands behind the water."""
     c = Canvas(size)
     r = size / 2 - 3
     depth, band = r * 0.13, r * 0.2
     angle = np.arctan2(c.y, c.x) - turn
     wave = np.abs((angle * teeth / TURN) % 1 - 0.5) * 2
     outline = r - depth * smooth(0.36, 0.62, wave)
-    metal = c.worn(COPPER, COPPER_DARK, seed)
+    metal = mix(c.worn(COPPER, COPPER_DARK, seed), colour("1b3a43"), 0.18) * 0.74
     near = np.abs((angle + TURN / spokes / 2) % (TURN / spokes) - TURN / spokes / 2) * c.radius
     width = r * 0.09
     c.cover(c.soft(np.maximum(near - width, c.radius - r * 0.75)), metal, bulge(near, width, 3))
