@@ -4,7 +4,8 @@ Fire turns the water to steam, and steam falls upwards: ceilings are its floors,
 against the tilt. Two boilers in the left half lift the water to a hall below the roof, where an
 open flue must be passed as water; a third one lifts it over the wall of the cooling tower.
 From there it drops to the ash cellar, goes over a trench of embers once more as steam, and
-ends in the pond at the lower left.
+boils in the great kettle at the lower left. The last way is the ladder: shelves to and fro that
+the steam climbs, over a fire on every landing, into the tank below the start.
 """
 
 from kit import *
@@ -19,9 +20,12 @@ BOILER_2 = [(1030, 800), (1060, 830), (1090, 844), (1190, 844), (1220, 830), (12
 BOILER_2_BACK = [(1016, 812), (1050, 846), (1084, 864), (1196, 864), (1232, 846), (1264, 790)]
 BOILER_3 = [(1530, 520), (1546, 548), (1570, 558), (1640, 558), (1670, 548), (1690, 516)]
 BOILER_3_BACK = [(1512, 530), (1534, 562), (1564, 576), (1646, 576), (1682, 562), (1710, 516)]
-POND = [(900, 1256), (866, 1330), (800, 1372), (720, 1386), (600, 1380), (530, 1350), (500, 1290)]
-POND_BACK = [(918, 1262), (884, 1344), (808, 1392), (720, 1406), (594, 1400), (516, 1364),
-             (480, 1290)]
+KETTLE = [(900, 1256), (866, 1330), (800, 1372), (720, 1386), (600, 1380), (530, 1350), (500, 1290)]
+KETTLE_BACK = [(918, 1262), (884, 1344), (808, 1392), (720, 1406), (594, 1400), (514, 1364),
+               (480, 1292)]
+LADDER_FLOOR = [(480, 1292), (300, 1266), (70, 1240)]
+LADDER_RIGHT = [(560, 1090), (400, 1066), (302, 1056), (298, 664)]
+TANK_ROOF = [(298, 664), (240, 632), (120, 628), (74, 654)]
 
 START_ROOM_ROOF = [(80, 300), (200, 282), (330, 300), (400, 350)]
 SHAFT_LEFT = [(80, 470), (180, 500), (330, 570), (330, 860), (352, 912), BOILER_1[0]]
@@ -43,8 +47,7 @@ WALL_2 = [(1244, 790), (1244, 720), (1180, 640), (1180, 425), (1200, 421), (1240
 WALL_3 = [(1690, 516), (1700, 470), (1700, 196), (1712, 186), (1730, 200), (1784, 214),
           (1800, 240), (1800, 1060)]
 CELLAR_ROOF = [(1800, 1060), (1600, 1068), (1400, 1104), (1240, 1100), (1200, 1052),
-               (1080, 1036), (980, 1048), (900, 1046), (870, 1100), (800, 1124), (560, 1130),
-               (480, 1180)]
+               (1080, 1036), (980, 1048), (900, 1046), (870, 1100), (820, 1114), (560, 1090)]
 CELLAR_FLOOR = [(2030, 1180), (2000, 1226), (1900, 1246), (1700, 1252), (1604, 1246),
                 (1580, 1240), (1574, 1336), (1522, 1336), (1516, 1258), (1440, 1264),
                 (1230, 1258), (1204, 1262), (1184, 1336), (984, 1336), (960, 1244), (900, 1256)]
@@ -54,8 +57,10 @@ def hollow():
     """Rock all round, and the inner walls of masonry."""
     stage.shell(START_ROOM_ROOF[:-1] + [BLOCK_1[0], BLOCK_1[-1]] + CONDENSER_1_ROOF[1:-1] +
                 [BLOCK_2[0], BLOCK_2[-1]] + HALL_ROOF[1:-1] + [BLOCK_3[0], BLOCK_3[-1]] +
-                TOWER_ROOF[1:] + CELLAR_FLOOR + POND_BACK + [(480, 1180), BOILER_1_BACK[2]] +
-                BOILER_1_BACK[1::-1] + SHAFT_LEFT[::-1], margin=800)
+                TOWER_ROOF[1:] + CELLAR_FLOOR + KETTLE_BACK + LADDER_FLOOR[1:] +
+                [TANK_ROOF[-1], SHAFT_LEFT[0]], margin=800)
+    stage.solid(SHAFT_LEFT + BOILER_1_BACK[:3] + LADDER_RIGHT + TANK_ROOF[1:], "stone", STONE,
+                name="between ladder and shaft")
     stage.solid(BLOCK_1, "stone", BRICK, name="between shaft and first chimney")
     stage.solid(BLOCK_2, "stone", BRICK, name="before the second chimney")
     stage.solid(BLOCK_3, "stone", BRICK, name="before the third chimney")
@@ -70,7 +75,8 @@ def boilers():
                               (BOILER_2, BOILER_2_BACK, "second boiler"),
                               (BOILER_3, BOILER_3_BACK, "third boiler")):
         stage.solid(inner + back[::-1], "metal", COPPER, name=name)
-    stage.solid(POND + POND_BACK[::-1], "metal", BRASS, name="pond")
+    stage.solid(KETTLE + KETTLE_BACK[::-1], "metal", COPPER, name="kettle")
+    stage.furnace(700, 1330, (510, 1180, 380, 206))
     stage.furnace(540, 960, (410, 880, 240, 124))
     stage.furnace(1140, 800, (1010, 720, 240, 124))
     stage.furnace(1610, 512, (1520, 440, 180, 118))
@@ -124,9 +130,27 @@ def ways():
     stage.check_point(1640, 1166, 60, 84)
     stage.zoom((330, 600, 70, 80))
     stage.zoom((1710, 70, 90, 110))
-    stage.trigger("Level_end_a", (520, 1270, 370, 116), name="finish")
-    stage.object(700, 1310, "img\\goalGlow.png", layer=0, name="finish")
-    stage.playing(700, 1200, "finishSign")
+    stage.check_point(904, 1160, 56, 84)
+    stage.zoom((300, 1066, 90, 180))
+    stage.warmer((76, 634, 220, 70), lamp=False)
+    stage.trigger("Level_end_a", (164, 690, 132, 52), name="finish")
+    stage.object(228, 712, "img\\goalGlow.png", layer=0, name="finish")
+    stage.playing(130, 700, "finishSign")
+
+
+def ladder():
+    """Shelves that steam climbs, each lower at its free end; the last one is the tank."""
+    stage.solid([(296, 956), (296, 978), (164, 1002), (152, 992), (162, 976)], "metal", COPPER,
+                name="shelf")
+    stage.solid([(74, 846), (208, 866), (218, 880), (206, 892), (74, 868)], "metal", COPPER,
+                name="shelf")
+    stage.solid([(150, 712), (162, 708), (178, 742), (282, 742), (295, 716), (296, 762),
+                 (164, 786), (152, 774)], "metal", BRASS, name="tank")
+    stage.furnace(446, 1220, (380, 1060, 140, 220))
+    stage.furnace(150, 1200, (74, 1004, 222, 250))
+    stage.furnace(188, 922, (74, 870, 222, 86))
+    stage.trigger("To_steam_a", (74, 772, 222, 96), name="hot landing")
+    stage.object(230, 820, "img\\fireGlow.png", layer=0, name="hot landing")
 
 
 def casings():
@@ -175,7 +199,7 @@ def flue():
 def far_walls():
     """Layer 0: what is seen through the hollow."""
     stage.backdrop(BRICKWALL, -800, -800, 2900, 2300)
-    for x, y in ((130, 310), (690, 440), (1240, 330), (1740, 90), (1870, 110), (540, 1150),
+    for x, y in ((130, 310), (690, 440), (1240, 330), (1740, 90), (1870, 110), (560, 1110),
                  (740, 1140), (1260, 1110), (1440, 1110), (1620, 1080)):
         stage.arch(x, y, 110, 150)
     for x, y in ((185, 390), (1925, 190), (1675, 1160), (795, 1220)):
@@ -189,7 +213,9 @@ def pipes():
     stage.pipe([(1990, 120), (1990, 1180)])
     stage.pipe([(1872, 240), (1872, 1060)])
     stage.pipe([(1260, 330), (1260, 440)])
-    stage.pipe([(520, 1200), (840, 1200), (840, 1100)])
+    stage.pipe([(590, 1130), (590, 1200), (840, 1200), (840, 1100)])
+    stage.pipe([(112, 656), (272, 656)])
+    stage.object(180, 664, "img\\coldGlow.png", layer=1, name="cold")
     stage.pipe([(1330, 1100), (1330, 1240)])
     stage.pipe([(700, 720), (700, 900), (912, 900), (912, 976)], layer=3)
     stage.pipe([(1330, 600), (1330, 944), (1648, 944), (1648, 700)], layer=3)
@@ -208,7 +234,7 @@ def machines():
     for x, y in ((700, 860), (1490, 944)):
         stage.playing(x, y, "valve", layer=3)
     stage.gauge(1260, 372)
-    stage.gauge(600, 1196)
+    stage.gauge(590, 1150)
     stage.wheel(1990, 640)
     stage.wheel(1330, 1170)
     stage.gear(1140, 1176)
@@ -217,7 +243,7 @@ def machines():
 
 def lights():
     for x, y in ((230, 360), (960, 610), (1230, 380), (1690, 150), (1850, 480), (1960, 800),
-                 (1850, 1120), (1500, 1170), (640, 1190)):
+                 (1850, 1120), (1500, 1170)):
         stage.lamp(x, y)
 
 
@@ -226,7 +252,8 @@ def life():
     stage.steam_leak(640, 700, (1, -0.4))
     stage.steam_leak(1330, 600, (0.2, -1))
     stage.drip(1700, 1076)
-    stage.mist(700, 1330)
+    stage.sparks(700, 1370, (520, 1240, 360, 140))
+    stage.steam_leak(302, 980, (1, -0.3))
     stage.sparks(540, 990, (420, 900, 220, 104))
     stage.sparks(1140, 826, (1020, 740, 220, 104))
     stage.sparks(1610, 540, (1530, 470, 160, 88))
@@ -251,7 +278,11 @@ def signs():
     stage.arrow(1600, 400, "up")
     stage.arrow(1914, 1140, "left")
     stage.arrow(1084, 1180, "up")
-    stage.arrow(930, 1190, "left")
+    stage.arrow(930, 1130, "left")
+    stage.arrow(600, 1240, "left")
+    stage.arrow(110, 1060, "up")
+    stage.arrow(256, 910, "up")
+    stage.arrow(110, 810, "up")
 
 
 def foreground():
@@ -260,9 +291,9 @@ def foreground():
                       (1600, 44), (1500, 60), (1400, 62), (1350, 190), (1240, 254), (1100, 258),
                       (970, 330), (860, 376), (760, 372), (640, 400), (520, 366), (430, 290),
                       (330, 240), (200, 226), (60, 250), (-900, 260)])
-    stage.foreground([(-900, 260), (60, 250), (36, 380), (44, 510), (150, 560), (270, 616),
-                      (264, 900), (320, 980), (396, 1050), (424, 1150), (412, 1300), (450, 1390),
-                      (560, 1446), (700, 1456), (-900, 1456)])
+    stage.foreground([(-900, 260), (60, 250), (36, 380), (30, 640), (22, 900), (34, 1100),
+                      (20, 1240), (80, 1300), (300, 1330), (440, 1360), (480, 1400), (560, 1446),
+                      (700, 1456), (-900, 1456)])
     stage.foreground([(-900, 1456), (700, 1456), (900, 1396), (960, 1404), (1200, 1392),
                       (1480, 1400), (1620, 1380), (1700, 1314), (1950, 1300), (2060, 1264),
                       (2960, 1264), (2960, 2300), (-900, 2300)])
@@ -280,11 +311,12 @@ hall()
 flue()
 tower()
 cellar()
+ladder()
 ways()
 machines()
 lights()
 life()
 signs()
 foreground()
-stage.start(170, 380, camera=(700, 1280))
+stage.start(170, 380, camera=(1500, 1000))
 stage.save("04_boilers.tmj")
