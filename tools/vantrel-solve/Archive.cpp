@@ -3,6 +3,7 @@
 #include "Archive.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace {
@@ -54,14 +55,30 @@ std::uint32_t Dice::Next() {
     return static_cast<std::uint32_t>(state >> 32);
 }
 
+/// Mean over the water, and more for water that is torn apart: a part that runs ahead is no
+/// progress if the rest doesn't follow.
+float Archive::DistanceOf(const Outcome& outcome) const {
+    constexpr float perDeviation = 0.8f;
+    std::array<float, Outcome::mostPlaces> distances;
+    const auto count = static_cast<float>(std::max(outcome.placeCount, 1u));
+    float sum = 0.0f;
+    for (std::uint32_t i = 0; i < outcome.placeCount; ++i) {
+        distances[i] = map.Distance(outcome.places[i], outcome.switches);
+        sum += distances[i];
+    }
+    const float mean = sum / count;
+    float deviation = 0.0f;
+    for (std::uint32_t i = 0; i < outcome.placeCount; ++i) {
+        deviation += std::fabs(distances[i] - mean);
+    }
+    return mean + perDeviation * deviation / count;
+}
+
 Found Archive::Describe(Copies::Number copy) const {
     const Outcome& outcome = copies.Of(copy);
     Found found;
     found.copy = copy;
-    for (std::uint32_t i = 0; i < outcome.placeCount; ++i) {
-        found.distance += map.Distance(outcome.places[i], outcome.switches);
-    }
-    found.distance /= static_cast<float>(std::max(outcome.placeCount, 1u));
+    found.distance = DistanceOf(outcome);
     found.alive = outcome.alive;
     found.elapsedMs = outcome.elapsedMs;
     found.angle = outcome.angle;

@@ -36,7 +36,7 @@ private:
 struct Found {
     Copies::Number copy = Copies::none;
     std::shared_ptr<const Leg> way;
-    float distance = 0.0f;  ///< FlowMap's, mean over the water
+    float distance = 0.0f;  ///< FlowMap's, over all the water
     std::uint32_t alive = 0;
     std::uint32_t elapsedMs = 0;
     float angle = 0.0f;
@@ -70,6 +70,7 @@ public:
 
 private:
     static float Standing(const Found& found);
+    float DistanceOf(const Outcome& outcome) const;
     Found& PickPromising(Dice& dice);
     Found& PickRare(Dice& dice);
     void Remove(std::size_t index);

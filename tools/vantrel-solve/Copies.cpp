@@ -167,13 +167,16 @@ Copies::Number Copies::Start(Number from, const Move& move) {
     return number;
 }
 
-Copies::Number Copies::FindDead() {
-    for (const Number number : playing) {
-        const pid_t pid = slots[number].pid;
-        if (pid != 0 && waitpid(pid, nullptr, WNOHANG) == pid) {
-            slots[number].pid = 0;
-            slots[number].failed = 1;
-            return number;
+/// Takes away processes that have ended. One that hadn't reported is given back.
+Copies::Number Copies::Reap() {
+    pid_t ended = 0;
+    while ((ended = waitpid(-1, nullptr, WNOHANG)) > 0) {
+        for (const Number number : playing) {
+            if (slots[number].pid == ended) {
+                slots[number].pid = 0;
+                slots[number].failed = 1;
+                return number;
+            }
         }
     }
     return none;
@@ -187,8 +190,8 @@ Copies::Number Copies::Wait() {
                                        static_cast<ssize_t>(sizeof(number)))) {
         return none;
     }
-    if (count == 0) {
-        number = FindDead();
+    if (number == none) {
+        number = Reap();
     }
     if (number != none) {
         std::erase(playing, number);
@@ -202,12 +205,13 @@ const Outcome& Copies::Of(Number copy) const {
 }
 
 void Copies::Drop(Number copy) {
-    const pid_t pid = slots[copy].pid;
-    if (pid != 0) {
-        kill(pid, SIGKILL);
-        waitpid(pid, nullptr, 0);
+    if (const pid_t pid = slots[copy].pid; pid != 0) {
+        kill(pid, SIGKILL);  // it sleeps and does nothing more; Reap takes it away
+        slots[copy].pid = 0;
     }
-    slots[copy].pid = 0;
+    if (playing.empty()) {
+        Reap();
+    }
     sem_destroy(&slots[copy].wake);
     unused.push_back(copy);
 }
@@ -220,17 +224,16 @@ void Copies::EndAll() {
     }
     shared->closing = 1;
     for (;;) {
+        // All at once, then together: a process takes its time to go.
         for (Number i = 0; i < capacity; ++i) {
-            const pid_t pid = slots[i].pid;
-            if (pid != 0) {
+            if (const pid_t pid = slots[i].pid; pid != 0) {
                 kill(pid, SIGKILL);
-                if (waitpid(pid, nullptr, 0) == pid || errno == ECHILD) {
-                    slots[i].pid = 0;
-                }
+                slots[i].pid = 0;
             }
         }
-        // Those whose number wasn't known a moment ago.
-        const pid_t ended = waitpid(-1, nullptr, WNOHANG);
+        pid_t ended = 0;
+        while ((ended = waitpid(-1, nullptr, WNOHANG)) > 0) {
+        }
         if (ended < 0 && errno == ECHILD) {
             return;
         }

@@ -50,7 +50,7 @@ private:
     [[noreturn]] void Live(Headless& game, Number self);
     void PlayMove(Headless& game, Number self);
     void EndAll();
-    Number FindDead();
+    Number Reap();
 
     Number capacity = 0;
     std::uint32_t leastWater = 0;
