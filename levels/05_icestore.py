@@ -3,7 +3,8 @@
 What water can't cross, ice can: a lump as wide as 45 units slides over sieves and through
 wind, but thaws within five seconds of leaving the cold, and doesn't fit through a pipe. The way
 goes right over the first sieve, through a pipe, down the ice run and over a chasm, back left
-through the windy gallery, up a shaft of air, and as water again over sawdust to the pond.
+through the windy gallery, up a shaft of air, through the hall, where a cradle ferries the lump,
+and through the lowest tunnel, where air lifts it over two walls, to the pond at the right.
 """
 
 from kit import *
@@ -28,9 +29,17 @@ COLD_5 = [(1036, 1300), (1020, 1340), (960, 1358), (884, 1354), (842, 1332), (82
 COLD_5_BACK = [(1052, 1306), (1032, 1354), (962, 1376), (878, 1372), (838, 1350), (826, 1348)]
 LAST_FLOOR = [(826, 1348), (826, 1332), (810, 1334), (660, 1404),
               (600, 1414), (566, 1404), (572, 1490), (524, 1490)]
-POND = [(488, 1404), (458, 1486), (390, 1526), (300, 1540), (200, 1530), (140, 1494), (116, 1416)]
-POND_BACK = [(506, 1404), (476, 1500), (398, 1546), (300, 1560), (192, 1550), (124, 1506),
-             (96, 1416)]
+BOWL = [(506, 1404), (488, 1404), (460, 1458), (380, 1486), (260, 1502), (150, 1520), (150, 1600)]
+TUNNEL_ROOF = [(186, 1586), (500, 1574), (800, 1590), (1000, 1580), (1200, 1560), (1330, 1520),
+               (1500, 1490), (1720, 1480), (1900, 1470), (2080, 1480), (2200, 1540), (2236, 1640)]
+POND = [(2236, 1720), (2210, 1786), (2150, 1816), (2060, 1816), (2000, 1786), (1972, 1722)]
+POND_BACK = [(2256, 1724), (2226, 1798), (2156, 1836), (2054, 1836), (1986, 1800), (1954, 1722)]
+TUNNEL_FLOOR = [(1954, 1722), (1820, 1712), (1812, 1830), (1246, 1830)]
+COLD_6 = [(1240, 1712), (1224, 1712), (1184, 1738), (1110, 1750), (1040, 1742), (1000, 1716)]
+COLD_6_BACK = [(1240, 1734), (1228, 1736), (1188, 1756), (1108, 1770), (1032, 1758), (990, 1730)]
+SAW_FLOOR = [(1000, 1716), (836, 1712), (830, 1770), (794, 1770), (788, 1706), (700, 1704),
+             (576, 1700), (478, 1698), (472, 1758), (438, 1758), (432, 1694), (300, 1690),
+             (160, 1678), (114, 1662), (112, 1420)]
 HALL_LEFT = [(92, 1212), (96, 1096), (90, 760)]
 HALL_ROOF = [(180, 680), (380, 640), (640, 630), (900, 660), (1020, 730), (1040, 842), (1128, 836)]
 MIDDLE = (1128, 770)  # where the two inner walls meet, on the roof of the thawing room
@@ -52,7 +61,9 @@ START_FLOOR = [(330, 350), (200, 318), (60, 300)]
 
 def hollow():
     stage.shell(ROOF + COLD_3_BACK + GALLERY_FLOOR + THAW_FLOOR + HALL_RIGHT +
-                COLD_5_BACK[:-1] + LAST_FLOOR + POND_BACK + HALL_LEFT + [START_FLOOR[-1]], margin=800)
+                COLD_5_BACK[:-1] + LAST_FLOOR + BOWL + TUNNEL_ROOF + [POND[0]] + POND_BACK[:-1] +
+                TUNNEL_FLOOR + COLD_6_BACK + SAW_FLOOR + HALL_LEFT + [START_FLOOR[-1]],
+                margin=800)
     stage.solid(STOVE_FLOOR + DRAIN + COLD_1_BACK + START_FLOOR + HALL_LEFT[-1:] +
                 HALL_ROOF + [MIDDLE, COLD_2_BACK[-1]], "stone", STONE, name="below the first storey")
     stage.solid(THAW_ROOF + GALLERY_ROOF + CHASM + RUN_BACK + COLD_2_BACK[1:] + [MIDDLE], "stone",
@@ -66,6 +77,7 @@ def linings():
             (COLD_3, COLD_3_BACK, "cloth", SACK, "third cold bowl"),
             (COLD_4, COLD_4_BACK, "cloth", SACK, "fourth cold bowl"),
             (COLD_5, COLD_5_BACK, "cloth", SACK, "fifth cold bowl"),
+            (COLD_6, COLD_6_BACK, "cloth", SACK, "sixth cold bowl"),
             (RUN, RUN_BACK, "wood", WOOD, "ice run"),
             (POND, POND_BACK, "metal", BRASS, "pond")):
         stage.solid(inner + back[::-1], surface, texture, name=name)
@@ -125,6 +137,7 @@ def third_storey():
     stage.freezer((2064, 1060, 200, 180))
     sieve(1840, 2060, 1200)
     stage.solid(box(1780, 1200, 1840, 1216), "wood", name="island")
+    stage.freezer((1764, 1108, 92, 92))
     sieve(1500, 1780, 1200)
     sieve(1420, 1500, 1200)
     lost(1420, 2056, 1250, 50, ((2062, 1198, 2090, 1210), (1780, 1200, 1840, 1208)))
@@ -164,7 +177,7 @@ def hall():
     stage.freezer((750, 790, 288, 116))
     cradle(752, 896, -264)
     lost(478, 872, 946, 44, ((454, 901, 484, 912), (866, 888, 882, 898)))
-    stage.solid([(96, 1096), (200, 1112), (426, 1120), (430, 1184), (480, 1184), (484, 1126),
+    stage.solid([(96, 1096), (200, 1112), (426, 1120), (432, 1184), (468, 1184), (474, 1126),
                  (560, 1129), (600, 1131), (690, 1135), (700, 1136), (850, 1150), (866, 1166),
                  (850, 1196), (700, 1206), (92, 1212)], "stone", STONE, name="middle floor")
     stage.solid([(560, 1129), (574, 1120), (590, 1122), (600, 1131)], "sand", name="sawdust")
@@ -172,12 +185,34 @@ def hall():
     stove(196, 1062, (100, 1020, 180, 90))
     stage.check_point(110, 1020, 60, 84)
     stage.shake((98, 960, 76, 60))
-    stage.drain(426, 1122, 58, 58)
+    stage.drain(428, 1123, 44, 58)
     stage.freezer((850, 1240, 180, 116))
     lost(518, 570, 1444, 46, ((568, 1404, 596, 1414), (488, 1404, 506, 1412)))
-    stage.trigger("Level_end_a", (130, 1420, 340, 120), name="finish")
-    stage.object(300, 1480, "img\\goalGlow.png", layer=0, name="finish")
-    stage.playing(300, 1310, "finishSign")
+    stove(300, 1440, (120, 1404, 370, 110))
+
+
+def tunnel():
+    """Over drains and sawdust to the last cold bowl, and as ice over walls in the updraught."""
+    stage.check_point(170, 1600, 60, 78)
+    stage.zoom((150, 1600, 30, 70))
+    stage.drain(434, 1696, 42, 60)
+    stage.drain(790, 1708, 44, 60)
+    stage.solid([(576, 1700), (596, 1684), (640, 1680), (684, 1690), (700, 1704)], "sand",
+                name="sawdust")
+    stage.check_point(900, 1630, 60, 82)
+    stage.freezer((1000, 1620, 236, 130))
+    for left, right in ((1240, 1400), (1420, 1640), (1660, 1820)):
+        sieve(left, right, 1712)
+    for x in (1400, 1640):
+        stage.solid(box(x, 1640, x + 20, 1730), "stone", BRICK, name="wall")
+        stage.post(x - 2, 1730, 1830, 24)
+        stage.fan(x - 40, 1782, (x - 84, 1560, 84, 150), (0, -1), 680)
+    lost(1246, 1814, 1780, 50, ((1208, 1712, 1240, 1722), (1820, 1712, 1852, 1724)))
+    stage.wind((1430, 1580, 110, 130), (-1, 0), 90)
+    stage.freezer((1450, 1600, 90, 112))
+    stage.trigger("Level_end_a", (1984, 1730, 240, 90), name="finish")
+    stage.object(2104, 1770, "img\\goalGlow.png", layer=0, name="finish")
+    stage.playing(2104, 1610, "finishSign")
 
 
 def frost(points, depth=14):
@@ -192,18 +227,22 @@ def rime():
                    [(1800, 690), (1960, 680), (2110, 716), (2240, 800)],
                    [(1560, 1098), (1740, 1092), (1900, 1104), (2060, 1096), (2110, 1060)],
                    [(640, 630), (900, 660), (1020, 730)], [(380, 640), (640, 630)],
-                   [(700, 1206), (850, 1196), (866, 1166)]):
+                   [(700, 1206), (850, 1196), (866, 1166)],
+                   [(1000, 1580), (1200, 1560), (1330, 1520), (1500, 1490), (1720, 1480), (1900, 1470),
+                    (2080, 1480)], [(186, 1586), (500, 1574)]):
         frost(points)
     for x, y in ((250, 140), (500, 210), (640, 212), (1240, 562), (1380, 590), (1880, 706),
                  (2060, 728), (1660, 1122), (1800, 1124), (1980, 1126), (560, 656), (760, 672),
-                 (930, 700), (620, 1040), (800, 1042), (360, 1234)):
+                 (930, 700), (620, 1040), (800, 1042), (360, 1234), (340, 1602), (700, 1604), (1140, 1590),
+                 (1600, 1506), (1800, 1500), (1960, 1494)):
         stage.thing(x, y, "icicles", layer=1)
 
 
 def far_walls():
-    stage.backdrop(ICEWALL, -800, -800, 3100, 2400)
+    stage.backdrop(ICEWALL, -800, -800, 3100, 2700)
     for x, y in ((110, 160), (440, 210), (930, 190), (1210, 570), (1760, 730), (1900, 730),
-                 (250, 720), (420, 720), (590, 720), (230, 1240), (640, 1240), (560, 1030)):
+                 (250, 720), (420, 720), (590, 720), (230, 1240), (640, 1240), (560, 1030), (230, 1610), (600, 1596), (880, 1606),
+                 (1250, 1600), (1460, 1560), (1700, 1560), (1900, 1560), (2050, 1540)):
         stage.arch(x, y, 110, 150, SHADE)
     for x, y in ((700, 270), (2050, 820), (800, 760)):
         stage.thing(x, y, "window", layer=0)
@@ -241,7 +280,8 @@ def pipes():
 def lights():
     for x, y in ((150, 190), (740, 230), (1450, 660), (1660, 780), (2190, 860), (1650, 1140),
                  (1340, 820), (300, 770), (640, 760), (380, 1050), (900, 1080), (700, 1290),
-                 (470, 1280)):
+                 (470, 1280), (170, 1470), (520, 1640), (760, 1650), (1180, 1640), (1560, 1580),
+                 (1880, 1600), (2190, 1620)):
         stage.lantern(x, y)
 
 
@@ -250,8 +290,8 @@ def life():
         stage.drip(x, y)
     stage.mist(760, 430)
     stage.mist(1870, 1000)
-    stage.mist(300, 1480)
-    stage.hum(300, 1460, 400, "drip")
+    stage.mist(2104, 1790)
+    stage.hum(2104, 1760, 400, "drip")
     stage.hum(1870, 900, 400, "wind")
 
 
@@ -268,6 +308,12 @@ def signs():
     stage.arrow(320, 1060, "right")
     stage.arrow(950, 1180, "down")
     stage.arrow(790, 1280, "left")
+    stage.arrow(200, 1470, "down")
+    stage.arrow(340, 1640, "right")
+    stage.arrow(1210, 1650, "right")
+    stage.arrow(1360, 1600, "up")
+    stage.arrow(1600, 1600, "up")
+    stage.arrow(1920, 1650, "right")
 
 
 def foreground():
@@ -278,13 +324,17 @@ def foreground():
                       (760, 116), (600, 140), (440, 130), (340, 66), (150, 76), (14, 150),
                       (-900, 150)])
     stage.foreground([(-900, 150), (14, 150), (6, 320), (30, 480), (40, 760), (48, 1090),
-                      (44, 1240), (50, 1430), (90, 1540), (180, 1596), (-900, 1596)])
-    stage.foreground([(-900, 1596), (180, 1596), (300, 1610), (410, 1594), (520, 1540),
-                      (610, 1530), (680, 1460), (850, 1410), (960, 1424), (1060, 1396),
-                      (1100, 1340), (1360, 1350), (1700, 1344), (2060, 1350), (2200, 1310),
-                      (2300, 1250), (3160, 1250), (3160, 2400), (-900, 2400)])
-    stage.foreground([(1100, 1340), (1092, 1160), (1108, 1010), (1180, 958), (1320, 950),
-                      (1368, 1000), (1372, 1240), (1360, 1350)])
+                      (44, 1240), (60, 1430), (56, 1700), (130, 1750), (380, 1800), (520, 1810),
+                      (740, 1816), (880, 1812), (1000, 1800), (1180, 1830), (1240, 1890),
+                      (1500, 1900), (1830, 1890), (1960, 1880), (2150, 1896), (2260, 1850),
+                      (2310, 1700), (2290, 1620), (2236, 1510), (2090, 1430), (3160, 1430),
+                      (3160, 2700), (-900, 2700)])
+    stage.foreground([(620, 1530), (690, 1462), (850, 1412), (960, 1424), (1060, 1396),
+                      (1096, 1340), (1092, 1160), (1108, 1010), (1180, 958), (1320, 950),
+                      (1368, 1000), (1372, 1340), (1700, 1350), (2060, 1350), (2200, 1310),
+                      (2300, 1250), (3160, 1250), (3160, 1430), (2090, 1430), (1900, 1420),
+                      (1720, 1430), (1490, 1440), (1320, 1470), (1190, 1510), (1000, 1530),
+                      (800, 1540)])
     stage.foreground([(3160, 640), (2280, 740), (2316, 900), (2304, 1010), (2322, 1150),
                       (2300, 1250), (3160, 1250)])
 
@@ -299,10 +349,11 @@ second_storey()
 third_storey()
 thawing_room()
 hall()
+tunnel()
 rime()
 lights()
 life()
 signs()
 foreground()
-stage.start(140, 220, camera=(300, 1460))
+stage.start(140, 220, camera=(2104, 1700))
 stage.save("05_icestore.tmj")
