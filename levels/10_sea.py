@@ -7,7 +7,7 @@ sieve; a leap over the drain, and down the weir, as high as the house, into the 
 
 from kit import *
 
-HORIZON = 640  # where the picture of the sky has its last light
+HORIZON = 512  # where the picture of the sky has its last light
 CLIFF = 1150  # left of it the mountain, right of it the open air
 
 stage = Stage()
@@ -31,10 +31,10 @@ TERRACE = [(1412, 380), (1440, 392), (1484, 392), (1580, 384), (1588, 460), (163
 WEIR = [(1790, 424), (1820, 450), (1838, 490), (1850, 550), (1856, 700), (1872, 750), (1904, 772),
         (1950, 786), (1962, 800), (1966, 1040), (1980, 1084), (2010, 1104), (2056, 1118),
         (2066, 1132), (2070, 1400)]
-SEA_BED = [(2070, 1400), (2084, 1470), (2130, 1530), (2230, 1556), (2340, 1552), (2430, 1524),
-           (2474, 1460), (2490, 1380)]
-SEA_BACK = [(2040, 1530), (2066, 1552), (2120, 1570), (2226, 1592), (2348, 1588), (2450, 1556),
-            (2500, 1470), (2516, 1384)]
+SEA_BED = [(2070, 1400), (2084, 1470), (2130, 1530), (2230, 1556), (2330, 1552), (2400, 1524),
+           (2436, 1460), (2452, 1376)]
+SEA_BACK = [(2040, 1530), (2066, 1552), (2120, 1570), (2226, 1592), (2338, 1588), (2416, 1558),
+            (2454, 1470), (2468, 1392)]
 PUMP_TOP = [(1072, 560), (1060, 526), (1030, 506), (960, 498), (706, 510), (670, 546)]
 LIP = [(670, 670), (656, 690), (624, 688), (510, 624)]
 
@@ -45,7 +45,7 @@ def rock():
                 LIFT_SHAFT + START_ROOF + [(52, 1380), (60, 1430), (60, 1530), (-900, 1530)],
                 "stone", ROCK, name="mountain")
     stage.solid([(-900, 1530), (60, 1530), (420, 1530), (560, 1530)] + SEA_BACK +
-                [SEA_BED[-1], (2524, 1310), (2556, 1262), (2684, 1262), (2730, 1274), (2780, 1330),
+                [SEA_BED[-1], (2474, 1360), (2488, 1470), (2550, 1476), (2556, 1262), (2684, 1262), (2730, 1274), (2780, 1330),
                  (2810, 1420), (2860, 1460), (2870, 2300), (-900, 2300)], "stone", ROCK,
                 name="ground")
     stage.solid([(1146, -140), (2660, -140), (2580, -100), (1150, -100)], flags="invisible",
@@ -72,7 +72,7 @@ def masonry():
 
 def lighthouse():
     """On the other side of the bay; who leaves the weir at a full tilt lands on it."""
-    stage.solid([(2580, 520), (2660, 520), (2684, 1262), (2556, 1262)], "stone", PLASTER,
+    stage.solid([(2580, 520), (2660, 520), (2684, 1262), (2556, 1262)], "stone", TILE,
                 name="lighthouse")
 
 
@@ -101,7 +101,7 @@ def sieve(left, right, y, gap=16, bar=10):
 
 
 def lift():
-    stage.lift(420, 1480, 140, (420, 1090), speed=90)
+    stage.lift(420, 1480, 140, (420, 1052), speed=90, area=(516, 1430, 44, 49), rim=6)
     stage.kill((420, 1506, 140, 24))
     stage.scenery(3, box(420, 1500, 560, 1512), GRATE, name="grille under the lift")
     stage.object(490, 1514, "img\\dangerGlow.png", layer=1)
@@ -133,6 +133,7 @@ def storm():
     stage.freezer((850, 240, 286, 184))
     sieve(1132, 1412, 380)
     lost(1140, 1404, 432, 58, ((1100, 380, 1132, 390), (1412, 380, 1440, 392)))
+    stage.zoom((1060, 240, 70, 150))
     stage.wind((1160, 270, 252, 106), (-1, 0), 160)
     stage.hum(1300, 300, 520, "wind")
     stage.warmer((1414, 280, 130, 112), lamp=False)
@@ -140,12 +141,160 @@ def storm():
 
 
 def weir():
-    """The leap, and the long way down."""
+    """The leap, and the long way down: into the bay, not into the rocks below the lighthouse."""
     stage.drain(1580, 384, 60, 76)
+    lost(2474, 2556, 1400, 74, ((2452, 1366, 2480, 1378),))
+    stage.scenery(3, box(2474, 1410, 2556, 1422), GRATE, name="rocks")
+    stage.hazard(2545, 1262, 2559, 1400)
     stage.gate((1712, 300, 16, 112), (0, -100), stage.plate(1662, 412, 46), speed=70)
-    stage.zoom((1650, 280, 130, 140))
+    stage.zoom((1650, 280, 60, 140))
     stage.shake((1850, 1000, 700, 100))
-    stage.trigger("Level_end_a", (2080, 1440, 400, 116), name="finish")
+    stage.trigger("Level_end_a", (2080, 1440, 370, 116), name="finish")
+
+
+def shade_of_house():
+    """What stands in the rooms, from the bottom up."""
+    for x, y in ((110, 1290), (260, 1290), (600, 930), (900, 960), (800, 520), (600, 220)):
+        stage.arch(x, y, 100, 160)
+    for x, top, bottom in ((425, 900, 1500), (1001, 560, 1104), (455, 250, 640)):
+        stage.scenery(0, box(x, top, x + (134 if x == 425 else 70 if x == 1001 else 54), bottom),
+                      SHADE, name="shaft")
+    stage.pipe([(80, 1330), (240, 1330), (240, 1460)])
+    stage.gauge(240, 1360)
+    stage.wheel(365, 1370)
+    stage.pipe([(912, 1060), (912, 980), (1040, 980), (1040, 600)])
+    stage.playing(912, 1010, "valve")
+    stage.gauge(976, 980)
+    stage.pipe([(592, 200), (752, 200), (752, 264), (592, 264)])
+    stage.object(672, 230, "img\\coldGlow.png", layer=1, name="cold")
+    stage.drip(690, 170)
+    stage.pipe([(944, 230), (944, 380)])
+    stage.valve(944, 340)
+    stage.gear(746, 1010)
+    stage.thing(330, 1445, "crate")
+    stage.thing(100, 1408, "barrel")
+    for x, y in ((180, 1330), (490, 1010), (560, 960), (880, 1000), (950, 540), (820, 300)):
+        stage.lamp(x, y)
+
+
+def hot_copper():
+    """The funnel over the fire and the pipe above it, that keep the steam hot."""
+    for jacket in ([(510, 624), (624, 688), (656, 690), (670, 670), (670, 646), (654, 668),
+                    (630, 666), (534, 612), (534, 380), (510, 380)],
+                   [(454, 620), (420, 680), (420, 750), (400, 750), (398, 676), (430, 612),
+                    (430, 380), (454, 380)]):
+        stage.scenery(3, jacket, COPPER, name="jacket")
+    for y in (400, 500, 596):
+        stage.scenery(3, box(424, y, 456, y + 14), BRASS, name="band")
+        stage.scenery(3, box(508, y, 540, y + 14), BRASS, name="band")
+    stage.steam_leak(536, 470, (1, -0.5))
+    stage.sparks(535, 790, (430, 700, 220, 100))
+
+
+def dam():
+    """The great block of masonry from inside: blind arches, pipes, growth."""
+    for i in range(4):
+        x = 1150 + 172 * i
+        stage.arch(x, 620, 120, 430 - 40 * i, BRICK, layer=3)
+        stage.thing(x + 60, 700, "window", layer=3)
+    stage.pipe([(1120, 560), (1120, 1120), (1744, 1120)], layer=3)
+    stage.pipe([(640, 1200), (640, 1330), (1100, 1330), (1100, 1456)], layer=3)
+    for x, y in ((1120, 850), (640, 1290)):
+        stage.playing(x, y, "gauge", layer=3)
+    for x, y in ((1400, 1120), (880, 1330)):
+        stage.playing(x, y, "valve", layer=3)
+    for points in ([(1790, 424), (1820, 450), (1838, 490)], [(1872, 750), (1904, 772), (1950, 786)],
+                   [(1980, 1084), (2010, 1104), (2056, 1118)], [(1412, 380), (1440, 392)]):
+        stage.moss([(x, y + 2) for x, y in points], drop=34)
+    for x, y in ((1868, 620), (1982, 920), (2084, 1250), (2088, 1350)):
+        stage.playing(x, y, "weirFall")
+
+
+def gantry():
+    """Over the crest: what the board of the weir is drawn up into."""
+    for x in (1686, 1738):
+        stage.post(x, 170, 412, 16)
+    stage.beam(1670, 1770, 160, 18)
+    stage.gear(1720, 150)
+    stage.lantern(1664, 260)
+    stage.thing(1720, 200, "chain")
+
+
+def cold_and_storm():
+    frost = [(844, 256), (900, 250), (1000, 220), (1100, 210), (1136, 170)]
+    stage.scenery(3, frost + [(x, y + 14 + (i * 5) % 9) for i, (x, y) in enumerate(frost)][::-1],
+                  FROST, name="rime")
+    for x, y in ((880, 274), (970, 252), (1066, 236)):
+        stage.thing(x, y, "icicles")
+    for x in (1126, 1142):
+        stage.post(x, 196 if x == 1126 else 170, 380, 12)
+    for y in (290, 350):
+        stage.effect(1420, y, "wind", (-1, 0))
+    stage.lantern(1500, 320)
+    stage.post(1494, 338, 390, 12)
+    stage.lamp(1616, 350)
+
+
+def shore():
+    """The bay: surf, the sign on its mast, and what drifted in."""
+    stage.scenery(3, [(2078, 1440), (2440, 1440), (2432, 1472), (2085, 1472)], "img\\foam.png",
+                  name="surf")
+    stage.object(2260, 1500, "img\\goalGlow.png", layer=0, name="finish")
+    stage.post(2254, 1340, 1552, 12)
+    stage.playing(2260, 1310, "finishSign")
+    for x, y in ((2160, 1516), (2380, 1516), (2330, 1530)):
+        stage.thing(x, y, "weeds")
+    stage.thing(2220, 1528, "barrel")
+    stage.mist(2110, 1420)
+    stage.mist(1990, 1070)
+    stage.effect(2100, 1440, "splash", (0, -1))
+    stage.hum(2280, 1440, 800, "surf")
+    stage.hum(1920, 780, 420, "rumble")
+
+
+def lighthouse_dress():
+    stage.object(2620, 440, "img\\glow.png", layer=0, name="lighthouse")
+    stage.object(2620, 438, "img\\lanternRoom.png", layer=3, name="lighthouse")
+    for top, bottom in ((620, 740), (900, 1020)):
+        edge = [2580 - round(24 * (y - 520) / 742) for y in (top, bottom)]
+        stage.scenery(3, [(edge[0], top), (5240 - edge[0], top), (5240 - edge[1], bottom),
+                          (edge[1], bottom)], RUST, name="band")
+    for y in (800, 1120):
+        stage.thing(2620, y, "window", layer=3)
+
+
+def evening():
+    """Sun, its way over the water, islands, far waves."""
+    stage.object(2240, HORIZON - 80, "img\\sun.png", layer=0, name="sun")
+    stage.object(2240, HORIZON + 192, "img\\glitter.png", layer=0, name="glitter")
+    for hills in ([(1900, 512), (1950, 492), (1990, 496), (2040, 478), (2100, 504), (2130, 512)],
+                  [(2380, 512), (2440, 500), (2500, 506), (2540, 512)],
+                  [(2720, 512), (2800, 470), (2850, 482), (2960, 440), (3100, 490), (3200, 512)]):
+        stage.scenery(0, hills, SHADE, name="island")
+    for left, right, y in ((2070, 2330, 1216), (2700, 3300, 1312), (2200, 2560, 1344)):
+        stage.scenery(0, [(left, y + 30), (left + 60, y), (right - 90, y), (right, y + 30)],
+                      "img\\foam.png", name="wave")
+
+
+def signs():
+    for x, y, way in ((300, 1400, "right"), (490, 1300, "up"), (600, 1020, "right"),
+                      (1036, 1060, "up"), (850, 540, "left"), (535, 700, "up"),
+                      (700, 310, "right"), (1060, 320, "right"), (1546, 340, "right"),
+                      (1790, 380, "right"), (2180, 1240, "down"), (1930, 600, "down")):
+        stage.arrow(x, y, way)
+
+
+def foreground():
+    """Dark rock before the mountain, some way from the hollow."""
+    stage.foreground([(-1000, -1000), (1110, -1000), (1104, -150), (1118, 40), (1090, 130),
+                      (990, 168), (900, 200), (852, 206), (826, 180), (806, 136), (750, 104),
+                      (610, 102), (510, 132), (430, 170), (404, 250), (386, 380), (388, 600),
+                      (356, 676), (358, 764), (384, 836), (370, 890), (376, 1178), (330, 1166),
+                      (190, 1172), (70, 1204), (14, 1290), (2, 1380), (16, 1440), (20, 1580),
+                      (300, 1572), (560, 1590), (900, 1574), (1300, 1590), (1700, 1572),
+                      (1960, 1586), (2060, 1604), (2220, 1636), (2360, 1630), (2480, 1590),
+                      (2560, 1500), (2620, 1420), (2690, 1400), (2760, 1470), (2800, 1540),
+                      (2900, 1570), (4000, 1600), (4000, 2500), (-1000, 2500)])
 
 
 def far_walls():
@@ -155,14 +304,24 @@ def far_walls():
 
 
 far_walls()
+evening()
+shade_of_house()
 rock()
 masonry()
 lighthouse()
+hot_copper()
+dam()
 lift()
 hammers()
 pump()
 chimney()
 storm()
 weir()
+gantry()
+cold_and_storm()
+shore()
+lighthouse_dress()
+signs()
+foreground()
 stage.start(150, 1360, camera=(2280, 1300))
 stage.save("10_sea.tmj")
