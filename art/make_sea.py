@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Paints what only the shore has: water that runs down the weir, foam, wet sand, the lighthouse's
-lantern and islands far off; into data/img."""
+"""Paints what only the shore has: water that runs down the weir, foam, the lighthouse's lantern,
+the sun and its way over the water, and the night above the evening sky; into data/img."""
 import pathlib
 
 import numpy as np
@@ -104,6 +104,22 @@ def glitter():
     return np.ones((size, 192, 3)) * colour("ffd294"), fleck * way * 0.85
 
 
+def night():
+    """Goes on above the evening sky of places.py, where that is at its darkest: the same clouds
+    without the light, and stars between them."""
+    size = 512
+    cloud = smooth(0.5, 0.72, noise(size, 411, 1.5, (3.0, 0.8), low=1))
+    base = np.ones((size, size, 3)) * colour("141f33")
+    base = mix(base, base * 0.55 + colour("6d4450") * 0.3, cloud * 0.7)
+    base = np.repeat(base, 2, 0)
+    clear = np.repeat(1 - cloud, 2, 0)
+    rng = np.random.default_rng(531)
+    for star_y, star_x, glow in zip(rng.integers(0, 2 * size, 130), rng.integers(0, size, 130),
+                                    rng.random(130) ** 2):
+        base[star_y, star_x] += (0.12 + 0.5 * glow) * clear[star_y, star_x]
+    return base, None
+
+
 def save(name, picture):
     to_image(*picture).save(TARGET / f"{name}.png", optimize=True)
 
@@ -112,7 +128,7 @@ def main():
     for i in range(FALL_FRAMES):
         save(f"weirFall_FRAME{i + 1:02d}", fall(i))
     for paint, name in ((foam, "foam"), (lantern_room, "lanternRoom"), (sun, "sun"),
-                        (glitter, "glitter")):
+                        (glitter, "glitter"), (night, "nightSky")):
         save(name, paint())
 
 

@@ -101,7 +101,7 @@ def sieve(left, right, y, gap=16, bar=10):
 
 
 def lift():
-    stage.lift(420, 1480, 140, (420, 1052), speed=90, area=(516, 1430, 44, 49), rim=6)
+    stage.lift(420, 1480, 140, (420, 1036), speed=90, area=(516, 1430, 44, 49), rim=6)
     stage.kill((420, 1506, 140, 24))
     stage.scenery(3, box(420, 1500, 560, 1512), GRATE, name="grille under the lift")
     stage.object(490, 1514, "img\\dangerGlow.png", layer=1)
@@ -197,6 +197,9 @@ def dam():
         x = 1150 + 172 * i
         stage.arch(x, 620, 120, 430 - 40 * i, BRICK, layer=3)
         stage.thing(x + 60, 700, "window", layer=3)
+    for x in (1180, 1420, 1660):
+        stage.arch(x, 1220, 170, 310, BRICK, layer=3)
+        stage.thing(x + 85, 1330, "window", layer=3)
     stage.pipe([(1120, 560), (1120, 1120), (1744, 1120)], layer=3)
     stage.pipe([(640, 1200), (640, 1330), (1100, 1330), (1100, 1456)], layer=3)
     for x, y in ((1120, 850), (640, 1290)):
@@ -259,8 +262,8 @@ def lighthouse_dress():
         edge = [2580 - round(24 * (y - 520) / 742) for y in (top, bottom)]
         stage.scenery(3, [(edge[0], top), (5240 - edge[0], top), (5240 - edge[1], bottom),
                           (edge[1], bottom)], RUST, name="band")
-    for y in (800, 1120):
-        stage.thing(2620, y, "window", layer=3)
+    for y in (570, 820, 1100):
+        stage.scenery(3, box(2612, y, 2628, y + 44), DARK, name="slit")
 
 
 def evening():
@@ -299,7 +302,8 @@ def foreground():
 
 def far_walls():
     stage.backdrop(WALL, -900, -900, CLIFF, 1700)
-    stage.scenery(0, box(CLIFF, -1000, 3800, HORIZON), SKY, name="evening sky")
+    stage.scenery(0, box(CLIFF, -1200, 3800, 0), "img\\nightSky.png", name="night")
+    stage.scenery(0, box(CLIFF, 0, 3800, HORIZON), SKY, name="evening sky")
     stage.scenery(0, box(CLIFF, HORIZON, 3800, 2300), SEA, name="open sea")
 
 
