@@ -72,7 +72,7 @@ def masonry():
 
 def lighthouse():
     """On the other side of the bay; who leaves the weir at a full tilt lands on it."""
-    stage.solid([(2580, 520), (2660, 520), (2684, 1262), (2556, 1262)], "stone", TILE,
+    stage.solid([(2580, 520), (2660, 520), (2684, 1262), (2556, 1262)], "stone", PAVING,
                 name="lighthouse")
 
 
@@ -274,7 +274,7 @@ def evening():
                   [(2380, 512), (2440, 500), (2500, 506), (2540, 512)],
                   [(2720, 512), (2800, 470), (2850, 482), (2960, 440), (3100, 490), (3200, 512)]):
         stage.scenery(0, hills, SHADE, name="island")
-    for left, right, y in ((2070, 2330, 1216), (2700, 3300, 1312), (2200, 2560, 1344)):
+    for left, right, y in ((2070, 2330, 1216), (2700, 3300, 1312)):
         stage.scenery(0, [(left, y + 30), (left + 60, y), (right - 90, y), (right, y + 30)],
                       "img\\foam.png", name="wave")
 
