@@ -13,7 +13,7 @@ CLIFF = 1150  # left of it the mountain, right of it the open air
 stage = Stage()
 
 # Chains that masonry, rock and linings share.
-BROW = [(1140, -900), (1146, -140), (1150, -100), (1162, 60), (1136, 170), (1100, 210),
+BROW = [(1136, -1300), (1146, -140), (1150, -100), (1162, 60), (1136, 170), (1100, 210),
         (1000, 220), (900, 250), (844, 256), (784, 240), (774, 182), (734, 150), (614, 150),
         (534, 180), (474, 214), (454, 260)]
 BOILER = [(420, 750), (440, 790), (470, 804), (590, 804), (620, 790), (650, 750)]
@@ -41,7 +41,7 @@ LIP = [(670, 670), (656, 690), (624, 688), (510, 624)]
 
 def rock():
     """The mountain on the left and the ground; the open air ends at walls that nobody sees."""
-    stage.solid([(-900, -900)] + BROW + [(454, 620), (420, 680)] + BOILER[:1] + BOILER_BACK[:3] +
+    stage.solid([(-900, -1300)] + BROW + [(454, 620), (420, 680)] + BOILER[:1] + BOILER_BACK[:3] +
                 LIFT_SHAFT + START_ROOF + [(52, 1380), (60, 1430), (60, 1530), (-900, 1530)],
                 "stone", ROCK, name="mountain")
     stage.solid([(-900, 1530), (60, 1530), (420, 1530), (560, 1530)] + SEA_BACK +
@@ -134,7 +134,7 @@ def storm():
     sieve(1132, 1412, 380)
     lost(1140, 1404, 432, 58, ((1100, 380, 1132, 390), (1412, 380, 1440, 392)))
     stage.zoom((1060, 240, 70, 150))
-    stage.wind((1160, 270, 252, 106), (-1, 0), 160)
+    stage.wind((1160, 270, 252, 106), (-1, 0), 220)
     stage.hum(1300, 300, 520, "wind")
     stage.warmer((1414, 280, 130, 112), lamp=False)
     stage.check_point(1430, 272, 60, 118)
@@ -231,8 +231,8 @@ def cold_and_storm():
         stage.thing(x, y, "icicles")
     for x in (1126, 1142):
         stage.post(x, 196 if x == 1126 else 170, 380, 12)
-    for y in (290, 350):
-        stage.effect(1420, y, "wind", (-1, 0))
+    for x, y in ((1420, 290), (1420, 350), (1310, 320)):
+        stage.effect(x, y, "wind", (-1, 0))
     stage.lantern(1500, 320)
     stage.post(1494, 338, 390, 12)
     stage.lamp(1616, 350)
@@ -289,7 +289,7 @@ def signs():
 
 def foreground():
     """Dark rock before the mountain, some way from the hollow."""
-    stage.foreground([(-1000, -1000), (1110, -1000), (1104, -150), (1118, 40), (1090, 130),
+    stage.foreground([(-1200, -1300), (1106, -1300), (1104, -150), (1118, 40), (1090, 130),
                       (990, 168), (900, 200), (852, 206), (826, 180), (806, 136), (750, 104),
                       (610, 102), (510, 132), (430, 170), (404, 250), (386, 380), (388, 600),
                       (356, 676), (358, 764), (384, 836), (370, 890), (376, 1178), (330, 1166),
@@ -297,14 +297,17 @@ def foreground():
                       (300, 1572), (560, 1590), (900, 1574), (1300, 1590), (1700, 1572),
                       (1960, 1586), (2060, 1604), (2220, 1636), (2360, 1630), (2480, 1590),
                       (2560, 1500), (2620, 1420), (2690, 1400), (2760, 1470), (2800, 1540),
-                      (2900, 1570), (4000, 1600), (4000, 2500), (-1000, 2500)])
+                      (2900, 1570), (4600, 1600), (4600, 3300), (-1200, 3300)])
 
 
 def far_walls():
-    stage.backdrop(WALL, -900, -900, CLIFF, 1700)
-    stage.scenery(0, box(CLIFF, -1200, 3800, 0), "img\\nightSky.png", name="night")
-    stage.scenery(0, box(CLIFF, 0, 3800, HORIZON), SKY, name="evening sky")
-    stage.scenery(0, box(CLIFF, HORIZON, 3800, 2300), SEA, name="open sea")
+    """Only where something of them is seen: what lies behind rock costs time as well."""
+    stage.backdrop(WALL, 40, 1130, 570, 1540)
+    stage.backdrop(WALL, 400, 140, CLIFF, 1130)
+    stage.scenery(0, box(CLIFF - 14, -1200, 4400, 0), "img\\nightSky.png", name="night")
+    stage.scenery(0, [(CLIFF - 14, 0), (4400, 0), (4400, HORIZON), (CLIFF, HORIZON), (CLIFF, 140),
+                      (CLIFF - 14, 140)], SKY, name="evening sky")
+    stage.scenery(0, box(1836, HORIZON, 4400, 1660), SEA, name="open sea")
 
 
 far_walls()
