@@ -14,7 +14,8 @@ def hall():
     stage.backdrop(BRICKWALL, -100, -100, 1900, 1400)
     stage.shell([(40, 60), (600, 40), (1100, 70), (1760, 50), (1740, 200), (1760, 330),
                  (1760, 670), (1760, 730), (1738, 1000), (1738, 1240), (1522, 1240), (1500, 1154),
-                 (1140, 1154), (1136, 1150), (864, 1150), (860, 1154), (620, 1154), (620, 960), (40, 960), (40, 860), (60, 500), (40, 300)])
+                 (1140, 1154), (1136, 1150), (864, 1150), (860, 1154), (620, 1154), (620, 1040), (440, 1040), (440, 960), (40, 960),
+                 (40, 850), (60, 500), (40, 300)])
     stage.frame(-20, -10, 1820, 1300)
 
 
@@ -22,11 +23,11 @@ def lift_shaft():
     """Wait until the lift is down: whoever is under it when it comes is crushed."""
     stage.solid([(40, 850), (120, 885), (300, 908), (370, 908), (440, 900), (440, 960), (40, 960)], "stone",
                 name="start shelf")
-    stage.solid(box(580, 360, 620, 960), "stone", BRICK, name="shaft wall")
-    stage.lift(440, 910, 140, (440, 330), speed=110)
-    stage.kill((440, 936, 140, 24))
-    stage.scenery(3, box(440, 930, 580, 942), GRATE, name="grille under the lift")
-    stage.object(510, 944, "img\\dangerGlow.png", layer=1)
+    stage.solid(box(580, 360, 620, 1040), "stone", BRICK, name="shaft wall")
+    stage.cradle(440, 970, 140, (440, 320), speed=110)
+    stage.kill((440, 1004, 140, 36))
+    stage.scenery(3, box(440, 998, 580, 1010), GRATE, name="grille under the lift")
+    stage.object(510, 1012, "img\\dangerGlow.png", layer=1)
     stage.hazard(428, 900, 440, 960)
     stage.arrow(330, 800, "right")
     stage.arrow(510, 560, "up")
@@ -40,7 +41,9 @@ def lift_shaft():
 
 def hammer_gallery():
     """Three hammers, each with its own beat."""
-    stage.solid(box(580, 320, 1180, 360), "stone", TILE, name="gallery")
+    # It dips behind its edge: what stands beside a lift goes down with it.
+    stage.solid([(580, 320), (606, 332), (640, 332), (672, 320), (1180, 320), (1180, 360),
+                 (580, 360)], "stone", TILE, name="gallery")
     stage.solid(box(620, 88, 1120, 116), "stone", BRICK, name="hammer beam")
     for x, speed in ((690, 70), (850, 95), (1010, 120)):
         stage.piston(x, 116, 64, 90, (0, 112), speed=speed)
@@ -55,7 +58,7 @@ def hammer_gallery():
 def shuttle():
     """Over the pit; a full tilt spills everything."""
     stage.zoom((1100, 200, 70, 118))
-    stage.lift(1180, 330, 120, (1470, 330), speed=85)
+    stage.cradle(1180, 320, 120, (1470, 320), speed=85)
     stage.solid([(1600, 320), (1690, 330), (1690, 370), (1600, 360)], "metal",
                 name="far landing")
     stage.arrow(1640, 250, "right")
@@ -69,9 +72,11 @@ def rising_steps():
     stage.solid([(1590, 700), (1760, 670), (1760, 730), (1620, 740), (1620, 950), (1590, 950)],
                 "stone", name="catch shelf")
     for x, low, high in ((1464, 700, 790), (1338, 790, 700), (1212, 700, 790)):
-        stage.lift(x, low, 126, (x, high), speed=55, rim=6)
+        stage.cradle(x, low, 126, (x, high), speed=55, dip=10)
     stage.solid([(700, 775), (1212, 745), (1212, 920), (1590, 920), (1590, 950), (1180, 950),
                  (1180, 810), (700, 810)], "stone", BRICK, name="turbine tray")
+    stage.solid([(1180, 360), (1204, 360), (1204, 560), (1450, 604), (1450, 630), (1180, 596)],
+                "stone", BRICK, name="roof over the third platform")
     stage.kill((1212, 850, 378, 70))
     for x in (1270, 1400, 1530):
         stage.gear(x, 880)
@@ -81,8 +86,8 @@ def rising_steps():
     stage.check_point(1640, 570, 110, 108)
     stage.check_point(940, 630, 130, 126)
     stage.arrow(1680, 520, "left")
-    stage.gear(1300, 560, big=True)
-    stage.gear(1420, 470)
+    stage.gear(1320, 450, big=True)
+    stage.gear(1450, 510)
     stage.hum(1400, 860, 420, "gears")
     stage.lamp(1110, 600)
     for x in (760, 940):

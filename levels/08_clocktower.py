@@ -14,9 +14,9 @@ stage = Stage()
 
 
 def tower():
-    stage.backdrop(PLANKING, -100, -100, 1300, 2100)
-    stage.shell([(LEFT, 80), (600, 40), (RIGHT, 80), (RIGHT, 1960), (LEFT, 1960)])
-    stage.frame(0, 0, 1200, 2020)
+    stage.backdrop(PLANKING, -100, -100, 1300, 2160)
+    stage.shell([(LEFT, 80), (600, 40), (RIGHT, 80), (RIGHT, 2020), (LEFT, 2020)])
+    stage.frame(0, 0, 1200, 2080)
     stage.clock_face(380, 700)
     for x, y, big in ((820, 860, True), (960, 780, False), (640, 1260, True), (480, 1330, False),
                       (380, 1660, True), (250, 1750, False), (540, 1640, False),
@@ -29,31 +29,39 @@ def tower():
     stage.hum(600, 900, 900, "gears")
 
 
-def ledge(left, right, y, surface="stone", name="ledge"):
-    stage.solid(box(left, y, right, y + 34), surface, name=name)
+def ledge(left, right, y, surface="stone", lift=None):
+    """`lift` is the side, left or right, where one comes up: the ledge dips behind that edge,
+    as what stands beside a lift goes down with it."""
+    points = box(left, y, right, y + 34)
+    if lift == "right":
+        points[1:1] = [(right - 92, y), (right - 60, y + 12), (right - 26, y + 12)]
+    if lift == "left":
+        points[1:1] = [(left + 26, y + 12), (left + 60, y + 12), (left + 92, y)]
+    stage.solid(points, surface, name="ledge")
     for x in (left + 12, right - 30):
         stage.scenery(1, [(x, y + 34), (x + 18, y + 34), (x + 18, y + 64), (x, y + 54)], BEAM,
                       name="bracket")
 
 
 def wall_lift(left, low, high):
-    """A lift of 140 whose rims are level with the ledges at low and high."""
-    stage.lift(left, low + 10, 140, (left, high + 10), speed=BEAT)
+    """A lift of 140 from a little below the ledge at low, so that it can be boarded for a
+    while, up to the ledge at high."""
+    stage.cradle(left, low + 60, 140, (left, high), speed=BEAT)
 
 
 def bob(left, right, y):
     """A weight that swings from left to right and carries what stands on it."""
-    stage.lift(left, y + 10, 120, (right, y + 10), speed=BEAT, rails=False)
+    stage.cradle(left, y, 120, (right, y), speed=BEAT, rails=False)
     stage.rail((min(left, right), y + 60), (max(left, right) + 120, y + 60))
 
 
 def foot():
-    stage.solid([(LEFT, 1840), (170, FOOT), (1000, FOOT), (1000, 1960), (LEFT, 1960)], "stone",
+    stage.solid([(LEFT, 1840), (170, FOOT), (1000, FOOT), (1000, 2020), (LEFT, 2020)], "stone",
                 PAVING, name="foot of the tower")
     wall_lift(1000, FOOT, 1480)
-    stage.kill((1000, FOOT + 28, 140, 52))
-    stage.scenery(3, box(1000, FOOT + 24, RIGHT, FOOT + 36), GRATE, name="grille")
-    stage.object(1070, FOOT + 40, "img\\dangerGlow.png", layer=1)
+    stage.kill((1000, FOOT + 92, 140, 48))
+    stage.scenery(3, box(1000, FOOT + 86, RIGHT, FOOT + 98), GRATE, name="grille")
+    stage.object(1070, FOOT + 104, "img\\dangerGlow.png", layer=1)
     stage.hazard(960, FOOT, 1000, FOOT + 10)
     stage.zoom((500, 1740, 120, 139))
     stage.arrow(820, 1800, "right")
@@ -64,7 +72,7 @@ def foot():
 
 def first_floor():
     """A bob over the gap, a weight before the lift."""
-    ledge(760, 1000, 1480)
+    ledge(760, 1000, 1480, lift="right")
     bob(440, 640, 1480)
     ledge(200, 440, 1480, "wood")
     stage.piston(290, 1330, 64, 80, (0, 66), speed=BEAT)
@@ -77,7 +85,7 @@ def first_floor():
 
 def second_floor():
     """Two weights, then two bobs that meet over the middle."""
-    ledge(200, 520, 1060)
+    ledge(200, 520, 1060, lift="left")
     stage.piston(280, 900, 64, 90, (0, 68), speed=BEAT)
     stage.piston(420, 866, 64, 90, (0, 102), speed=BEAT)
     stage.hazard(272, 1060, 352, 1070)
@@ -93,7 +101,7 @@ def second_floor():
 
 def third_floor():
     """The great weight, that shakes the tower, and the lift to the bells."""
-    ledge(700, 1000, 640, "metal")
+    ledge(700, 1000, 640, "metal", lift="right")
     stage.piston(790, 460, 120, 110, (0, 68), speed=50)
     stage.shake((780, 572, 140, 66))
     stage.hazard(782, 640, 918, 650)
@@ -104,7 +112,7 @@ def third_floor():
 
 
 def bells():
-    stage.solid([(300, 330), (380, 300), (560, 300), (560, 334), (300, 410)], "cloth", SACK,
+    stage.solid([(300, 330), (380, 300), (470, 300), (500, 310), (534, 310), (560, 300), (560, 334), (300, 410)], "cloth", SACK,
                 name="belfry floor")
     stage.finish(102, 330, 180, 60)
     stage.solid([(LEFT, 330), (84, 330), (84, 410), (LEFT, 410)], "metal", name="corbel")

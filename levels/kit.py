@@ -340,6 +340,16 @@ class Stage(Map):
         self._set_going(id, area, loop)
         return id
 
+    def cradle(self, x, y, width, end, speed=60, dip=14, rails=True):
+        """A platform that runs to and fro from the start; it sags in its middle, so that water
+        stays on it while the tilt is small, and leaves it whole when it is large. (x, y) is its
+        upper left corner, which travels to `end`."""
+        points = [(x, y), (x + width // 2, y + dip), (x + width, y), (x + width, y + dip + 12),
+                  (x, y + dip + 12)]
+        if rails:
+            self.rail((x + width // 2, y + dip), (end[0] + width // 2, end[1] + dip), width)
+        return self.carry(points, (end[0] - x, end[1] - y), speed)
+
     def rail(self, start, end, width=80):
         """Guide rails of what moves from start to end, with a gear at each end."""
         (ax, ay), (bx, by) = start, end
