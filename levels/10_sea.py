@@ -13,8 +13,8 @@ CLIFF = 1150  # left of it the mountain, right of it the open air
 stage = Stage()
 
 # Chains that masonry, rock and linings share.
-BROW = [(1136, -1300), (1146, -140), (1150, -100), (1162, 60), (1136, 170), (1100, 210),
-        (1000, 220), (900, 250), (844, 256), (784, 240), (774, 182), (734, 150), (614, 150),
+BROW = [(1136, -1300), (1146, -140), (1150, -100), (1162, 60), (1158, 200), (1152, 268),
+        (1140, 288), (1100, 270), (1000, 232), (900, 250), (844, 256), (784, 240), (774, 182), (734, 150), (614, 150),
         (534, 180), (474, 214), (454, 260)]
 BOILER = [(420, 750), (440, 790), (470, 804), (590, 804), (620, 790), (650, 750)]
 BOILER_BACK = [(400, 750), (428, 806), (464, 824), (596, 824), (630, 808), (664, 764)]
@@ -131,6 +131,7 @@ def chimney():
 def storm():
     """Over the sieve against the wind, before the ice thaws."""
     stage.freezer((850, 240, 286, 184))
+    stage.solid([(1152, 268), (1424, 284), (1420, 300), (1140, 288)], "wood", name="awning")
     sieve(1132, 1412, 380)
     lost(1140, 1404, 432, 58, ((1100, 380, 1132, 390), (1412, 380, 1440, 392)))
     stage.zoom((1060, 240, 70, 150))
@@ -146,7 +147,8 @@ def weir():
     lost(2474, 2556, 1400, 74, ((2452, 1366, 2480, 1378),))
     stage.scenery(3, box(2474, 1410, 2556, 1422), GRATE, name="rocks")
     stage.hazard(2545, 1262, 2559, 1400)
-    stage.gate((1712, 300, 16, 112), (0, -100), stage.plate(1662, 412, 46), speed=70)
+    stage.gate((1712, 300, 16, 112), (0, -100), stage.plate(1662, 412, 46), speed=60,
+               delay=1.0)
     stage.zoom((1650, 280, 60, 140))
     stage.shake((1850, 1000, 700, 100))
     stage.trigger("Level_end_a", (2080, 1440, 370, 116), name="finish")
@@ -217,25 +219,26 @@ def gantry():
     """Over the crest: what the board of the weir is drawn up into."""
     for x in (1686, 1738):
         stage.post(x, 170, 412, 16)
-    stage.beam(1670, 1770, 160, 18)
+    stage.beam(1630, 1770, 160, 18)
     stage.gear(1720, 150)
-    stage.lantern(1664, 260)
+    stage.lantern(1650, 204)
     stage.thing(1720, 200, "chain")
 
 
 def cold_and_storm():
-    frost = [(844, 256), (900, 250), (1000, 220), (1100, 210), (1136, 170)]
+    frost = [(844, 256), (900, 250), (1000, 232), (1100, 270), (1140, 288)]
     stage.scenery(3, frost + [(x, y + 14 + (i * 5) % 9) for i, (x, y) in enumerate(frost)][::-1],
                   FROST, name="rime")
-    for x, y in ((880, 274), (970, 252), (1066, 236)):
+    for x, y in ((880, 274), (960, 262), (1060, 282)):
         stage.thing(x, y, "icicles")
-    for x in (1126, 1142):
-        stage.post(x, 196 if x == 1126 else 170, 380, 12)
+    for x, top, bottom in ((1126, 280, 380), (1142, 286, 380), (1404, 296, 390)):
+        stage.post(x, top, bottom, 12)
+    for x, reach in ((1154, 44), (1404, -44)):
+        stage.brace(x, 294, reach, 10)
     for x, y in ((1420, 290), (1420, 350), (1310, 320)):
         stage.effect(x, y, "wind", (-1, 0))
     stage.lantern(1500, 320)
     stage.post(1494, 338, 390, 12)
-    stage.lamp(1616, 350)
 
 
 def shore():
@@ -289,8 +292,8 @@ def signs():
 
 def foreground():
     """Dark rock before the mountain, some way from the hollow."""
-    stage.foreground([(-1200, -1300), (1106, -1300), (1104, -150), (1118, 40), (1090, 130),
-                      (990, 168), (900, 200), (852, 206), (826, 180), (806, 136), (750, 104),
+    stage.foreground([(-1200, -1300), (1106, -1300), (1104, -150), (1118, 40), (1114, 180),
+                      (1090, 206), (1000, 184), (900, 200), (852, 206), (826, 180), (806, 136), (750, 104),
                       (610, 102), (510, 132), (430, 170), (404, 250), (386, 380), (388, 600),
                       (356, 676), (358, 764), (384, 836), (370, 890), (376, 1178), (330, 1166),
                       (190, 1172), (70, 1204), (14, 1290), (2, 1380), (16, 1440), (20, 1580),
@@ -307,6 +310,8 @@ def far_walls():
     stage.scenery(0, box(CLIFF - 14, -1200, 4400, 0), "img\\nightSky.png", name="night")
     stage.scenery(0, [(CLIFF - 14, 0), (4400, 0), (4400, HORIZON), (CLIFF, HORIZON), (CLIFF, 140),
                       (CLIFF - 14, 140)], SKY, name="evening sky")
+    for pit in (box(1132, 384, 1412, 492), box(1578, 394, 1642, 462)):
+        stage.scenery(0, pit, BRICKWALL, name="pit")
     stage.scenery(0, box(1836, HORIZON, 4400, 1660), SEA, name="open sea")
 
 
