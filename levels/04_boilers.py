@@ -58,7 +58,7 @@ def hollow():
     stage.shell(START_ROOM_ROOF[:-1] + [BLOCK_1[0], BLOCK_1[-1]] + CONDENSER_1_ROOF[1:-1] +
                 [BLOCK_2[0], BLOCK_2[-1]] + HALL_ROOF[1:-1] + [BLOCK_3[0], BLOCK_3[-1]] +
                 TOWER_ROOF[1:] + CELLAR_FLOOR + KETTLE_BACK + LADDER_FLOOR[1:] +
-                [TANK_ROOF[-1], SHAFT_LEFT[0]], margin=800)
+                [TANK_ROOF[-1], SHAFT_LEFT[0]], margin=100)
     stage.solid(SHAFT_LEFT + BOILER_1_BACK[:3] + LADDER_RIGHT + TANK_ROOF[1:], "stone", STONE,
                 name="between ladder and shaft")
     stage.solid(BLOCK_1, "stone", BRICK, name="between shaft and first chimney")
@@ -116,8 +116,6 @@ def cellar():
     stage.drain(1516, 1258, 64, 72)
     stage.drain(1322, 1261, 44, 66)
     stage.furnace(1084, 1292, (984, 1044, 200, 292))
-    for x in (1010, 1158):
-        stage.object(x, 1310, "img\\fireGlow.png", layer=0, name="embers")
     for x in (984, 1184):
         stage.steam_leak(x, 1330)
 
@@ -201,7 +199,12 @@ def flue():
 
 def far_walls():
     """Layer 0: what is seen through the hollow."""
-    stage.backdrop(BRICKWALL, -800, -800, 2900, 2300)
+    for hole in ((70, 270, 410, 580), (320, 560, 420, 960), (330, 810, 680, 1010),
+                 (550, 440, 630, 820), (560, 420, 1010, 700), (950, 600, 1260, 850),
+                 (1085, 315, 1190, 650), (1170, 290, 1710, 565), (1420, 110, 1490, 340),
+                 (1630, 50, 2040, 300), (1790, 230, 2040, 1260), (470, 1030, 2040, 1400),
+                 (60, 620, 310, 1300), (290, 1040, 500, 1310)):
+        stage.backdrop(BRICKWALL, *hole)
     for x, y in ((130, 310), (690, 440), (1240, 330), (1740, 90), (1870, 110), (560, 1110),
                  (740, 1140), (1260, 1110), (1440, 1110), (1620, 1080)):
         stage.arch(x, y, 110, 150)
@@ -245,7 +248,7 @@ def machines():
 
 
 def lights():
-    for x, y in ((230, 360), (960, 610), (1690, 150), (1850, 480), (1960, 800),
+    for x, y in ((230, 360), (960, 610), (1690, 150), (1960, 800),
                  (1850, 1120), (1500, 1170)):
         stage.lamp(x, y)
 
