@@ -63,7 +63,7 @@ def hollow():
     stage.shell(ROOF + COLD_3_BACK + GALLERY_FLOOR + THAW_FLOOR + HALL_RIGHT +
                 COLD_5_BACK[:-1] + LAST_FLOOR + BOWL + TUNNEL_ROOF + [POND[0]] + POND_BACK[:-1] +
                 TUNNEL_FLOOR + COLD_6_BACK + SAW_FLOOR + HALL_LEFT + [START_FLOOR[-1]],
-                margin=800)
+                margin=100)
     stage.solid(STOVE_FLOOR + DRAIN + COLD_1_BACK + START_FLOOR + HALL_LEFT[-1:] +
                 HALL_ROOF + [MIDDLE, COLD_2_BACK[-1]], "stone", STONE, name="below the first storey")
     stage.solid(THAW_ROOF + GALLERY_ROOF + CHASM + RUN_BACK + COLD_2_BACK[1:] + [MIDDLE], "stone",
@@ -239,7 +239,11 @@ def rime():
 
 
 def far_walls():
-    stage.backdrop(ICEWALL, -800, -800, 3100, 2700)
+    for hole in ((50, 100, 1106, 480), (1050, 230, 1106, 660), (1050, 520, 1350, 720),
+                 (1340, 540, 2270, 1045), (2040, 900, 2290, 1260), (1410, 740, 1510, 1310),
+                 (1500, 1060, 2110, 1310), (1030, 740, 1510, 920), (80, 620, 1050, 1530),
+                 (90, 1460, 2260, 1840)):
+        stage.backdrop(ICEWALL, *hole)
     for x, y in ((110, 160), (440, 210), (930, 190), (1210, 570), (1760, 730), (1900, 730),
                  (250, 720), (420, 720), (590, 720), (230, 1240), (640, 1240), (560, 1030), (230, 1610), (600, 1596), (880, 1606),
                  (1250, 1600), (1460, 1560), (1700, 1560), (1900, 1560), (2050, 1540)):
@@ -278,18 +282,17 @@ def pipes():
 
 
 def lights():
-    for x, y in ((150, 190), (740, 230), (1450, 660), (1660, 780), (2190, 860), (1650, 1140),
-                 (1340, 820), (300, 770), (640, 760), (380, 1050), (900, 1080), (700, 1290),
-                 (470, 1280), (170, 1470), (520, 1640), (760, 1650), (1180, 1640), (1560, 1580),
-                 (1880, 1600), (2190, 1620)):
+    for x, y in ((150, 190), (1450, 660), (2190, 860), (300, 770), (900, 1080), (700, 1290),
+                 (520, 1640), (1880, 1600)):
         stage.lantern(x, y)
+    for x, y in ((740, 230), (1660, 780), (1340, 820), (640, 760), (380, 1050), (170, 1470),
+                 (1180, 1640), (2190, 1620)):
+        stage.thing(x, y, "lantern")
 
 
 def life():
     for x, y in ((880, 160), (1046, 180), (1180, 772), (130, 1016)):
         stage.drip(x, y)
-    stage.mist(760, 430)
-    stage.mist(1870, 1000)
     stage.mist(2104, 1790)
     stage.hum(2104, 1760, 400, "drip")
     stage.hum(1870, 900, 400, "wind")
