@@ -9,7 +9,9 @@
 namespace {
 
 // Weights, in world units of distance.
-constexpr float perLostDrop = 10.0f;
+constexpr float perLostDrop = 5.0f;
+/// Of drops that are lost earlier than the way so far excuses.
+constexpr float perEarlyLoss = 25.0f;
 constexpr float perSecond = 3.0f;
 /// What a try costs a situation's standing: so much farther back is as good as untried.
 constexpr float perTry = 8.0f;
@@ -38,12 +40,6 @@ std::uint64_t Square(Vector2 place, float size) {
 std::uint64_t Matter(const Outcome& outcome) {
     const std::uint32_t all = std::max(outcome.placeCount, 1u);
     return (outcome.steam * 2 > all ? 1u : 0u) + (outcome.ice * 2 > all ? 2u : 0u);
-}
-
-/// Cost of a situation, however often it was tried.
-float Cost(const Found& found) {
-    return found.distance + perLostDrop * (128.0f - static_cast<float>(found.alive)) +
-           perSecond * static_cast<float>(found.elapsedMs) * 0.001f;
 }
 
 }  // namespace
@@ -96,6 +92,7 @@ Found Archive::Describe(Copies::Number copy) const {
 
 bool Archive::Take(Copies::Number copy, std::shared_ptr<const Leg> way) {
     Found found = Describe(copy);
+    farthest = std::max(farthest, founds.empty() ? found.distance : 0.0f);
     found.way = std::move(way);
     const auto [place, isNew] = byKind.try_emplace(found.kind, founds.size());
     if (isNew) {
@@ -115,7 +112,17 @@ bool Archive::Take(Copies::Number copy, std::shared_ptr<const Leg> way) {
     return true;
 }
 
-float Archive::Standing(const Found& found) {
+/// Cost of a situation, however often it was tried. What may be lost is to last for the whole
+/// way: losses count for more the nearer to the start they happened.
+float Archive::Cost(const Found& found) const {
+    const float progress = std::max(1.0f - found.distance / std::max(farthest, 1.0f), 0.0f);
+    const float lost = 128.0f - static_cast<float>(found.alive);
+    const float excused = progress * (128.0f - static_cast<float>(leastWater));
+    return found.distance + perLostDrop * lost + perEarlyLoss * std::max(lost - excused, 0.0f) +
+           perSecond * static_cast<float>(found.elapsedMs) * 0.001f;
+}
+
+float Archive::Standing(const Found& found) const {
     return Cost(found) + perTry * static_cast<float>(found.tries) +
            perLoss * static_cast<float>(found.losses);
 }

@@ -48,7 +48,9 @@ struct Found {
 
 class Archive {
 public:
-    Archive(Copies& where, const FlowMap& flowMap) : copies(where), map(flowMap) {}
+    /// `least`: with less water than this nothing is kept.
+    Archive(Copies& where, const FlowMap& flowMap, std::uint32_t least)
+        : copies(where), map(flowMap), leastWater(least) {}
 
     /// Keeps the copy if its situation is new or it is better than the one that was there;
     /// drops whichever isn't kept. True if kept.
@@ -69,7 +71,8 @@ public:
     Found Describe(Copies::Number copy) const;
 
 private:
-    static float Standing(const Found& found);
+    float Cost(const Found& found) const;
+    float Standing(const Found& found) const;
     float DistanceOf(const Outcome& outcome) const;
     Found& PickPromising(Dice& dice);
     Found& PickRare(Dice& dice);
@@ -80,5 +83,7 @@ private:
     std::vector<Found> founds;
     std::unordered_map<std::uint64_t, std::size_t> byKind;
     std::unordered_map<std::uint64_t, std::uint32_t> triesInRegion;
+    std::uint32_t leastWater;
     float nearest = 1.0e9f;
+    float farthest = 0.0f;  ///< distance of the first situation
 };

@@ -3,6 +3,7 @@
 #include "FlowMap.h"
 
 #include <algorithm>
+#include <cmath>
 #include <functional>
 #include <limits>
 #include <queue>
@@ -58,7 +59,7 @@ void FlowMap::Relax(Field& field, const Sources& sources, IsBarred isBarred, flo
             }
             const bool carried =
                 space.LiftAt(from) != FlowSpace::nothing && !isBarred(space.LiftAt(from), true);
-            float price = FlowSpace::Price(direction, carried);
+            float price = space.Price(from, direction, carried);
             if (isBarred(space.BarOf(from, direction), false)) {
                 price = barPrice;
             }
@@ -119,7 +120,8 @@ FlowMap::Field FlowMap::FieldOf(std::uint32_t open) const {
     for (const std::size_t i : gates) {
         if ((open & gateBit[i]) == 0) {
             for (const std::size_t cell : space.Openers(i)) {
-                sources.emplace_back(cell, fields[open | gateBit[i]][cell] + throughOpener);
+                const float onwards = std::fabs(fields[open | gateBit[i]][cell]);
+                sources.emplace_back(cell, onwards + throughOpener);
             }
         }
     }
@@ -140,11 +142,10 @@ FlowMap::Field FlowMap::FieldOf(std::uint32_t open) const {
     const auto barredNowhere = [](FlowSpace::Bar bar, bool isLift) {
         return !isLift && bar != FlowSpace::nothing;
     };
-    // What was reached has its least distance already, but through a wall; that isn't wanted.
-    Field whole(field.size(), unreached);
-    Relax(whole, reached, barredNowhere, throughWall);
+    Field guessed(field.size(), unreached);
+    Relax(guessed, reached, barredNowhere, throughWall);
     for (std::size_t cell = 0; cell < field.size(); ++cell) {
-        field[cell] = field[cell] != unreached ? field[cell] : whole[cell];
+        field[cell] = field[cell] != unreached ? field[cell] : -guessed[cell];
     }
     return field;
 }
@@ -158,5 +159,21 @@ std::uint32_t FlowMap::Gates(std::uint64_t state) const {
 }
 
 float FlowMap::Distance(Vector2 place, std::uint64_t state) const {
-    return fields[Gates(state)][space.CellAt(place)];
+    const Field& field = fields[Gates(state)];
+    const std::size_t cell = space.CellAt(place);
+    if (field[cell] >= 0.0f) {
+        return field[cell];
+    }
+    // The middle of the cell lies in a wall: the neighbour on this side of it counts.
+    float distance = -field[cell];
+    float least = unreached;
+    for (int direction = 0; direction < FlowSpace::directions; ++direction) {
+        const std::size_t neighbour = space.Neighbour(cell, direction);
+        if (neighbour != space.CellCount() && field[neighbour] >= 0.0f) {
+            const float away = DistanceSquared(space.Centre(neighbour), place);
+            distance = away < least ? field[neighbour] : distance;
+            least = std::min(least, away);
+        }
+    }
+    return distance;
 }

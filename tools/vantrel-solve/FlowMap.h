@@ -37,5 +37,6 @@ private:
     FlowSpace space;
     std::vector<std::size_t> gates;      ///< indices of switches
     std::vector<std::uint32_t> gateBit;  ///< per switch: its bit in a set of gates, or 0
-    std::vector<Field> fields;           ///< by the set of open gates
+    /// By the set of open gates. Where no way leads from, minus a guess through walls.
+    std::vector<Field> fields;
 };

@@ -19,8 +19,10 @@ constexpr std::array<int, FlowSpace::directions> stepX{0, 1, 1, 1, 0, -1, -1, -1
 constexpr std::array<int, FlowSpace::directions> stepY{1, 1, 0, -1, -1, -1, 0, 1};
 
 // Price of ten units by direction: down, down aslant, along, up aslant, straight up. Water
-// runs up a slope that a tilt turns into a descent; straight up it only splashes.
+// runs up a slope that a tilt turns into a descent; straight up, and in the air, it only
+// splashes.
 constexpr std::array<float, FlowSpace::directions> plainPrice{10, 14, 12, 40, 150, 40, 12, 14};
+constexpr float inAirPrice = 180;
 constexpr std::array<float, FlowSpace::directions> carriedPrice{10, 14, 10, 14, 10, 14, 10, 14};
 
 /// Even-odd test against the outline.
@@ -79,8 +81,12 @@ bool IsGate(const LevelPolygon& polygon) {
 
 }  // namespace
 
-float FlowSpace::Price(int direction, bool carried) {
-    return carried ? carriedPrice[Index(direction)] : plainPrice[Index(direction)];
+float FlowSpace::Price(std::size_t from, int direction, bool carried) const {
+    if (carried) {
+        return carriedPrice[Index(direction)];
+    }
+    const bool climbs = stepY[Index(direction)] < 0;
+    return climbs && grounded[from] == 0 ? inAirPrice : plainPrice[Index(direction)];
 }
 
 FlowSpace::FlowSpace() {
@@ -96,6 +102,7 @@ FlowSpace::FlowSpace() {
     LiftByForces();
     LiftByMovers();
     LiftBySteam();
+    FindGround();
     CollectAreas();
 }
 
@@ -316,6 +323,18 @@ void FlowSpace::LiftBySteam() {
                 left[next] = rest;
                 waiting.push_back(next);
             }
+        }
+    }
+}
+
+void FlowSpace::FindGround() {
+    constexpr int reach = 3;  // cells
+    grounded.assign(CellCount(), 0);
+    for (std::size_t cell = 0; cell < CellCount(); ++cell) {
+        std::size_t below = cell;
+        for (int i = 0; i < reach && below != CellCount() && grounded[cell] == 0; ++i) {
+            grounded[cell] = BarOf(below, 0) != nothing ? 1 : 0;
+            below = Neighbour(below, 0);
         }
     }
 }

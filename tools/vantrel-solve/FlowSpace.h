@@ -24,13 +24,14 @@ public:
     int Height() const { return height; }
     std::size_t CellCount() const { return bars.size() / directions; }
     std::size_t CellAt(Vector2 place) const;
+    Vector2 Centre(std::size_t cell) const;
     /// The neighbour's cell; CellCount() beyond the border.
     std::size_t Neighbour(std::size_t cell, int direction) const;
     Bar BarOf(std::size_t cell, int direction) const {
         return bars[cell * directions + Index(direction)];
     }
     /// Price of a step in world units, where nothing bars it; `carried`: something lifts.
-    static float Price(int direction, bool carried);
+    float Price(std::size_t from, int direction, bool carried) const;
     /// What carries water against gravity here.
     Bar LiftAt(std::size_t cell) const { return lifts[cell]; }
     const std::vector<std::size_t>& Finish() const { return finish; }
@@ -39,7 +40,6 @@ public:
 
 private:
     static std::size_t Index(int direction) { return static_cast<std::size_t>(direction); }
-    Vector2 Centre(std::size_t cell) const;
     void Measure();
     void BarSolids();
     void BarWalls();
@@ -48,6 +48,7 @@ private:
     void LiftByForces();
     void LiftByMovers();
     void LiftBySteam();
+    void FindGround();
     void CollectAreas();
     void BarCell(std::size_t cell, Bar bar);
     template <class Each>
@@ -59,7 +60,8 @@ private:
     int height = 0;
     std::vector<Bar> bars;
     std::vector<Bar> lifts;
-    std::vector<std::uint8_t> closed;  ///< inside of something solid
+    std::vector<std::uint8_t> closed;    ///< inside of something solid
+    std::vector<std::uint8_t> grounded;  ///< something to flow on is near below
     std::vector<std::size_t> finish;
     std::vector<std::vector<std::size_t>> openers;
 };

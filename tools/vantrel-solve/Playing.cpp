@@ -89,7 +89,7 @@ std::uint64_t FiredOnce() {
     return hash;
 }
 
-/// In which third of its path a mover is, and which way it goes; only for the one nearest to
+/// In which fifth of its path a mover is, and which way it goes; only for the one nearest to
 /// the water among those that go to and fro, since all together would make every moment new.
 std::uint64_t MoverPlaces(Vector2 centre) {
     constexpr float reach = 300.0f;
@@ -110,7 +110,7 @@ std::uint64_t MoverPlaces(Vector2 centre) {
     }
     if (nearest != nullptr) {
         const float share = nearest->distance / std::max(nearest->length, 1.0f);
-        Mix(hash, nearest->id * 16 + static_cast<std::uint64_t>(share * 2.99f) * 2 +
+        Mix(hash, nearest->id * 16 + static_cast<std::uint64_t>(share * 4.99f) * 2 +
                       (nearest->state == Mover::LoopingToEnd ? 1 : 0));
     }
     return hash;

@@ -199,7 +199,7 @@ std::string Searcher::Describe(const Archive& archive) const {
 
 void Searcher::Run(const FlowMap& map) {
     const InterruptEndsSearch guard;
-    Archive archive(copies, map);
+    Archive archive(copies, map, settings.leastWater);
     std::shared_ptr<const Leg> opening = LegOf(copies.Of(first), nullptr);
     bestWay = opening;
     result.distance = archive.Describe(first).distance;
