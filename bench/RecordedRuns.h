@@ -29,12 +29,17 @@ inline std::string LevelName(const std::string& file) {
     return std::filesystem::path(file).stem().string();
 }
 
-/// Loads the run's level and stands at its first step; false if the run can't be played.
-inline bool Begin(const std::string& file) {
+/// Loads the run's level and stands at its first step; false if the run can't be played. With
+/// a width, the view is another than the run's: play may then leave the run's path a little.
+inline bool Begin(const std::string& file, float viewWidth = 0.0f, float viewHeight = 0.0f) {
     std::string reason;
     auto run = ReadRun(file, reason);
     if (!run || !FitsLevel(*run, reason)) {
         return false;
+    }
+    if (viewWidth > 0.0f) {
+        run->viewWidth = viewWidth;
+        run->viewHeight = viewHeight;
     }
     const std::string level = run->level;
     RunRecorder::Replay(std::move(*run));
