@@ -54,7 +54,8 @@ std::uint32_t Dice::Next() {
 /// Mean over the water, and more for water that is torn apart: a part that runs ahead is no
 /// progress if the rest doesn't follow.
 float Archive::DistanceOf(const Outcome& outcome) const {
-    constexpr float perDeviation = 0.8f;
+    // Below a half, so that every drop that gets ahead is some progress.
+    constexpr float perDeviation = 0.45f;
     std::array<float, Outcome::mostPlaces> distances;
     const auto count = static_cast<float>(std::max(outcome.placeCount, 1u));
     float sum = 0.0f;
