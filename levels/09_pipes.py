@@ -120,7 +120,7 @@ def riser():
     """Three jets, one above the other, from the fourth pipe to the first."""
     for r in (0, 1, 2):
         x, y = column(4), row(r) + PIPE_WIDTH
-        stage.jet((x, y - 20, PIPE_WIDTH, 180), (0, -1), 360)
+        stage.jet((x, y - 20, PIPE_WIDTH, 222), (0, -1), 360)
     wall(4, 1)
     wall(4, 2)
     wall(4, 3)
