@@ -7,6 +7,7 @@
 #include "actors/DebugLabels.h"
 #include "actors/LevelObjectsManager.h"
 #include "graphics/GLWindowDraw.h"
+#include "graphics/MagnifiedSamplingDraw.h"
 
 namespace LevelObjectsManager {
 
@@ -61,9 +62,13 @@ void DrawLayer(int layer) {
     }
     glEnableClientState(GL_VERTEX_ARRAY);
     glEnableClientState(GL_TEXTURE_COORD_ARRAY);
+    MagnifiedSampling sampling;
     for (std::size_t i = 0; i < queue.size(); ++i) {
         AddQuad(*queue[i].object);
         if (i + 1 == queue.size() || queue[i + 1].glName != queue[i].glName) {
+            const Vector2 half = queue[i].object->HalfSize();
+            sampling.Use(MagnifiedSampling::Suits(static_cast<std::uint32_t>(half.x * 2.0f),
+                                                  static_cast<std::uint32_t>(half.y * 2.0f)));
             DrawBatch(queue[i].glName);
         }
     }

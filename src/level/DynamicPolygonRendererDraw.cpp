@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "graphics/MagnifiedSamplingDraw.h"
 #include "level/DynamicPolygonRenderer.h"
 #include "level/PolygonTexture.h"
 
@@ -47,8 +48,10 @@ void DynamicPolygonRenderer::DrawLayer(int layer) {
     glPushClientAttrib(GL_CLIENT_VERTEX_ARRAY_BIT);
     glEnableClientState(GL_TEXTURE_COORD_ARRAY);
     glEnableClientState(GL_VERTEX_ARRAY);
+    MagnifiedSampling sampling;
     while (polygon != nullptr) {
         const std::uint32_t texture = polygon->texture.glName;
+        sampling.Use(MagnifiedSampling::Suits(polygon->texture.width, polygon->texture.height));
         Append(*polygon);
         polygon = TakeQueued(layer);
         if (polygon == nullptr || polygon->texture.glName != texture) {

@@ -12,6 +12,7 @@
 
 #include "engine/Console.h"
 #include "engine/Timer.h"
+#include "graphics/MagnifiedSamplingDraw.h"
 #include "graphics/TextureManager.h"
 #include "level/LevelData.h"
 #include "level/PolygonTexture.h"
@@ -23,6 +24,8 @@ constexpr std::size_t layerCount = 5;
 
 /// Names of the lists; 0 without a list.
 std::array<GLuint, layerCount> lists{};
+/// Whether all textures of a layer's list suit magnified sampling.
+std::array<bool, layerCount> suitMagnified{};
 bool drawLevelGeometry = true;
 /// The reload of the textures after which the lists were compiled: what lets nothing through
 /// may have become another.
@@ -89,8 +92,12 @@ void EmitLayer(std::size_t layer, std::span<const VisibleParts::Entry> entries,
     // Colours are white, and so the texture's own can stand for the product. What lets
     // nothing through needs no blending. Both save a fifth of the time of filling.
     glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_REPLACE);
+    suitMagnified[layer] = true;
     while (isInLayer()) {
-        const GLuint texture = entries[index].polygon->texture.glName;
+        const Texture& first = entries[index].polygon->texture;
+        const GLuint texture = first.glName;
+        suitMagnified[layer] =
+            suitMagnified[layer] && MagnifiedSampling::Suits(first.width, first.height);
         glBindTexture(GL_TEXTURE_2D, texture);
         (entries[index].opaque ? glDisable : glEnable)(GL_BLEND);
         glBegin(GL_TRIANGLES);
@@ -122,6 +129,8 @@ void DrawLayer(std::size_t layer) {
         if (compiledReload != TextureManager::ReloadCount()) {
             CompileLists();
         }
+        MagnifiedSampling sampling;
+        sampling.Use(suitMagnified[layer]);
         glCallList(lists[layer]);
     }
 }
