@@ -6,7 +6,7 @@ and it drops into the shaft, too fast and it runs into the drain at the far wall
 
 from kit import *
 
-LEFT, RIGHT = 560, 820  # the sides of the shaft
+LEFT, RIGHT = 560, 760  # the sides of the shaft, where the first leap goes
 
 stage = Stage()
 
@@ -14,8 +14,10 @@ stage = Stage()
 def mountain():
     stage.backdrop(WALL, -100, -100, 1700, 1900)
     stage.shell([(40, 60), (500, 40), (1000, 66), (1560, 50), (1540, 250), (1560, 405),
-                 (1560, 500), (1560, 860), (1240, 900), (1000, 1000), (800, 1150), (800, 1190), (1016, 1230), (1016, 1410), (800, 1410), (800, 1700), (560, 1700),
-                 (560, 1300), (40, 1300), (40, 1160), (40, 600), (40, 520), (40, 420),
+                 (1560, 500), (1560, 860), (1300, 900), (1120, 980), (960, 980), (880, 900),
+                 (786, 880), (786, 1276), (800, 1276), (830, 1200), (1016, 1230), (1016, 1410),
+                 (800, 1410), (800, 1700), (560, 1700),
+                 (560, 1300), (40, 1300), (40, 1160), (40, 600), (40, 500), (40, 420),
                  (40, 240)])
     stage.frame(-20, -10, 1620, 1780)
     stage.pit(560, 800, 1600)
@@ -24,17 +26,24 @@ def mountain():
     stage.mist(680, 1540)
 
 
+def board(x, top, bottom):
+    """Hangs below the end of a shelf, so that nothing slips under it and skips a leap."""
+    stage.solid(box(x, top, x + 8, bottom), "wood", name="board")
+
+
 def leap():
     """The first leap: a clean run from the left, and a drain behind the landing."""
-    stage.solid([(40, 240), (160, 260), (LEFT, 275), (LEFT, 315), (300, 350), (40, 420)], "stone",
+    stage.solid([(40, 240), (160, 260), (LEFT, 275), (LEFT, 315), (LEFT - 8, 315), (300, 350), (40, 420)], "stone",
                 PAVING, name="first shelf")
     stage.zoom((300, 160, 80, 120))
+    board(LEFT - 8, 315, 470)
     stage.arrow(420, 200, "right")
     stage.lamp(240, 120)
     stage.thing(90, 214, "barrel")
 
-    stage.solid([(RIGHT, 405), (1320, 405), (1320, 480), (RIGHT, 445)], "wood",
+    stage.solid([(RIGHT, 405), (1320, 405), (1320, 480), (RIGHT + 8, 445), (RIGHT, 445)], "wood",
                 name="second shelf")
+    board(RIGHT, 445, 640)
     stage.solid([(1320, 405), (1430, 405), (1430, 506), (1320, 480)], "cloth", SACK,
                 name="sacks before the drain")
     stage.solid([(1510, 405), (1560, 405), (1560, 510), (1430, 506), (1430, 465), (1510, 465)],
@@ -50,20 +59,22 @@ def leap():
 
 def sand_floor():
     """Sand takes the run out of the water; a plank gives it back."""
-    stage.solid([(40, 520), (200, 540), (360, 546), (360, 600), (40, 600)], "sand",
+    stage.solid([(40, 500), (160, 526), (250, 532), (250, 600), (40, 600)], "sand",
                 name="sand floor")
-    stage.solid([(360, 546), (LEFT, 580), (LEFT, 625), (360, 600)], "wood", name="plank")
-    stage.check_point(210, 420, 130, 122)
-    stage.arrow(480, 480, "right")
+    stage.solid([(250, 532), (480, 572), (480, 617), (472, 616), (250, 600)], "wood",
+                name="plank")
+    board(472, 617, 800)
+    stage.check_point(180, 410, 100, 118)
+    stage.arrow(400, 480, "right")
     stage.lamp(120, 430)
-    stage.post(420, 350, 560)
-    stage.thing(300, 516, "barrel")
+    stage.post(330, 350, 540)
+    stage.thing(90, 480, "barrel")
 
 
 def slit_floor():
     """Planks with slits between them: whoever stands still trickles away."""
-    stage.solid([(760, 776), (1224, 776), (1228, 800), (760, 800)], "stone", BRICK, name="sill")
-    for left, right in ((760, 880), (904, 1040), (1064, 1224)):
+    stage.solid([(790, 776), (1224, 776), (1228, 800), (790, 800)], "stone", BRICK, name="sill")
+    for left, right in ((790, 880), (904, 1040), (1064, 1224)):
         stage.solid(box(left, 740, right, 776), "wood", name="plank")
     for slit in (880, 1040):
         stage.drain(slit, 740, 24, depth=36)
@@ -71,6 +82,12 @@ def slit_floor():
                  (1224, 776)], "stone",
                 name="third shelf")
     stage.check_point(1270, 610, 130, 128)
+    stage.kill((960, 950, 160, 30))
+    for x in (1000, 1080):
+        stage.object(x, 970, "img\\dangerGlow.png", layer=1)
+        stage.playing(x, 964, "drain")
+    stage.hazard(936, 956, 960, 966)
+    stage.hazard(1120, 970, 1144, 980)
     stage.zoom((1280, 620, 100, 120))
     stage.arrow(1120, 660, "left")
     stage.arch(1230, 520, 170, 220)
@@ -80,9 +97,9 @@ def slit_floor():
 
 def stepping_stones():
     """Three stones over an open gully, and a chute behind the last one."""
-    stage.solid([(470, 900), (LEFT, 890), (LEFT, 925), (470, 930)], "stone", name="stone 1")
-    stage.solid([(320, 935), (400, 930), (400, 960), (320, 960)], "stone", name="stone 2")
-    stage.solid([(180, 965), (250, 960), (250, 990), (180, 990)], "stone", name="stone 3")
+    stage.solid([(385, 900), (464, 888), (464, 918), (385, 928)], "stone", name="stone 1")
+    stage.solid([(270, 940), (335, 932), (335, 960), (270, 964)], "stone", name="stone 2")
+    stage.solid([(165, 970), (220, 964), (220, 990), (165, 994)], "stone", name="stone 3")
     stage.solid([(100, 985), (112, 985), (112, 1100), (LEFT, 1100), (LEFT, 1140), (100, 1140)],
                 "stone", BRICK, name="gully")
     stage.kill((112, 1050, 448, 50))
@@ -97,10 +114,11 @@ def stepping_stones():
 
 
 def last_leap():
-    stage.solid([(40, 1160), (130, 1200), (420, 1200), (LEFT + 2, 1226), (LEFT + 2, 1300), (40, 1300)],
+    stage.solid([(40, 1160), (130, 1200), (400, 1200), (540, 1226), (540, 1300), (40, 1300)],
                 "metal", name="last shelf")
+    stage.check_point(190, 1141, 90, 58)
     stage.finish(818, 1330, 180, 60)
-    stage.hazard(LEFT - 30, 1236, LEFT, 1250)
+    stage.hazard(510, 1226, 540, 1240)
     stage.lantern(900, 1250)
 
 
