@@ -7,7 +7,7 @@ one beat. Who slips falls back a floor or two, but isn't lost.
 
 from kit import *
 
-BEAT = 70  # units a second of all that lifts
+BEAT, LIFT = 70, 120  # units a second: of bobs and weights, of lifts
 LEFT, RIGHT, FOOT = 60, 1140, 1880  # the inside of the tower
 
 stage = Stage()
@@ -43,10 +43,19 @@ def ledge(left, right, y, surface="stone", lift=None):
                       name="bracket")
 
 
-def wall_lift(left, low, high):
-    """A lift of 140 from a little below the ledge at low, so that it can be boarded for a
-    while, up to the ledge at high."""
-    stage.cradle(left, low + 60, 140, (left, high), speed=BEAT)
+def wall_lift(left, low, high, deck, call):
+    """A lift of 140 that waits below the ledge at low, rises when water has come into the area
+    `deck`, waits at the ledge at high, and comes back when there is water in the area `call`."""
+    id = stage.new_id()
+    y = low + 10
+    stage.solid([(left, y), (left + 70, y + 14), (left + 140, y), (left + 140, y + 26),
+                 (left, y + 26)], "metal", COPPER, id=id, name="lift")
+    stage.mover(id, (left, y), (left, high), LIFT, name="lift")
+    stage.trigger("Mover_goto_end_a", deck, target=id, delay=0.9, name="lift rises")
+    stage.trigger("Mover_goto_start_a", call, target=id, name="lift is called")
+    x, bottom, width = call[0], call[1] + call[3], call[2]
+    stage.scenery(3, box(x, bottom, x + width, bottom + 8), BRASS, name="call plate")
+    stage.rail((left + 70, y + 14), (left + 70, high + 14), 140)
 
 
 def bob(left, right, y):
@@ -58,7 +67,7 @@ def bob(left, right, y):
 def foot():
     stage.solid([(LEFT, 1840), (170, FOOT), (1000, FOOT), (1000, 2020), (LEFT, 2020)], "stone",
                 PAVING, name="foot of the tower")
-    wall_lift(1000, FOOT, 1480)
+    wall_lift(1000, FOOT, 1480, deck=(1090, FOOT - 20, 50, 40), call=(200, FOOT - 24, 60, 24))
     stage.kill((1000, FOOT + 92, 140, 48))
     stage.scenery(3, box(1000, FOOT + 86, RIGHT, FOOT + 98), GRATE, name="grille")
     stage.object(1070, FOOT + 104, "img\\dangerGlow.png", layer=1)
@@ -74,10 +83,10 @@ def first_floor():
     """A bob over the gap, a weight before the lift."""
     ledge(760, 1000, 1480, lift="right")
     bob(440, 640, 1480)
-    ledge(200, 440, 1480, "wood")
+    ledge(200, 440, 1480, "wood", lift="left")
     stage.piston(290, 1330, 64, 80, (0, 66), speed=BEAT)
     stage.hazard(282, 1480, 362, 1490)
-    wall_lift(LEFT, 1480, 1060)
+    wall_lift(LEFT, 1480, 1060, deck=(LEFT, 1460, 50, 40), call=(400, 1456, 40, 24))
     stage.check_point(860, 1350, 110, 128)
     stage.arrow(900, 1310, "left")
     stage.arrow(130, 1330, "up")
@@ -92,7 +101,7 @@ def second_floor():
     stage.hazard(412, 1060, 492, 1070)
     bob(520, 630, 1060)
     bob(880, 760, 1060)
-    wall_lift(1000, 1060, 640)
+    wall_lift(1000, 1060, 640, deck=(1090, 1040, 50, 40), call=(494, 1036, 26, 24))
     stage.check_point(206, 930, 70, 128)
     stage.zoom((206, 930, 70, 128))
     stage.arrow(370, 900, "right")
@@ -105,7 +114,7 @@ def third_floor():
     stage.piston(790, 460, 120, 110, (0, 68), speed=50)
     stage.shake((780, 572, 140, 66))
     stage.hazard(782, 640, 918, 650)
-    wall_lift(560, 640, 300)
+    wall_lift(560, 640, 300, deck=(560, 620, 60, 40), call=(966, 616, 34, 24))
     stage.check_point(926, 510, 70, 128)
     stage.arrow(960, 470, "left")
     stage.arrow(630, 480, "up")
