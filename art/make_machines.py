@@ -354,22 +354,20 @@ def pipe_joint():
 # -- light ----------------------------------------------------------------------------------------------
 
 def glow(width, height, inner, outer, strength):
-    """A soft pool of light, round or oval. The picture leaves out its rim, which is too faint to
-    be seen, and would cost as much to draw as all the rest."""
-    seen = 0.72
-    rim = (1 - seen) ** 1.8
-    half_width, half_height = round(width * seen / 2), round(height * seen / 2)
-    y, x = np.mgrid[-half_height:half_height, -half_width:half_width] + 0.5
-    r = np.hypot(x / (width / 2), y / (height / 2))
-    fall = np.clip((np.clip(1 - r, 0, 1) ** 1.8 - rim) / (1 - rim), 0, 1)
+    """A soft pool of light, round or oval, no larger than it lights: its faint rim would cost as
+    much to draw as all the rest."""
+    y, x = np.mgrid[0:height, 0:width] + 0.5
+    r = np.hypot((x - width / 2) / (width / 2), (y - height / 2) / (height / 2))
+    fall = np.clip(1 - r, 0, 1) ** 1.4
     dither = np.random.default_rng(3).uniform(-0.5, 0.5, r.shape) / 255
-    rgb = mix(np.zeros(r.shape + (3,)) + colour(outer), colour(inner), fall)
+    rgb = mix(np.zeros((height, width, 3)) + colour(outer), colour(inner), fall)
     return to_image(rgb, np.clip(fall * strength + dither * (fall > 0), 0, 1))
 
 
-LIGHTS = {"glow": (256, 256, "ffd98c", "f0a850", 0.5), "fireGlow": (320, 256, "ff9a3c", "c03a16", 0.6),
-          "dangerGlow": (160, 96, "e0602c", "8a2412", 0.6), "coldGlow": (224, 192, "d8f2fa", "86b4c8", 0.42),
-          "goalGlow": (288, 224, "a8ecfc", "3f9cc0", 0.5)}
+# Sizes are below one and a half powers of two, so that drawing needn't enlarge the textures.
+LIGHTS = {"glow": (160, 160, "ffd98c", "f0a850", 0.5), "fireGlow": (190, 160, "ff9a3c", "c03a16", 0.6),
+          "dangerGlow": (94, 64, "e0602c", "8a2412", 0.6), "coldGlow": (150, 134, "d8f2fa", "86b4c8", 0.42),
+          "goalGlow": (190, 150, "a8ecfc", "3f9cc0", 0.5)}
 
 SETS = {"gear": lambda i: toothed(96, 12, 4, TURN / 12 * i / 8, 201),
         "bigGear": lambda i: toothed(192, 20, 6, TURN / 20 * i / 8, 211), "fan": lambda i: fan(TURN / 4 * i / 6),
