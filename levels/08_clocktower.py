@@ -7,7 +7,7 @@ one beat. Who slips falls back a floor or two, but isn't lost.
 
 from kit import *
 
-BEAT, LIFT = 70, 120  # units a second: of bobs and weights, of lifts
+BEAT, LIFT = 70, 90  # units a second: of bobs and weights, of lifts
 LEFT, RIGHT, FOOT = 60, 1140, 1880  # the inside of the tower
 
 stage = Stage()
@@ -99,8 +99,8 @@ def second_floor():
     stage.piston(420, 866, 64, 90, (0, 102), speed=BEAT)
     stage.hazard(272, 1060, 352, 1070)
     stage.hazard(412, 1060, 492, 1070)
-    bob(520, 630, 1060)
-    bob(880, 760, 1060)
+    bob(520, 635, 1060)
+    bob(880, 765, 1060)
     wall_lift(1000, 1060, 640, deck=(1090, 1040, 50, 40), call=(494, 1036, 26, 24))
     stage.check_point(206, 930, 70, 128)
     stage.zoom((206, 930, 70, 128))
