@@ -365,7 +365,7 @@ def glow(width, height, inner, outer, strength):
 
 
 # Sizes are below one and a half powers of two, so that drawing needn't enlarge the textures.
-LIGHTS = {"glow": (160, 160, "ffd98c", "f0a850", 0.5), "fireGlow": (190, 160, "ff9a3c", "c03a16", 0.6),
+LIGHTS = {"glow": (136, 136, "ffd98c", "f0a850", 0.5), "fireGlow": (190, 160, "ff9a3c", "c03a16", 0.6),
           "dangerGlow": (94, 64, "e0602c", "8a2412", 0.6), "coldGlow": (150, 134, "d8f2fa", "86b4c8", 0.42),
           "goalGlow": (190, 150, "a8ecfc", "3f9cc0", 0.5)}
 
