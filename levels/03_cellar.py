@@ -24,6 +24,9 @@ def mountain():
     stage.thing(680, 500, "chain")
     stage.thing(680, 1050, "chain")
     stage.mist(680, 1540)
+    stage.hum(680, 1560, 520, "rumble")
+    stage.drip(680, 60)
+    stage.drip(1180, 60)
 
 
 def board(x, top, bottom):

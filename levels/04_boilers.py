@@ -132,7 +132,6 @@ def ways():
     stage.check_point(1420, 400, 70, 92)
     stage.check_point(1640, 1166, 60, 84)
     stage.zoom((330, 600, 70, 80))
-    stage.zoom((1710, 70, 90, 110))
     stage.check_point(904, 1160, 56, 84)
     stage.zoom((300, 1066, 90, 180))
     stage.warmer((76, 634, 220, 70), lamp=False)

@@ -195,7 +195,6 @@ def hall():
 def tunnel():
     """Over drains and sawdust to the last cold bowl, and as ice over walls in the updraught."""
     stage.check_point(170, 1600, 60, 78)
-    stage.zoom((150, 1600, 30, 70))
     stage.drain(434, 1696, 42, 60)
     stage.drain(790, 1708, 44, 60)
     stage.solid([(576, 1700), (596, 1684), (640, 1680), (684, 1690), (700, 1704)], "sand",

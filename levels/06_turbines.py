@@ -34,7 +34,7 @@ def lift_shaft():
     stage.lamp(240, 700)
     stage.thing(90, 818, "barrel")
     for y in (180, 480):
-        stage.arch(110, y, 170, 250, BRICK)
+        stage.arch(110, y, 170, 250)
     stage.pipe([(360, 60), (360, 620), (60, 620)])
     stage.gauge(360, 420)
 
@@ -63,7 +63,7 @@ def shuttle():
                 name="far landing")
     stage.arrow(1640, 250, "right")
     stage.wheel(1400, 190)
-    stage.arch(1300, 100, 190, 200, BRICK)
+    stage.arch(1300, 100, 190, 200)
     stage.lamp(1660, 160)
 
 
@@ -91,7 +91,7 @@ def rising_steps():
     stage.hum(1400, 860, 420, "gears")
     stage.lamp(1110, 600)
     for x in (760, 940):
-        stage.arch(x, 430, 150, 240, BRICK)
+        stage.arch(x, 430, 150, 240)
 
 
 def double_hammer():

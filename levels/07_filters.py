@@ -16,9 +16,9 @@ def house():
                  (860, 1140), (564, 1146), (540, 1140), (40, 1140), (40, 980), (60, 600), (40, 300)])
     stage.frame(-20, -10, 1900, 1200)
     for x in (100, 1180, 1360):
-        stage.arch(x, 130, 160, 250, BRICK)
+        stage.arch(x, 130, 160, 250)
     for x in (800, 1240):
-        stage.arch(x, 760, 160, 240, BRICK)
+        stage.arch(x, 760, 160, 240)
 
 
 def pump(left, right, top, bottom, to, strength):
@@ -56,7 +56,9 @@ def upper_bed():
     stage.solid([(900, 300), (940, 274), (980, 300), (980, 346), (900, 352)], "cloth", SACK,
                 name="sacks")
     stage.solid([(980, 300), (1040, 288), (1040, 352), (980, 346)], "stone", name="bed's end")
-    stage.fan(1090, 250, (700, 170, 340, 128), (-1, 0), 110)
+    stage.playing(1090, 250, "fan")
+    stage.effect(1090, 250, "wind", (-1, 0))
+    stage.blower(1090, 250, (700, 170, 340, 128), 1700)
     stage.check_point(590, 160, 90, 130)
     stage.arrow(700, 200, "right")
     stage.lamp(860, 160)
