@@ -222,13 +222,12 @@ def life():
 
 
 def signs():
-    """Arrows on the wall, where the way turns; the view widens where it goes on unseen."""
+    """Arrows on the wall, where the way turns."""
     for x, y, way in ((590, 276, "right"), (1140, 420, "right"), (1356, 520, "down"),
                       (1090, 780, "left"), (520, 830, "left"), (330, 1090, "right"),
                       (1000, 1130, "right"), (1470, 1110, "down"), (1360, 1570, "left"),
                       (980, 1580, "left"), (460, 1620, "left")):
         stage.arrow(x, y, way)
-    stage.zoom((420, 800, 60, 100))
 
 
 def before():
