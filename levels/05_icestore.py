@@ -84,30 +84,6 @@ def linings():
         stage.solid(inner + back[::-1], surface, texture, name=name)
 
 
-def sieve(left, right, y, gap=16, bar=10):
-    """Bars that carry a lump; water falls between them and is drawn down."""
-    count = round((right - left - gap) / (gap + bar))
-    step = (right - left - gap) / count
-    for i in range(count):
-        x = round(left + gap + i * step)
-        stage.solid(box(x, y, x + bar, y + 10), "metal", METAL, name="sieve")
-    stage.scenery(1, box(left, y + 10, right, y + 18), IRON, name="sieve")
-    stage.wind((left + 4, y - 12, right - left - 8, 80), (0, 1), 600)
-
-
-def lost(left, right, y, depth, edges=()):
-    """A dark red pit below a sieve or a leap; `edges` are places of chevrons."""
-    stage.scenery(1, box(left, y, right, y + depth), SHADE, name="pit")
-    stage.kill((left, y, right - left, depth))
-    count = max(1, round((right - left) / 130))
-    for i in range(count):
-        x = left + (right - left) * (2 * i + 1) // (2 * count)
-        stage.object(x, y + depth // 2, "img\\dangerGlow.png", layer=1, name="pit")
-        stage.playing(x, y + depth - 18, "drain")
-    for area in edges:
-        stage.hazard(*area)
-
-
 def stove(x, y, area):
     """Thaws what comes near: a fire, 128 by 96, with its centre at (x, y)."""
     stage.warmer(area, lamp=False)
@@ -118,8 +94,8 @@ def stove(x, y, area):
 
 def first_storey():
     stage.freezer((330, 220, 290, 184))
-    sieve(612, 892, 360)
-    lost(618, 886, 410, 60, ((580, 360, 612, 370), (892, 360, 924, 372)))
+    stage.sieve(612, 892, 360)
+    stage.lost(618, 886, 410, 60, ((580, 360, 612, 370), (892, 360, 924, 372)))
     stove(1000, 336, (900, 240, 196, 170))
 
 
@@ -127,7 +103,7 @@ def second_storey():
     stage.solid([(1060, 632), (1120, 642), (1140, 664), (1060, 648)], "cloth", SACK, name="sack")
     stage.check_point(1160, 606, 70, 100)
     stage.freezer((1150, 560, 186, 148))
-    lost(1764, 1980, 976, 60, ((1738, 884, 1770, 896), (1976, 902, 2006, 914)))
+    stage.lost(1764, 1980, 976, 60, ((1738, 884, 1770, 896), (1976, 902, 2006, 914)))
     stage.zoom((1150, 600, 60, 100))
     stage.shake((1990, 830, 110, 110))
 
@@ -136,12 +112,12 @@ def third_storey():
     """The gallery: a headwind over two sieves, and the shaft of air."""
     stage.check_point(2160, 1074, 70, 160)
     stage.freezer((2064, 1060, 200, 180))
-    sieve(1840, 2060, 1200)
+    stage.sieve(1840, 2060, 1200)
     stage.solid(box(1780, 1200, 1840, 1216), "wood", name="island")
     stage.freezer((1764, 1108, 92, 92))
-    sieve(1500, 1780, 1200)
-    sieve(1420, 1500, 1200)
-    lost(1420, 2056, 1250, 50, ((2062, 1198, 2090, 1210), (1780, 1200, 1840, 1208)))
+    stage.sieve(1500, 1780, 1200)
+    stage.sieve(1420, 1500, 1200)
+    stage.lost(1420, 2056, 1250, 50, ((2062, 1198, 2090, 1210), (1780, 1200, 1840, 1208)))
     stage.fan(1566, 1150, (1560, 1106, 440, 86), (1, 0), 110)
     stage.fan(1460, 1262, (1424, 880, 72, 318), (0, -1), 560)
 
@@ -177,7 +153,7 @@ def hall():
                 "stone", STONE, name="upper floor")
     stage.freezer((750, 790, 288, 116))
     cradle(752, 896, -264)
-    lost(478, 872, 946, 44, ((454, 901, 484, 912), (866, 888, 882, 898)))
+    stage.lost(478, 872, 946, 44, ((454, 901, 484, 912), (866, 888, 882, 898)))
     stage.solid([(96, 1096), (200, 1112), (426, 1120), (432, 1184), (468, 1184), (474, 1126),
                  (560, 1129), (600, 1131), (690, 1135), (700, 1136), (850, 1150), (866, 1166),
                  (850, 1196), (700, 1206), (92, 1212)], "stone", STONE, name="middle floor")
@@ -188,7 +164,7 @@ def hall():
     stage.shake((98, 960, 76, 60))
     stage.drain(428, 1123, 44, 58)
     stage.freezer((850, 1240, 180, 116))
-    lost(518, 570, 1444, 46, ((568, 1404, 596, 1414), (488, 1404, 506, 1412)))
+    stage.lost(518, 570, 1444, 46, ((568, 1404, 596, 1414), (488, 1404, 506, 1412)))
     stove(300, 1440, (120, 1404, 370, 110))
 
 
@@ -202,12 +178,12 @@ def tunnel():
     stage.check_point(900, 1630, 60, 82)
     stage.freezer((1000, 1620, 236, 130))
     for left, right in ((1240, 1400), (1420, 1640), (1660, 1820)):
-        sieve(left, right, 1712)
+        stage.sieve(left, right, 1712)
     for x in (1400, 1640):
         stage.solid(box(x, 1640, x + 20, 1730), "stone", BRICK, name="wall")
         stage.post(x - 2, 1730, 1830, 24)
         stage.fan(x - 40, 1782, (x - 84, 1560, 84, 150), (0, -1), 680)
-    lost(1246, 1814, 1780, 50, ((1208, 1712, 1240, 1722), (1820, 1712, 1852, 1724)))
+    stage.lost(1246, 1814, 1780, 50, ((1208, 1712, 1240, 1722), (1820, 1712, 1852, 1724)))
     stage.wind((1430, 1580, 110, 130), (-1, 0), 90)
     stage.freezer((1450, 1600, 90, 112))
     stage.trigger("Level_end_a", (1984, 1730, 240, 90), name="finish")

@@ -76,30 +76,6 @@ def lighthouse():
                 name="lighthouse")
 
 
-def lost(left, right, y, depth, edges=()):
-    """A dark red pit below a sieve; `edges` are places of chevrons."""
-    stage.scenery(1, box(left, y, right, y + depth), SHADE, name="pit")
-    stage.kill((left, y, right - left, depth))
-    count = max(1, round((right - left) / 130))
-    for i in range(count):
-        x = left + (right - left) * (2 * i + 1) // (2 * count)
-        stage.object(x, y + depth // 2, "img\\dangerGlow.png", layer=1, name="pit")
-        stage.playing(x, y + depth - 18, "drain")
-    for area in edges:
-        stage.hazard(*area)
-
-
-def sieve(left, right, y, gap=16, bar=10):
-    """Bars that carry a lump of ice; water falls between them and is drawn down."""
-    count = round((right - left - gap) / (gap + bar))
-    step = (right - left - gap) / count
-    for i in range(count):
-        x = round(left + gap + i * step)
-        stage.solid(box(x, y, x + bar, y + 10), "metal", METAL, name="sieve")
-    stage.scenery(1, box(left, y + 10, right, y + 18), IRON, name="sieve")
-    stage.wind((left + 4, y - 12, right - left - 8, 80), (0, 1), 600)
-
-
 def lift():
     stage.lift(420, 1480, 140, (420, 1036), speed=90, area=(516, 1430, 44, 49), rim=6)
     stage.kill((420, 1506, 140, 24))
@@ -132,8 +108,8 @@ def storm():
     """Over the sieve against the wind, before the ice thaws."""
     stage.freezer((850, 240, 286, 184))
     stage.solid([(1152, 268), (1424, 284), (1420, 300), (1140, 288)], "wood", name="awning")
-    sieve(1132, 1412, 380)
-    lost(1140, 1404, 432, 58, ((1100, 380, 1132, 390), (1412, 380, 1440, 392)))
+    stage.sieve(1132, 1412, 380)
+    stage.lost(1140, 1404, 432, 58, ((1100, 380, 1132, 390), (1412, 380, 1440, 392)))
     stage.zoom((1060, 240, 70, 150))
     stage.wind((1160, 270, 252, 106), (-1, 0), 220)
     stage.hum(1300, 300, 520, "wind")
@@ -144,7 +120,7 @@ def storm():
 def weir():
     """The leap, and the long way down: into the bay, not into the rocks below the lighthouse."""
     stage.drain(1580, 384, 60, 76)
-    lost(2474, 2556, 1400, 74, ((2452, 1366, 2480, 1378),))
+    stage.lost(2474, 2556, 1400, 74, ((2452, 1366, 2480, 1378),))
     stage.scenery(3, box(2474, 1410, 2556, 1422), GRATE, name="rocks")
     stage.hazard(2545, 1262, 2559, 1400)
     stage.gate((1712, 300, 16, 112), (0, -100), stage.plate(1662, 412, 46), speed=60,

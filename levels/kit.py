@@ -309,6 +309,28 @@ class Stage(Map):
             at = left + (right - left) * (2 * i + 1) // (2 * max(1, round((right - left) / 130)))
             self.object(at, y, "img\\dangerGlow.png", layer=1, name="pit")
 
+    def sieve(self, left, right, y, gap=16, bar=10):
+        """Bars that carry a lump of ice; water falls between them and is drawn down."""
+        count = round((right - left - gap) / (gap + bar))
+        step = (right - left - gap) / count
+        for i in range(count):
+            x = round(left + gap + i * step)
+            self.solid(box(x, y, x + bar, y + 10), "metal", METAL, name="sieve")
+        self.scenery(1, box(left, y + 10, right, y + 18), IRON, name="sieve")
+        self.wind((left + 4, y - 12, right - left - 8, 80), (0, 1), 600)
+
+    def lost(self, left, right, y, depth, edges=()):
+        """A dark red pit below a sieve or a leap; `edges` are places of chevrons."""
+        self.scenery(1, box(left, y, right, y + depth), SHADE, name="pit")
+        self.kill((left, y, right - left, depth))
+        count = max(1, round((right - left) / 130))
+        for i in range(count):
+            x = left + (right - left) * (2 * i + 1) // (2 * count)
+            self.object(x, y + depth // 2, "img\\dangerGlow.png", layer=1, name="pit")
+            self.playing(x, y + depth - 18, "drain")
+        for area in edges:
+            self.hazard(*area)
+
     # -- machines -----------------------------------------------------------------------------
 
     def gate(self, area, travel, opener, speed=80, surface="metal", texture=COPPER, delay=0.0):
