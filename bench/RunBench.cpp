@@ -6,50 +6,15 @@
 #include <utility>
 
 #include "RecordedRuns.h"
-#include "engine/Console.h"
-#include "graphics/GLWindow.h"
-#include "graphics/TextureManager.h"
-#include "platform/Clock.h"
-#include "platform/HeadlessWindow.h"
+#include "game/HeadlessGame.h"
 #include "platform/Paths.h"
-#include "water/ParticleMover.h"
 
 namespace {
 
-/// The game's services for as long as it lives.
-class HeadlessGame {
-public:
-    HeadlessGame() {
-        Platform::UseDataRoot(VANTREL_SOURCE_DIR "/data");
-        Platform::UseClock(&clock);
-        Platform::UseWindow(&window);
-        GLWindow::Create("RunBench", 800, 600);
-        TextureManager::Initialise();
-        Console::Initialise();
-        ReadSurfaces();
-    }
-
-    ~HeadlessGame() {
-        RunRecorder::Stop();
-        Game::Shutdown();
-        Console::Shutdown();
-        TextureManager::Shutdown();
-        GLWindow::Close();
-        Platform::UseWindow(nullptr);
-        Platform::UseClock(nullptr);
-    }
-
-    HeadlessGame(const HeadlessGame&) = delete;
-    HeadlessGame& operator=(const HeadlessGame&) = delete;
-
-private:
-    Platform::ScriptedClock clock;
-    Platform::HeadlessWindow window;
-};
-
 /// An iteration is one step; the run begins again when it is through.
 void StepsOfRun(benchmark::State& state, const std::string& file) {
-    HeadlessGame game;
+    Platform::UseDataRoot(VANTREL_SOURCE_DIR "/data");
+    const HeadlessGame game(800, 600);
     if (!RecordedRuns::Begin(file)) {
         state.SkipWithError("the run can't be played");
     }

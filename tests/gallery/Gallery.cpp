@@ -5,31 +5,24 @@
 #include <memory>
 
 #include "actors/Camera.h"
-#include "engine/Console.h"
 #include "engine/Text.h"
 #include "game/Game.h"
-#include "graphics/GLWindow.h"
-#include "graphics/TextureManager.h"
+#include "game/HeadlessGame.h"
 #include "level/LevelData.h"
 #include "menus/MenuManager.h"
-#include "platform/Clock.h"
-#include "platform/HeadlessWindow.h"
 #include "platform/Paths.h"
 #include "water/GroupedParticleMover.h"
 #include "water/ParticleMover.h"
 
 namespace {
 
-std::unique_ptr<Platform::ScriptedClock> theClock;
-std::unique_ptr<Platform::HeadlessWindow> window;
+std::unique_ptr<HeadlessGame> theGame;
 
 constexpr float plateX = 130.0f;  // of a plate's centre, from the top left of its bay
 constexpr float plateY = 16.0f;
 
 void RunFrame(int ms) {
-    theClock->Advance(static_cast<std::uint32_t>(ms));
-    GLWindow::PumpMessages();
-    Game::Frame();
+    theGame->Frame(static_cast<std::uint32_t>(ms));
 }
 
 std::string TextureOf(const std::string& title) {
@@ -51,32 +44,16 @@ auto& TheOneOf(List& list, Wanted wanted) {
 }  // namespace
 
 void Gallery::SetUpTestSuite() {
-    theClock = std::make_unique<Platform::ScriptedClock>();
-    Platform::UseClock(theClock.get());
-    window = std::make_unique<Platform::HeadlessWindow>();
-    Platform::UseWindow(window.get());
     Platform::UseDataRoot(VANTREL_SOURCE_DIR "/data");
-    GLWindow::Create("gallery", 800, 600);
-    TextureManager::Initialise();
-    Console::Initialise();
-    ReadSurfaces();
-    Game::Initialise("gallery.swah");
-    MenuManager::Show(MenuManager::None);
-    ASSERT_FALSE(Game::MapName().empty()) << Console::OutputText();
+    theGame = std::make_unique<HeadlessGame>(800, 600);
+    ASSERT_TRUE(theGame->Start("gallery.swah")) << HeadlessGame::LastReason();
     for (int i = 0; i < 16; ++i) {  // until the mean of the frames' times is there
         RunFrame(frameMs);
     }
 }
 
 void Gallery::TearDownTestSuite() {
-    Game::Shutdown();
-    Console::Shutdown();
-    TextureManager::Shutdown();
-    GLWindow::Close();
-    Platform::UseWindow(nullptr);
-    Platform::UseClock(nullptr);
-    window.reset();
-    theClock.reset();
+    theGame.reset();
 }
 
 void Gallery::SetUp() {

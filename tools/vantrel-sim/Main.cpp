@@ -6,18 +6,11 @@
 
 #include "Options.h"
 #include "Trace.h"
-#include "engine/Console.h"
 #include "game/Game.h"
+#include "game/HeadlessGame.h"
 #include "game/RunFile.h"
 #include "game/RunRecorder.h"
-#include "graphics/GLWindow.h"
-#include "graphics/TextureManager.h"
-#include "menus/MenuManager.h"
-#include "platform/Clock.h"
-#include "platform/HeadlessWindow.h"
 #include "platform/Paths.h"
-#include "platform/VirtualKeys.h"
-#include "water/ParticleMover.h"
 
 namespace {
 
@@ -26,35 +19,20 @@ int Fail(const OptionsError& error) {
     return error.status;
 }
 
-/// The last reason that the console gives, as one line.
-std::string LastReason() {
-    std::string text = Console::OutputText();
-    const std::size_t reason = text.rfind("\nReason: ");
-    if (reason != std::string::npos) {
-        return text.substr(reason + 9);
-    }
-    const std::size_t line = text.rfind('\n');
-    return line == std::string::npos ? text : text.substr(line + 1);
-}
-
 void PrintStep(const Options& options) {
     if (!options.quiet && Game::StepCount() % options.every == 0) {
         Trace::PrintStep();
     }
 }
 
-void RunFrames(const Options& options, Platform::HeadlessWindow& window,
-               Platform::ScriptedClock& clock) {
+void RunFrames(const Options& options, HeadlessGame& game) {
     auto change = options.keys.begin();
     for (std::uint32_t frame = 1; frame <= options.frames; ++frame) {
         for (; change != options.keys.end() && change->frame <= frame; ++change) {
-            window.SetKey(VirtualKey::left, change->left);
-            window.SetKey(VirtualKey::right, change->right);
+            game.Hold(change->left, change->right);
         }
-        clock.Advance(options.frameMs);
         const std::uint32_t before = Game::StepCount();
-        GLWindow::PumpMessages();
-        Game::Frame();
+        game.Frame(options.frameMs);
         if (Game::StepCount() != before) {
             PrintStep(options);
         }
@@ -84,11 +62,10 @@ bool PrepareReplay(Options& options) {
     return true;
 }
 
-void Play(const Options& options, Platform::HeadlessWindow& window,
-          Platform::ScriptedClock& clock) {
+void Play(const Options& options, HeadlessGame& game) {
     std::uint32_t frames = options.frames;
     if (options.replayFile.empty()) {
-        RunFrames(options, window, clock);
+        RunFrames(options, game);
     } else {
         frames = RunReplay(options);
     }
@@ -100,35 +77,16 @@ void Play(const Options& options, Platform::HeadlessWindow& window,
 }
 
 int RunGame(const Options& options) {
-    Platform::ScriptedClock clock;
-    Platform::UseClock(&clock);
-    Platform::HeadlessWindow window;
-    Platform::UseWindow(&window);
-    GLWindow::Create("vantrel-sim", options.windowWidth, options.windowHeight);
-    TextureManager::Initialise();
-    Console::Initialise();
-    ReadSurfaces();
+    HeadlessGame game(options.windowWidth, options.windowHeight);
     if (!options.recordFile.empty()) {
         RunRecorder::Record(options.recordFile);
     }
-    Game::Initialise(options.level);
-    MenuManager::Show(MenuManager::None);
-    int status = 0;
-    if (!Game::MapName().empty()) {
-        Play(options, window, clock);
-    } else {
-        status = Fail({"cannot load level '" + options.level + "': " + LastReason(), 1});
+    if (!game.Start(options.level)) {
+        return Fail(
+            {"cannot load level '" + options.level + "': " + HeadlessGame::LastReason(), 1});
     }
-    Game::Shutdown();
-    if (RunRecorder::HasFailed()) {
-        status = 1;
-    }
-    Console::Shutdown();
-    TextureManager::Shutdown();
-    GLWindow::Close();
-    Platform::UseWindow(nullptr);
-    Platform::UseClock(nullptr);
-    return status;
+    Play(options, game);
+    return 0;
 }
 
 }  // namespace
@@ -157,5 +115,6 @@ int main(int argc, char** argv) {
     if (!options->replayFile.empty() && !PrepareReplay(*options)) {
         return 1;
     }
-    return RunGame(*options);
+    const int status = RunGame(*options);
+    return RunRecorder::HasFailed() ? 1 : status;
 }

@@ -89,11 +89,11 @@ Copies::~Copies() {
     }
 }
 
-void Copies::PlayMove(Headless& game, Number self) {
+void Copies::PlayMove(HeadlessGame& game, Number self) {
     Playing::Play(game, slots[self].move, leastWater, slots[self].outcome);
 }
 
-void Copies::Live(Headless& game, Number self) {
+void Copies::Live(HeadlessGame& game, Number self) {
     for (;;) {
         const ssize_t written = write(results[1], &self, sizeof(self));
         if (written != sizeof(self)) {
@@ -122,7 +122,7 @@ void Copies::Live(Headless& game, Number self) {
     }
 }
 
-Copies::Number Copies::StartFirst(Headless& game) {
+Copies::Number Copies::StartFirst(HeadlessGame& game) {
     if (unused.empty()) {
         return none;
     }

@@ -11,7 +11,6 @@
 #include <cstdint>
 #include <vector>
 
-#include "Headless.h"
 #include "Playing.h"
 
 class Copies {
@@ -29,7 +28,7 @@ public:
     Copies& operator=(const Copies&) = delete;
 
     /// The first copy: of this process as it is now, flown in. None if that failed.
-    Number StartFirst(Headless& game);
+    Number StartFirst(HeadlessGame& game);
     /// Copies a paused copy and has the new one play. At most
     /// `mostAtOnce` play at a time. None without room or memory.
     Number Start(Number from, const Move& move);
@@ -47,8 +46,8 @@ private:
     struct Shared;
 
     /// The life of a copy; never returns.
-    [[noreturn]] void Live(Headless& game, Number self);
-    void PlayMove(Headless& game, Number self);
+    [[noreturn]] void Live(HeadlessGame& game, Number self);
+    void PlayMove(HeadlessGame& game, Number self);
     void EndAll();
     Number Reap();
 

@@ -18,6 +18,9 @@ namespace Playing {
 
 namespace {
 
+/// Milliseconds of a frame. Each is one module step, but for the first sixteen, in which the
+/// game measures its frame time.
+constexpr std::uint32_t frameMs = 16;
 /// The turn goes on this long after a key is let go, in seconds: the time in which the angular
 /// velocity falls to 1/e.
 constexpr float coasting = 0.19f;
@@ -132,26 +135,32 @@ int KeysTowards(float angle, float turning) {
     return ahead > nearEnough ? 1 : ahead < -nearEnough ? -1 : 0;
 }
 
+/// One frame with the arrow keys held: above 0 left, below 0 right, 0 none.
+void PlayFrame(HeadlessGame& game, int keys) {
+    game.Hold(keys > 0, keys < 0);
+    game.Frame(frameMs);
+}
+
 }  // namespace
 
-bool FlyIn(Headless& game, Outcome& outcome) {
+bool FlyIn(HeadlessGame& game, Outcome& outcome) {
     outcome = {};
     while (Camera::IsOpeningFlight() && StepsSoFar() < Outcome::mostSteps) {
-        game.Frame(0);
+        PlayFrame(game, 0);
     }
     ReadSteps(0, outcome);
     ReadWorld(outcome);
     return !Camera::IsOpeningFlight();
 }
 
-void Play(Headless& game, const Move& move, std::uint32_t leastWater, Outcome& outcome) {
+void Play(HeadlessGame& game, const Move& move, std::uint32_t leastWater, Outcome& outcome) {
     outcome = {};
     const std::size_t begin = StepsSoFar();
     float before = Camera::angle;
     float turning = 0.0f;
     const auto playFrame = [&] {
-        game.Frame(KeysTowards(move.angle, turning));
-        turning = (Camera::angle - before) / (static_cast<float>(Headless::frameMs) * 0.001f);
+        PlayFrame(game, KeysTowards(move.angle, turning));
+        turning = (Camera::angle - before) / (static_cast<float>(frameMs) * 0.001f);
         before = Camera::angle;
     };
     for (std::uint32_t i = 0; i < move.frames && !outcome.lost; ++i) {

@@ -4,8 +4,8 @@
 #include <array>
 #include <cstdint>
 
-#include "Headless.h"
 #include "engine/Vector2.h"
+#include "game/HeadlessGame.h"
 #include "game/RunFile.h"
 
 /// A tilt to turn to and hold.
@@ -41,9 +41,9 @@ struct Outcome {
 namespace Playing {
 
 /// Frames from the level's start until the water moves; false if that never happens.
-bool FlyIn(Headless& game, Outcome& outcome);
+bool FlyIn(HeadlessGame& game, Outcome& outcome);
 /// Plays the move, and to the level's end if it reaches the finish. Stops early where less
 /// than `leastWater` particles are left.
-void Play(Headless& game, const Move& move, std::uint32_t leastWater, Outcome& outcome);
+void Play(HeadlessGame& game, const Move& move, std::uint32_t leastWater, Outcome& outcome);
 
 }  // namespace Playing

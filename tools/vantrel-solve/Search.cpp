@@ -51,7 +51,7 @@ struct Try {
 
 class Searcher {
 public:
-    Searcher(const SearchSettings& chosen, Headless& game, SearchResult& into)
+    Searcher(const SearchSettings& chosen, HeadlessGame& game, SearchResult& into)
         : settings(chosen),
           result(into),
           copies(chosen.room, chosen.leastWater),
@@ -220,9 +220,11 @@ void Searcher::Run(const FlowMap& map) {
 
 SearchResult Search(const SearchSettings& settings) {
     SearchResult result;
-    Headless game(settings.level, settings.windowWidth, settings.windowHeight);
-    if (!game.IsLoaded()) {
-        result.failure = "cannot load level '" + settings.level + "': " + Headless::LastReason();
+    HeadlessGame game(settings.windowWidth, settings.windowHeight);
+    RunRecorder::Record("");
+    if (!game.Start(settings.level)) {
+        result.failure =
+            "cannot load level '" + settings.level + "': " + HeadlessGame::LastReason();
         return result;
     }
     result.run = RunRecorder::Current();

@@ -1,6 +1,6 @@
-// Brings the game up with nothing to show it on, and takes it down.
+// Brings the game up with nothing to show it on, and takes it down; see HeadlessGame.h.
 
-#include "Headless.h"
+#include "game/HeadlessGame.h"
 
 #include "engine/Console.h"
 #include "game/Game.h"
@@ -11,45 +11,48 @@
 #include "platform/VirtualKeys.h"
 #include "water/ParticleMover.h"
 
-Headless::Headless(const std::string& levelName, int width, int height) {
+HeadlessGame::HeadlessGame(int width, int height) {
     Platform::UseClock(&clock);
     Platform::UseWindow(&window);
-    GLWindow::Create("vantrel-solve", width, height);
+    GLWindow::Create("headless", width, height);
     TextureManager::Initialise();
     Console::Initialise();
     ReadSurfaces();
-    RunRecorder::Record("");
-    Game::Initialise(levelName);
-    MenuManager::Show(MenuManager::None);
 }
 
-Headless::~Headless() {
+HeadlessGame::~HeadlessGame() {
     Game::Shutdown();
+    RunRecorder::Stop();
     Console::Shutdown();
     TextureManager::Shutdown();
     GLWindow::Close();
     Platform::UseWindow(nullptr);
     Platform::UseClock(nullptr);
-    RunRecorder::Stop();
 }
 
-bool Headless::IsLoaded() const {
+bool HeadlessGame::Start(const std::string& levelName) {
+    Game::Initialise(levelName);
+    MenuManager::Show(MenuManager::None);
     return !Game::MapName().empty();
 }
 
-std::string Headless::LastReason() {
+std::string HeadlessGame::LastReason() {
     const std::string text = Console::OutputText();
     const std::size_t reason = text.rfind("\nReason: ");
     if (reason != std::string::npos) {
         return text.substr(reason + 9);
     }
-    return text.substr(text.rfind('\n') + 1);
+    const std::size_t line = text.rfind('\n');
+    return line == std::string::npos ? text : text.substr(line + 1);
 }
 
-void Headless::Frame(int keys) {
-    window.SetKey(VirtualKey::left, keys > 0);
-    window.SetKey(VirtualKey::right, keys < 0);
-    clock.Advance(frameMs);
+void HeadlessGame::Hold(bool left, bool right) {
+    window.SetKey(VirtualKey::left, left);
+    window.SetKey(VirtualKey::right, right);
+}
+
+void HeadlessGame::Frame(std::uint32_t ms) {
+    clock.Advance(ms);
     GLWindow::PumpMessages();
     Game::Frame();
 }
