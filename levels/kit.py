@@ -428,6 +428,33 @@ class Stage(Map):
         self.hum(x + width // 2, y + height // 2, 320, "machine")
         return id
 
+    def winch(self, x, y, area, delay, seconds, sound="machine", radius=420):
+        """A wheel that turns, with its noise, for so many seconds from when water comes into
+        the area: the time that what it moves is on its way. Returns its id."""
+        id = self.new_id()
+        self.object(x, y, animation("wheel"), layer=1, id=id, name="winch")
+        self.sound(id, x, y, radius, f"snd\\place_{sound}.wav", looping=True, name="winch")
+        for thing in ("Anim_play_loop_1", "Sound_play_1"):
+            self.trigger(thing, area, target=id, delay=delay, name="winch runs")
+        for thing in ("Anim_stop_1", "Sound_stop_1"):
+            self.trigger(thing, area, target=id, delay=delay + seconds, name="winch stands")
+        return id
+
+    def spout(self, x, y, area, direction=(0, 1), delay=0.0, settings="jet"):
+        """Begins to pour once water comes into the area. (Emitters outlast a restart as they
+        are, so it is turned off at each start.)"""
+        id = self.effect(x, y, settings, direction)
+        self._at_start.append(("Emitter_stop_1", id))
+        self.trigger("Emitter_start_1", area, target=id, delay=delay, name="spout")
+        return id
+
+    def dries(self, x, y, settings, area, direction=(0, 1), delay=0.0):
+        """A drip or leak that ends once water comes into the area."""
+        id = self.effect(x, y, settings, direction)
+        self._at_start.append(("Emitter_start_1", id))
+        self.trigger("Emitter_stop_1", area, target=id, delay=delay, name="dries up")
+        return id
+
     def vanishing(self, points, area, surface="metal", texture=COPPER, delay=0.0):
         """A solid that is taken out of the level when water comes into the area."""
         id = self.new_id()
