@@ -55,7 +55,7 @@ class Stage(Map):
         self._last_id = 100
         self._edges = []  # (points, surface, id) of solids that get a worn upper edge
         self._playing = self.new_id()  # animations that run from the start
-        self._at_start = []  # (trigger type, id) fired as the water appears
+        self._at_start = []  # (trigger type, id, delay) fired as the water appears
         self._water = None
 
     def new_id(self):
@@ -385,12 +385,12 @@ class Stage(Map):
         self.gear(ax, ay)
         self.gear(bx, by)
 
-    def _set_going(self, id, area, loop):
+    def _set_going(self, id, area, loop, delay=0.0):
         kind = "Mover_goto_end_loop_1" if loop else "Mover_goto_end_1"
         if area is None:
-            self._at_start.append((kind, id))
+            self._at_start.append((kind, id, delay))
         else:
-            self.trigger(kind, area, target=id, name="sets going")
+            self.trigger(kind, area, target=id, delay=delay, name="sets going")
 
     def carry(self, points, travel, speed=60, surface="metal", texture=COPPER, area=None,
               loop=True):
@@ -402,9 +402,9 @@ class Stage(Map):
         self._set_going(id, area, loop)
         return id
 
-    def piston(self, x, y, width, height, travel, speed=120, area=None, loop=True):
+    def piston(self, x, y, width, height, travel, speed=120, area=None, loop=True, delay=0.0):
         """A crusher: a head that thrusts by `travel` (x, y), with chevrons on its face and its
-        rod behind it."""
+        rod behind it. `delay` before its first stroke sets several in a row to one wave."""
         id = self.new_id()
         dx, dy = travel
         self.solid(box(x, y, x + width, y + height), "metal", COPPER, id=id, edge=False,
@@ -424,7 +424,7 @@ class Stage(Map):
             self.scenery(1, box(middle - 10, rod[0], middle + 10, rod[1]), METAL, id=id,
                          name="piston rod")
         self.mover(id, (x, y), (x + dx, y + dy), speed, name="piston")
-        self._set_going(id, area, loop)
+        self._set_going(id, area, loop, delay)
         self.hum(x + width // 2, y + height // 2, 320, "machine")
         return id
 
@@ -542,8 +542,8 @@ class Stage(Map):
         self._draw_edges()
         x, y = self._water
         around = (x - 40, y - 40, 80, 80)
-        for kind, id in [("Anim_play_loop_1", self._playing)] + self._at_start:
-            self.trigger(kind, around, target=id, name="from the start")
+        for kind, id, delay in [("Anim_play_loop_1", self._playing, 0.0)] + self._at_start:
+            self.trigger(kind, around, target=id, delay=delay, name="from the start")
         super().save(path)
 
     def _draw_edges(self):
