@@ -444,14 +444,14 @@ class Stage(Map):
         """Begins to pour once water comes into the area. (Emitters outlast a restart as they
         are, so it is turned off at each start.)"""
         id = self.effect(x, y, settings, direction)
-        self._at_start.append(("Emitter_stop_1", id))
+        self._at_start.append(("Emitter_stop_1", id, 0.0))
         self.trigger("Emitter_start_1", area, target=id, delay=delay, name="spout")
         return id
 
     def dries(self, x, y, settings, area, direction=(0, 1), delay=0.0):
         """A drip or leak that ends once water comes into the area."""
         id = self.effect(x, y, settings, direction)
-        self._at_start.append(("Emitter_start_1", id))
+        self._at_start.append(("Emitter_start_1", id, 0.0))
         self.trigger("Emitter_stop_1", area, target=id, delay=delay, name="dries up")
         return id
 
