@@ -6,6 +6,8 @@
 #include <array>
 #include <cmath>
 
+#include "Kind.h"
+
 namespace {
 
 // Weights, in world units of distance.
@@ -25,31 +27,13 @@ constexpr float cell = 40.0f;
 constexpr float region = 160.0f;
 constexpr double shareOfRare = 0.3;
 
-void Mix(std::uint64_t& hash, std::uint64_t value) {
-    hash = (hash ^ value) * 0x9e3779b97f4a7c15u;
-    hash ^= hash >> 29;
-}
-
-std::uint64_t Square(Vector2 place, float size) {
-    const auto x = static_cast<std::int64_t>(std::floor(place.x / size));
-    const auto y = static_cast<std::int64_t>(std::floor(place.y / size));
-    return static_cast<std::uint64_t>(x) << 32 ^ static_cast<std::uint64_t>(y & 0xffffffff);
-}
-
 /// Mostly water, steam or ice.
-std::uint64_t Matter(const Outcome& outcome) {
+std::uint64_t MostMatter(const Outcome& outcome) {
     const std::uint32_t all = std::max(outcome.placeCount, 1u);
     return (outcome.steam * 2 > all ? 1u : 0u) + (outcome.ice * 2 > all ? 2u : 0u);
 }
 
 }  // namespace
-
-std::uint32_t Dice::Next() {
-    state ^= state << 13;
-    state ^= state >> 7;
-    state ^= state << 17;
-    return static_cast<std::uint32_t>(state >> 32);
-}
 
 /// Mean over the water, and more for water that is torn apart: a part that runs ahead is no
 /// progress if the rest doesn't follow.
@@ -79,19 +63,19 @@ Found Archive::Describe(Copies::Number copy) const {
     found.alive = outcome.alive;
     found.elapsedMs = outcome.elapsedMs;
     found.angle = outcome.angle;
-    Mix(found.region, Square(outcome.centre, region));
-    Mix(found.region, outcome.fired);
-    Mix(found.region, map.Gates(outcome.switches));
-    Mix(found.region, Matter(outcome));
+    Kind::Mix(found.region, Kind::Square(outcome.centre, region));
+    Kind::Mix(found.region, outcome.fired);
+    Kind::Mix(found.region, map.Gates(outcome.switches));
+    Kind::Mix(found.region, MostMatter(outcome));
     found.kind = found.region;
-    Mix(found.kind, Square(outcome.centre, cell));
-    Mix(found.kind, outcome.movers);
-    Mix(found.kind, outcome.alive / 12);
-    Mix(found.kind, static_cast<std::uint64_t>(outcome.angle + 90.0f) / 60);
+    Kind::Mix(found.kind, Kind::Square(outcome.centre, cell));
+    Kind::Mix(found.kind, outcome.movers);
+    Kind::Mix(found.kind, outcome.alive / 12);
+    Kind::Mix(found.kind, static_cast<std::uint64_t>(outcome.angle + 90.0f) / 60);
     return found;
 }
 
-bool Archive::Take(Copies::Number copy, std::shared_ptr<const Leg> way) {
+bool Archive::Take(Copies::Number copy, Way way) {
     Found found = Describe(copy);
     farthest = std::max(farthest, founds.empty() ? found.distance : 0.0f);
     found.way = std::move(way);

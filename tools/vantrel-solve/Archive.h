@@ -9,33 +9,14 @@
 #include <vector>
 
 #include "Copies.h"
+#include "Dice.h"
 #include "FlowMap.h"
-#include "game/RunFile.h"
-
-/// The steps of one move, and what went before.
-struct Leg {
-    std::shared_ptr<const Leg> before;
-    std::vector<RunStep> steps;
-};
-
-/// Draws that are the same on every machine.
-class Dice {
-public:
-    explicit Dice(std::uint32_t seed) : state(seed * 2654435761u + 88172645463325252u) {}
-    std::uint32_t Next();
-    /// 0 to n - 1; n above 0.
-    std::uint32_t Below(std::uint32_t n) { return Next() % n; }
-    /// 0 to 1, 1 excluded.
-    double Unit() { return Next() * (1.0 / 4294967296.0); }
-
-private:
-    std::uint64_t state;
-};
+#include "Way.h"
 
 /// One situation and its copy.
 struct Found {
     Copies::Number copy = Copies::none;
-    std::shared_ptr<const Leg> way;
+    Way way;
     float distance = 0.0f;  ///< FlowMap's, over all the water
     std::uint32_t alive = 0;
     std::uint32_t elapsedMs = 0;
@@ -54,7 +35,7 @@ public:
 
     /// Keeps the copy if its situation is new or it is better than the one that was there;
     /// drops whichever isn't kept. True if kept.
-    bool Take(Copies::Number copy, std::shared_ptr<const Leg> way);
+    bool Take(Copies::Number copy, Way way);
     /// The next to go on from; there must be one. Counts the try.
     Found& Pick(Dice& dice);
     /// A move from a situation of this kind lost too much water.

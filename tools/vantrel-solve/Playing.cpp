@@ -50,8 +50,9 @@ std::uint32_t CountAlive() {
     return static_cast<std::uint32_t>(alive);
 }
 
-void AddPlace(Vector2 place, Outcome& outcome) {
+void AddPlace(Vector2 place, Matter matter, Outcome& outcome) {
     if (outcome.placeCount < Outcome::mostPlaces) {
+        outcome.matters[outcome.placeCount] = matter;
         outcome.places[outcome.placeCount++] = place;
         outcome.centre += place;
     }
@@ -61,13 +62,14 @@ void ReadWater(Outcome& outcome) {
     outcome.alive = CountAlive();
     for (const Particle& particle : ParticleManager::particles) {
         if (particle.dying == 0) {
-            AddPlace(particle.position, outcome);
-            outcome.steam += particle.temperature >= 100.0f ? 1 : 0;
+            const bool isSteam = particle.temperature >= 100.0f;
+            AddPlace(particle.position, isSteam ? Matter::Steam : Matter::Water, outcome);
+            outcome.steam += isSteam ? 1 : 0;
         }
     }
     for (const ParticleGroup& group : GroupedParticleMover::groups) {
         for (std::size_t i = 0; group.dying == 0 && i < group.particles.size(); ++i) {
-            AddPlace(group.position, outcome);
+            AddPlace(group.position, Matter::Ice, outcome);
             ++outcome.ice;
         }
     }
@@ -80,16 +82,20 @@ void Mix(std::uint64_t& hash, std::uint64_t value) {
     hash = (hash ^ value) * 1099511628211u;
 }
 
-std::uint64_t FiredOnce() {
-    std::uint64_t hash = 14695981039346656037u;
+void ReadFiredOnce(Outcome& outcome) {
+    outcome.fired = 14695981039346656037u;
+    std::size_t index = 0;
     for (const Trigger& trigger : TriggerManager::triggers) {
         // Sounds, pictures and the like change nothing for the water.
         const bool matters = trigger.type == 901 || (trigger.type >= 300 && trigger.type < 500);
         if (matters && trigger.typeInfo->fireLimit != 0) {
-            Mix(hash, trigger.fireCount);
+            Mix(outcome.fired, trigger.fireCount);
+            if (trigger.fireCount != 0 && index < Outcome::mostTriggers) {
+                outcome.firedTriggers[index / 64] |= std::uint64_t{1} << index % 64;
+            }
         }
+        ++index;
     }
-    return hash;
 }
 
 /// In which fifth of its path a mover is, and which way it goes; only for the one nearest to
@@ -119,15 +125,62 @@ std::uint64_t MoverPlaces(Vector2 centre) {
     return hash;
 }
 
+/// Where movers are that don't go to and fro, and whether they go: what may be so for good.
+std::uint64_t StandingMovers() {
+    std::uint64_t hash = 14695981039346656037u;
+    for (const Mover& mover : MoverManager::movers) {
+        const bool loops = mover.state >= Mover::LoopingToStart;
+        const float share = loops || mover.length <= 0.0f ? 0.0f : mover.distance / mover.length;
+        Mix(hash, static_cast<std::uint64_t>(share * 2.99f) * 4 +
+                      static_cast<std::uint64_t>(loops ? 3 : mover.state));
+    }
+    return hash;
+}
+
 void ReadWorld(Outcome& outcome) {
     ReadWater(outcome);
     outcome.finished = LevelProgress::IsFinished();
     outcome.elapsedMs = LevelProgress::ElapsedMs();
     outcome.angle = Camera::angle;
     outcome.switches = Switches::State();
-    outcome.fired = FiredOnce();
+    ReadFiredOnce(outcome);
     outcome.movers = MoverPlaces(outcome.centre);
+    outcome.standing = StandingMovers();
 }
+
+/// Watches whether the water is at rest: its middle, its spread and the tilt stay for a while.
+/// Drops that quiver where they lie are at rest too.
+class Rest {
+public:
+    /// Once after each frame.
+    bool Is() {
+        if (++frame % apart != 0) {
+            return isStill;
+        }
+        Outcome now;
+        ReadWater(now);
+        float spread = 0.0f;
+        for (std::size_t i = 0; i < now.placeCount; ++i) {
+            spread += Distance(now.places[i], now.centre);
+        }
+        spread /= static_cast<float>(std::max(now.placeCount, 1u));
+        isStill = Distance(now.centre, centre) < near && std::fabs(spread - lastSpread) < near &&
+                  std::fabs(Camera::angle - angle) < nearEnough;
+        angle = Camera::angle;
+        centre = now.centre;
+        lastSpread = spread;
+        return isStill;
+    }
+
+private:
+    static constexpr std::uint32_t apart = 12;  ///< frames between two looks
+    static constexpr float near = 2.0f;         ///< world units
+    std::uint32_t frame = 0;
+    bool isStill = false;
+    float angle = 0.0f;
+    Vector2 centre{1.0e9f, 0.0f};
+    float lastSpread = 0.0f;
+};
 
 /// Which keys bring the tilt to `angle`.
 int KeysTowards(float angle, float turning) {
@@ -142,6 +195,15 @@ void PlayFrame(HeadlessGame& game, int keys) {
 }
 
 }  // namespace
+
+std::string Begin(HeadlessGame& game, const std::string& level) {
+    RunRecorder::Record("");
+    if (!game.Start(level)) {
+        return "cannot load level '" + level + "': " + HeadlessGame::LastReason();
+    }
+    Switches::Collect();
+    return {};
+}
 
 bool FlyIn(HeadlessGame& game, Outcome& outcome) {
     outcome = {};
@@ -163,14 +225,28 @@ void Play(HeadlessGame& game, const Move& move, std::uint32_t leastWater, Outcom
         turning = (Camera::angle - before) / (static_cast<float>(frameMs) * 0.001f);
         before = Camera::angle;
     };
-    for (std::uint32_t i = 0; i < move.frames && !outcome.lost; ++i) {
+    const std::uint32_t most = move.frames + move.settle;
+    Rest rest;
+    std::uint32_t played = 0;
+    while (played < (outcome.settled ? move.frames : most) && !outcome.lost && !outcome.cameBack) {
         playFrame();
-        outcome.lost = CountAlive() < leastWater;
+        ++played;
+        const std::uint32_t alive = CountAlive();
+        outcome.lost = alive < leastWater;
+        outcome.cameBack = alive == 0;
+        outcome.settled = rest.Is();
     }
-    while (LevelProgress::IsFinishing() && !LevelProgress::IsFinished() &&
-           StepsSoFar() - begin < Outcome::mostSteps) {
-        playFrame();
+    outcome.settled = outcome.settled || move.settle != 0;
+    const auto playWhile = [&](auto goesOn) {
+        while (goesOn() && StepsSoFar() - begin < Outcome::mostSteps) {
+            playFrame();
+        }
+    };
+    if (outcome.cameBack && !outcome.lost) {
+        playWhile([] { return CountAlive() == 0 || Camera::IsOpeningFlight(); });
+        outcome.settled = true;
     }
+    playWhile([] { return LevelProgress::IsFinishing() && !LevelProgress::IsFinished(); });
     ReadSteps(begin, outcome);
     ReadWorld(outcome);
     outcome.lost = outcome.alive < leastWater;

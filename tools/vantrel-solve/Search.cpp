@@ -4,49 +4,19 @@
 
 #include <algorithm>
 #include <array>
-#include <csignal>
 #include <cstdio>
 
 #include "Archive.h"
 #include "ProgressLine.h"
+#include "Rounds.h"
 #include "game/RunRecorder.h"
 
 namespace {
 
-volatile std::sig_atomic_t interrupted = 0;
-
-/// The first interrupt ends the search, for as long as this lives.
-class InterruptEndsSearch {
-public:
-    InterruptEndsSearch() {
-        struct sigaction action {};
-        action.sa_handler = [](int) { interrupted = 1; };
-        interrupted = 0;
-        sigaction(SIGINT, &action, &beforeInt);
-        sigaction(SIGTERM, &action, &beforeTerm);
-    }
-    ~InterruptEndsSearch() {
-        sigaction(SIGINT, &beforeInt, nullptr);
-        sigaction(SIGTERM, &beforeTerm, nullptr);
-    }
-    InterruptEndsSearch(const InterruptEndsSearch&) = delete;
-    InterruptEndsSearch& operator=(const InterruptEndsSearch&) = delete;
-
-private:
-    struct sigaction beforeInt {};
-    struct sigaction beforeTerm {};
-};
-
-/// Moves are planned and judged in rounds of this many, so that the order in which processes
-/// finish makes no difference.
-constexpr std::size_t movesPerRound = 24;
-
-struct Try {
-    Copies::Number from = Copies::none;
-    std::uint64_t kind = 0;  ///< of the situation that it goes on from
-    std::shared_ptr<const Leg> way;
-    Move move;
-    Copies::Number copy = Copies::none;
+/// What a move goes on from.
+struct Origin {
+    std::uint64_t kind = 0;
+    Way way;
 };
 
 class Searcher {
@@ -65,15 +35,11 @@ public:
     void Run(const FlowMap& map);
 
 private:
-    std::shared_ptr<const Leg> LegOf(const Outcome& outcome,
-                                     std::shared_ptr<const Leg> before) const;
     Move ChooseMove(const Found& from);
     void PlayRound(Archive& archive);
-    void PlayAll(std::vector<Try>& tries);
-    void Judge(Archive& archive, Try& played);
-    void KeepIfBest(const Outcome& outcome, float distance, std::shared_ptr<const Leg> way);
+    void Judge(Archive& archive, Copies::Number copy, const Origin& from);
+    void KeepIfBest(const Outcome& outcome, float distance, Way way);
     std::string Describe(const Archive& archive) const;
-    std::vector<RunStep> StepsOf(const Leg* leg) const;
 
     const SearchSettings& settings;
     SearchResult& result;
@@ -81,27 +47,8 @@ private:
     Dice dice;
     ProgressLine line;
     Copies::Number first = Copies::none;
-    std::shared_ptr<const Leg> bestWay;
+    Way bestWay;
 };
-
-std::shared_ptr<const Leg> Searcher::LegOf(const Outcome& outcome,
-                                           std::shared_ptr<const Leg> before) const {
-    Leg leg{std::move(before), {}};
-    leg.steps.assign(outcome.steps.begin(), outcome.steps.begin() + outcome.stepCount);
-    return std::make_shared<const Leg>(std::move(leg));
-}
-
-std::vector<RunStep> Searcher::StepsOf(const Leg* leg) const {
-    std::vector<const Leg*> legs;
-    for (; leg != nullptr; leg = leg->before.get()) {
-        legs.push_back(leg);
-    }
-    std::vector<RunStep> steps;
-    for (auto it = legs.rbegin(); it != legs.rend(); ++it) {
-        steps.insert(steps.end(), (*it)->steps.begin(), (*it)->steps.end());
-    }
-    return steps;
-}
 
 Move Searcher::ChooseMove(const Found& from) {
     // Beyond 60 degrees the view stops: a key held down. Full tilts are the commonest.
@@ -118,22 +65,7 @@ Move Searcher::ChooseMove(const Found& from) {
     return move;
 }
 
-void Searcher::PlayAll(std::vector<Try>& tries) {
-    std::size_t next = 0;
-    std::size_t running = 0;
-    while ((next < tries.size() && interrupted == 0) || running > 0) {
-        while (next < tries.size() && running < settings.processes && interrupted == 0) {
-            Try& attempt = tries[next++];
-            attempt.copy = copies.Start(attempt.from, attempt.move);
-            running += attempt.copy != Copies::none ? 1 : 0;
-        }
-        if (running > 0 && copies.Wait() != Copies::none) {
-            --running;
-        }
-    }
-}
-
-void Searcher::KeepIfBest(const Outcome& outcome, float distance, std::shared_ptr<const Leg> way) {
+void Searcher::KeepIfBest(const Outcome& outcome, float distance, Way way) {
     bool better = false;
     if (outcome.finished) {
         better = !result.wins || outcome.alive > result.water ||
@@ -150,37 +82,39 @@ void Searcher::KeepIfBest(const Outcome& outcome, float distance, std::shared_pt
     }
 }
 
-void Searcher::Judge(Archive& archive, Try& played) {
-    if (played.copy == Copies::none) {
+void Searcher::Judge(Archive& archive, Copies::Number copy, const Origin& from) {
+    if (copy == Copies::none) {
         return;
     }
     ++result.moves;
-    const Outcome& outcome = copies.Of(played.copy);
+    const Outcome& outcome = copies.Of(copy);
     if (outcome.lost) {
-        archive.NoteLoss(played.kind);
-        copies.Drop(played.copy);
+        archive.NoteLoss(from.kind);
+        copies.Drop(copy);
         return;
     }
-    std::shared_ptr<const Leg> way = LegOf(outcome, played.way);
-    KeepIfBest(outcome, archive.Describe(played.copy).distance, way);
+    Way way = Extend(from.way, outcome);
+    KeepIfBest(outcome, archive.Describe(copy).distance, way);
     const bool late = result.wins && outcome.elapsedMs >= result.elapsedMs;
     if (outcome.finished || late) {
-        copies.Drop(played.copy);
+        copies.Drop(copy);
     } else {
-        archive.Take(played.copy, std::move(way));
+        archive.Take(copy, std::move(way));
     }
 }
 
 void Searcher::PlayRound(Archive& archive) {
-    archive.MakeRoom(movesPerRound);
-    std::vector<Try> tries;
-    for (std::size_t i = 0; i < movesPerRound; ++i) {
+    archive.MakeRoom(Rounds::movesPerRound);
+    std::vector<Rounds::Planned> moves;
+    std::vector<Origin> origins;
+    for (std::size_t i = 0; i < Rounds::movesPerRound; ++i) {
         const Found& from = archive.Pick(dice);
-        tries.push_back({from.copy, from.kind, from.way, ChooseMove(from)});
+        moves.push_back({from.copy, ChooseMove(from)});
+        origins.push_back({from.kind, from.way});
     }
-    PlayAll(tries);
-    for (Try& played : tries) {
-        Judge(archive, played);
+    Rounds::Play(copies, moves, settings.processes);
+    for (std::size_t i = 0; i < moves.size(); ++i) {
+        Judge(archive, moves[i].copy, origins[i]);
     }
 }
 
@@ -198,13 +132,13 @@ std::string Searcher::Describe(const Archive& archive) const {
 }
 
 void Searcher::Run(const FlowMap& map) {
-    const InterruptEndsSearch guard;
+    const Rounds::InterruptEndsSearch guard;
     Archive archive(copies, map, settings.leastWater);
-    std::shared_ptr<const Leg> opening = LegOf(copies.Of(first), nullptr);
+    Way opening = Extend(nullptr, copies.Of(first));
     bestWay = opening;
     result.distance = archive.Describe(first).distance;
     archive.Take(first, std::move(opening));
-    while (interrupted == 0 && line.Seconds() < settings.seconds && !archive.IsEmpty() &&
+    while (!Rounds::IsInterrupted() && line.Seconds() < settings.seconds && !archive.IsEmpty() &&
            (!result.wins || settings.improve)) {
         PlayRound(archive);
         if (result.wins) {
@@ -212,7 +146,7 @@ void Searcher::Run(const FlowMap& map) {
         }
         line.Show(Describe(archive));
     }
-    result.run.steps = StepsOf(bestWay.get());
+    result.run.steps = StepsOf(bestWay);
     result.seconds = line.Seconds();
 }
 
@@ -221,14 +155,11 @@ void Searcher::Run(const FlowMap& map) {
 SearchResult Search(const SearchSettings& settings) {
     SearchResult result;
     HeadlessGame game(settings.windowWidth, settings.windowHeight);
-    RunRecorder::Record("");
-    if (!game.Start(settings.level)) {
-        result.failure =
-            "cannot load level '" + settings.level + "': " + HeadlessGame::LastReason();
+    result.failure = Playing::Begin(game, settings.level);
+    if (!result.failure.empty()) {
         return result;
     }
     result.run = RunRecorder::Current();
-    Switches::Collect();
     Searcher searcher(settings, game, result);
     if (!searcher.IsReady()) {
         result.failure = "cannot start copies of the game";

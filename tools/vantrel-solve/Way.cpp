@@ -1,0 +1,23 @@
+// Chains of moves; see Way.h.
+
+#include "Way.h"
+
+#include <utility>
+
+Way Extend(Way before, const Outcome& outcome) {
+    Leg leg{std::move(before), {}};
+    leg.steps.assign(outcome.steps.begin(), outcome.steps.begin() + outcome.stepCount);
+    return std::make_shared<const Leg>(std::move(leg));
+}
+
+std::vector<RunStep> StepsOf(const Way& way) {
+    std::vector<const Leg*> legs;
+    for (const Leg* leg = way.get(); leg != nullptr; leg = leg->before.get()) {
+        legs.push_back(leg);
+    }
+    std::vector<RunStep> steps;
+    for (auto it = legs.rbegin(); it != legs.rend(); ++it) {
+        steps.insert(steps.end(), (*it)->steps.begin(), (*it)->steps.end());
+    }
+    return steps;
+}
