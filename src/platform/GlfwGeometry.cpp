@@ -57,30 +57,23 @@ bool HasAttribute(GLFWwindow* window, int attribute) {
 
 }  // namespace
 
-Point GlfwWindow::State::FramebufferSize() const {
-    Point size;
-    if (window != nullptr) {
-        glfwGetFramebufferSize(window, &size.x, &size.y);
-    }
-    return size;
+void GlfwWindow::State::AskWindow() {
+    glfwGetWindowSize(window, &told.size.x, &told.size.y);
+    glfwGetFramebufferSize(window, &told.pixels.x, &told.pixels.y);
+    told.focused = HasAttribute(window, GLFW_FOCUSED);
+    told.iconified = HasAttribute(window, GLFW_ICONIFIED);
 }
 
 double GlfwWindow::State::Scale() const {
-    Point size;
-    if (window != nullptr) {
-        glfwGetWindowSize(window, &size.x, &size.y);
-    }
-    const int pixels = FramebufferSize().x;
-    return size.x > 0 && pixels > 0 ? static_cast<double>(pixels) / size.x : 1.0;
+    return told.size.x > 0 && told.pixels.x > 0 ? static_cast<double>(told.pixels.x) / told.size.x
+                                                : 1.0;
 }
 
-void GlfwWindow::State::AwaitSize(Point size) {
+void GlfwWindow::State::AwaitSize(Point wanted) {
     const std::uint32_t start = clock.Milliseconds();
-    Point now = FramebufferSize();
-    while ((now.x != size.x || now.y != size.y) &&
+    while ((told.pixels.x != wanted.x || told.pixels.y != wanted.y) &&
            clock.Milliseconds() - start < patienceMilliseconds) {
         glfwWaitEventsTimeout(0.005);
-        now = FramebufferSize();
     }
 }
 
@@ -127,7 +120,7 @@ bool GlfwWindow::IsForeground() const {
 }
 
 bool GlfwWindow::IsMinimised() const {
-    return HasAttribute(state->window, GLFW_ICONIFIED);
+    return state->told.iconified;
 }
 
 bool GlfwWindow::IsMaximised() const {
@@ -181,11 +174,11 @@ void GlfwWindow::State::ApplyIcon() {
 // Geometry.
 
 int GlfwWindow::ClientWidth() const {
-    return state->FramebufferSize().x;
+    return state->told.pixels.x;
 }
 
 int GlfwWindow::ClientHeight() const {
-    return state->FramebufferSize().y;
+    return state->told.pixels.y;
 }
 
 int GlfwWindow::ScreenWidth() const {
@@ -255,7 +248,7 @@ void GlfwWindow::SetClientSize(int width, int height) {
     }
     const double scale = state->Scale();
     const Point size{std::max(width, 1), std::max(height, 1)};
-    if (const Point now = state->FramebufferSize(); now.x == size.x && now.y == size.y) {
+    if (state->told.pixels.x == size.x && state->told.pixels.y == size.y) {
         return;
     }
     glfwSetWindowSize(state->window, std::max(Scaled(size.x, 1.0 / scale), 1),
@@ -294,7 +287,7 @@ bool GlfwWindow::EnterFullscreen(const DisplayMode& mode) {
     }
     if (glfwGetWindowMonitor(state->window) == nullptr) {
         state->windowedPosition = PositionOf(state->window);
-        glfwGetWindowSize(state->window, &state->windowedSize.x, &state->windowedSize.y);
+        state->windowedSize = state->told.size;
     }
     glfwSetWindowMonitor(state->window, monitor, 0, 0, mode.width, mode.height, mode.refreshRate);
     state->AwaitSize({mode.width, mode.height});

@@ -139,7 +139,15 @@ void GlfwWindow::State::ListenToEvents() {
             stateOf(w).input.AddButton(known, action == GLFW_PRESS, at.x, at.y);
         }
     });
-    glfwSetFramebufferSizeCallback(window, [](GLFWwindow* w, int, int) {
+    glfwSetWindowSizeCallback(window, [](GLFWwindow* w, int width, int height) {
+        stateOf(w).told.size = {width, height};
+    });
+    glfwSetWindowFocusCallback(
+        window, [](GLFWwindow* w, int on) { stateOf(w).told.focused = on == GLFW_TRUE; });
+    glfwSetWindowIconifyCallback(
+        window, [](GLFWwindow* w, int on) { stateOf(w).told.iconified = on == GLFW_TRUE; });
+    glfwSetFramebufferSizeCallback(window, [](GLFWwindow* w, int width, int height) {
+        stateOf(w).told.pixels = {width, height};
         stateOf(w).input.AddEvent({.kind = EventKind::Resize});
     });
     glfwSetWindowCloseCallback(window, [](GLFWwindow* w) {
@@ -176,6 +184,7 @@ WindowError GlfwWindow::Create(const WindowSettings& settings) {
     state->cursor.reset();
     state->focus = {};
     state->ListenToEvents();
+    state->AskWindow();
     state->ApplyIcon();
     return WindowError::None;
 }
@@ -186,6 +195,7 @@ void GlfwWindow::Destroy() {
         glfwDestroyWindow(state->window);
         state->window = nullptr;
         state->samples = 1;
+        state->told = {};
         state->input.Clear();
     }
 }
@@ -227,7 +237,7 @@ std::string GlfwWindow::Reason() const {
 
 void GlfwWindow::State::Poll() {
     glfwPollEvents();
-    focus.Update(glfwGetWindowAttrib(window, GLFW_FOCUSED) == GLFW_TRUE, clock.Milliseconds());
+    focus.Update(told.focused, clock.Milliseconds());
 }
 
 bool GlfwWindow::TakeEvent(Event& event) {

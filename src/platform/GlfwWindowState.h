@@ -23,6 +23,17 @@ struct Point {
 struct GlfwWindow::State {
     GLFWwindow* window = nullptr;
     GLFWwindow* loader = nullptr;  ///< never shown; only its context counts
+
+    /// What the window told of itself last: to ask costs a round trip to the display, and a
+    /// frame would ask a dozen times. Empty without a window.
+    struct Told {
+        Point size;    ///< of the client area, in the toolkit's units
+        Point pixels;  ///< of the framebuffer
+        bool focused = false;
+        bool iconified = false;
+    };
+    Told told;
+
     WindowInput input;
     FocusFilter focus;
     SteadyClock clock;  ///< real time, whatever clock the game runs on
@@ -49,14 +60,15 @@ struct GlfwWindow::State {
     void Poll();
     /// Fills the window until its first picture comes; it would show what lay under it.
     void PaintPlainly();
-    Point FramebufferSize() const;
+    /// Fills `told` for the first time; events keep it up to date.
+    void AskWindow();
     /// Framebuffer pixels per unit of the toolkit; 1 on most desktops.
     double Scale() const;
     /// The cursor in client pixels.
     Point CursorPosition() const;
     /// Lets the desktop catch up until the client area has that size, for a moment at most:
     /// it may never grant it.
-    void AwaitSize(Point size);
+    void AwaitSize(Point wanted);
     void AwaitPosition(Point position);
 };
 
