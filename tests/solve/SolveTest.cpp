@@ -1,17 +1,13 @@
 // The real program on small levels: what it finds, says and leaves behind.
 
-#include <gtest/gtest.h>
 #include <sys/prctl.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <csignal>
-#include <cstdlib>
-#include <fstream>
-#include <iterator>
+#include <cstdio>
 
-#include "support/TestGame.h"
+#include "SolveRun.h"
 
 namespace {
 
@@ -43,19 +39,8 @@ LevelFile Hopeless() {
     return level;
 }
 
-class Solve : public testing::Test {
+class Solve : public SolveRun {
 protected:
-    /// Runs a program in the folder with the test's settings as data.
-    int Run(const std::string& program, const std::string& arguments) {
-        const std::string command = "cd '" + folder + "' && '" + program + "' " + arguments +
-                                    " --data . >out.txt 2>error.txt";
-        return WEXITSTATUS(std::system(command.c_str()));
-    }
-    int RunSolve(const std::string& arguments) { return Run(VANTREL_SOLVE_PROGRAM, arguments); }
-    std::string Read(const std::string& name) const {
-        std::ifstream file(folder + "/" + name, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
     /// Starts a search without end; its processes come to this one when it is gone.
     pid_t StartHopeless() {
         game.Write(Hopeless(), "lev/a.swah");
@@ -82,9 +67,6 @@ protected:
         }
         return false;
     }
-
-    TestGame game;  // for its settings; the programs are processes of their own
-    const std::string folder = game.directory.path.string();
 };
 
 }  // namespace

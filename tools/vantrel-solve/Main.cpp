@@ -1,4 +1,4 @@
-// vantrel-solve: searches for a run that wins a level.
+// vantrel-solve: searches for a run that wins a level, or for places where water is stuck.
 
 #include <cstdio>
 #include <string>
@@ -6,12 +6,14 @@
 
 #include "Options.h"
 #include "Search.h"
+#include "StuckSearch.h"
 #include "game/RunFile.h"
 #include "platform/Paths.h"
 
 namespace {
 
 constexpr int noWin = 3;
+constexpr int someStuck = 3;
 
 int Fail(const std::string& message, int status) {
     std::fprintf(stderr, "vantrel-solve: %s\n", message.c_str());
@@ -37,6 +39,18 @@ int Solve(const Options& options) {
     return result.wins ? 0 : noWin;
 }
 
+int Hunt(const Options& options) {
+    const StuckResult result = HuntStuck(options.search);
+    if (!result.failure.empty()) {
+        return Fail(result.failure, 1);
+    }
+    std::fputs(Text(result.report).c_str(), stdout);
+    if (!options.output.empty() && !WriteRun(options.output, result.run)) {
+        return Fail("cannot write '" + options.output + "'", 1);
+    }
+    return result.report.found.empty() ? 0 : someStuck;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -60,5 +74,5 @@ int main(int argc, char** argv) {
     if (!options->dataRoot.empty()) {
         Platform::UseDataRoot(options->dataRoot, true);
     }
-    return Solve(*options);
+    return options->stuck ? Hunt(*options) : Solve(*options);
 }

@@ -12,9 +12,12 @@
 const char* const solveHelpText =
     "Usage: vantrel-solve LEVEL.swah [-o FILE.run] [--minutes M] [--least N] [--improve]\n"
     "                     [--seed S] [--jobs J] [--room N] [--window WxH] [--data DIR]\n"
+    "       vantrel-solve LEVEL.swah --stuck [-o FILE.run] [--minutes M] [--seed S] ...\n"
     "Searches for a run that wins the level, by playing many tilts ahead on copies of the\n"
-    "game, and writes the best one that it found, also when it is interrupted.\n"
+    "game, and writes the best one that it found, also when it is interrupted. With --stuck\n"
+    "it looks for places where water is stuck for good, and writes the run to the worst one.\n"
     "  -o FILE      where to write the run\n"
+    "  --stuck      look for stuck water; ends before the time is up when all is judged\n"
     "  --minutes M  how long to search; 9 if not given\n"
     "  --least N    drops of the 128 that must reach the end; 90 if not given\n"
     "  --improve    go on after the first win until the time is up: more water, then less time\n"
@@ -23,7 +26,8 @@ const char* const solveHelpText =
     "  --room N     copies to keep; 2500 if not given, each takes about half a megabyte\n"
     "  --window WxH the window that the run is for; 1280x720 if not given\n"
     "  --data DIR   the game's data\n"
-    "Exit status: 0 a win, 3 no win, 1 an unusable file, 2 bad arguments.\n";
+    "Exit status: 0 a win, 3 no win, 1 an unusable file, 2 bad arguments; with --stuck 0 no\n"
+    "place found, 3 some found.\n";
 
 namespace {
 
@@ -92,6 +96,8 @@ std::optional<Options> ParseOptions(const std::vector<std::string>& arguments,
             options.search.level = name;
         } else if (name == "--improve") {
             options.search.improve = true;
+        } else if (name == "--stuck") {
+            options.stuck = true;
         } else if (i + 1 == arguments.size()) {
             message = "unknown option or missing value: '" + name + "'";
             return std::nullopt;

@@ -1,0 +1,52 @@
+#pragma once
+// Situations and the moves between them, and from which of them the finish can be reached. A
+// situation is settled, and then all that look like it count as one; or it is on the move, and
+// then it is a stage of the one move that led there.
+
+#include <cstdint>
+#include <unordered_map>
+#include <vector>
+
+#include "Copies.h"
+#include "StuckPlace.h"
+#include "Way.h"
+
+class StuckGraph {
+public:
+    using Index = std::uint32_t;
+    static constexpr Index none = 0xffffffff;
+
+    struct Node {
+        bool IsJudged() const { return hard >= wanted; }
+
+        StuckPlace at;
+        Copies::Number copy = Copies::none;
+        Way way;
+        bool good = false;         ///< moves lead from here to a good end
+        std::uint32_t tries = 0;   ///< moves that began here
+        std::uint32_t hard = 0;    ///< of these, moves of the second part of the hunt
+        std::uint32_t wanted = 0;  ///< hard moves in vain after which it is judged
+        std::uint32_t visits = 1;  ///< moves that ended here
+        std::vector<Index> before;
+        std::vector<Index> after;
+    };
+
+    explicit StuckGraph(Copies& where) : copies(where) {}
+
+    /// A move led from `from` (none: the start) to the copy's situation. The copy is kept if the
+    /// situation is new, else dropped. True for a new one that is settled.
+    bool Take(Index from, Copies::Number copy, const StuckPlace& at, const Outcome& outcome);
+    /// Moves lead from here to a good end, and so they do from wherever it is reached.
+    void MarkGood(Index which);
+    /// Drops copies until there is room for so many more: of good situations first, those that
+    /// were tried most.
+    void MakeRoom(std::size_t wanted);
+
+    std::vector<Node> nodes;
+
+private:
+    void Link(Index from, Index to);
+
+    Copies& copies;
+    std::unordered_map<std::uint64_t, Index> byKind;
+};

@@ -1,0 +1,95 @@
+// Reads situations from what a move led to; see StuckPlace.h.
+
+#include "StuckPlace.h"
+
+#include <algorithm>
+
+#include "Kind.h"
+#include "engine/ConfigFile.h"
+#include "level/LevelData.h"
+
+namespace {
+
+// World units.
+
+/// Settled water is told apart finely: a pocket and its rim aren't one place.
+constexpr float settledSquare = 24.0f;
+constexpr float movingSquare = 40.0f;
+constexpr float aheadSquare = 128.0f;
+constexpr float regionSquare = 160.0f;
+/// On two sides of a thin wall the ways to the finish differ by more than this.
+constexpr float perDistance = 150.0f;
+/// Drops this near to the last one that is wanted are with it.
+constexpr float together = 80.0f;
+/// Water that falls out of the level falls on without end; so far out all places are one.
+constexpr float margin = 300.0f;
+
+/// Few drops flow otherwise than many.
+std::uint64_t Amount(std::uint32_t alive) {
+    return (alive >= 16 ? 1u : 0u) + (alive >= 64 ? 1u : 0u);
+}
+
+}  // namespace
+
+StuckPlaces::StuckPlaces(const FlowMap& flowMap)
+    : map(flowMap), low(LevelData::waterStart), high(LevelData::waterStart) {
+    finishShare = ConfigFile("cfg\\game.cfg").GetFloat("finishWaterVolume");
+    for (const LevelPolygon& polygon : LevelData::polygons) {
+        for (std::size_t i = 0; polygon.solid != 0 && i < polygon.PointCount(); ++i) {
+            const Vector2 point = polygon.Point(i);
+            low = {std::min(low.x, point.x), std::min(low.y, point.y)};
+            high = {std::max(high.x, point.x), std::max(high.y, point.y)};
+        }
+    }
+    low -= {margin, margin};
+    high += {margin, margin};
+}
+
+Vector2 StuckPlaces::Within(Vector2 place) const {
+    return {std::clamp(place.x, low.x, high.x), std::clamp(place.y, low.y, high.y)};
+}
+
+/// In the order of their ways to the finish: the last drop that the finish wants, and one a
+/// fifth of the water from the front.
+void StuckPlaces::FindDrops(const Outcome& outcome, StuckPlace& found, Vector2& ahead) const {
+    std::array<std::pair<float, std::size_t>, Outcome::mostPlaces> drops;
+    const std::size_t count = outcome.placeCount;
+    for (std::size_t i = 0; i < count; ++i) {
+        drops[i] = {map.Distance(outcome.places[i], outcome.switches), i};
+    }
+    std::sort(drops.begin(), drops.begin() + static_cast<std::ptrdiff_t>(count));
+    const auto wanted = static_cast<std::size_t>(static_cast<float>(count) * finishShare);
+    const auto [distance, last] = drops[std::clamp<std::size_t>(wanted, 1, count) - 1];
+    found.place = Within(outcome.places[last]);
+    found.matter = outcome.matters[last];
+    found.distance = distance;
+    for (std::size_t i = 0; i < count; ++i) {
+        found.near += Distance(outcome.places[i], outcome.places[last]) < together ? 1 : 0;
+    }
+    ahead = Within(outcome.places[drops[count / 5].second]);
+}
+
+StuckPlace StuckPlaces::Read(const Outcome& outcome) const {
+    StuckPlace found;
+    found.alive = outcome.alive;
+    found.settled = outcome.settled;
+    found.fired = outcome.firedTriggers;
+    found.elapsedMs = outcome.elapsedMs;
+    found.angle = outcome.angle;
+    Vector2 ahead;
+    if (outcome.placeCount > 0) {
+        FindDrops(outcome, found, ahead);
+    }
+    Kind::Mix(found.region, Kind::Square(found.place, regionSquare));
+    Kind::Mix(found.region, static_cast<std::uint64_t>(found.matter));
+    Kind::Mix(found.region, outcome.fired);
+    Kind::Mix(found.region, map.Gates(outcome.switches));
+    found.kind = found.region;
+    Kind::Mix(found.kind, found.settled ? 1 : 0);
+    Kind::Mix(found.kind, Kind::Square(found.place, found.settled ? settledSquare : movingSquare));
+    Kind::Mix(found.kind, Kind::Square(ahead, aheadSquare));
+    Kind::Mix(found.kind, static_cast<std::uint64_t>(found.distance / perDistance));
+    Kind::Mix(found.kind, outcome.standing);
+    Kind::Mix(found.kind, Amount(outcome.alive));
+    return found;
+}

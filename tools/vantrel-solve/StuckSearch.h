@@ -1,0 +1,21 @@
+#pragma once
+// The hunt for places where water is stuck for good. First it spreads over all situations that
+// can be reached and remembers which moves lead from which to which; then it plays on from
+// those that no move led from to the finish, until one does or enough were in vain.
+
+#include <string>
+#include <vector>
+
+#include "Search.h"
+#include "StuckReport.h"
+
+struct StuckResult {
+    std::string failure;  ///< why there was no hunt; empty otherwise
+    StuckReport report;
+    Run run;  ///< to the first place of the report, or to the start
+    double seconds = 0.0;
+};
+
+/// Of the settings, `leastWater` and `improve` don't count. As Search: no threads, no other
+/// child processes, and the same moves for a given seed, as far as the time allows.
+StuckResult HuntStuck(const SearchSettings& settings);
