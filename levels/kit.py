@@ -530,6 +530,11 @@ class Stage(Map):
         if lamp:
             self.lamp(x + width // 2, y + 36)
 
+    def at_start(self, kind, id, delay=0.0):
+        """Fires a trigger type for the id as the water appears: `Entity_remove_1` for what is to
+        be added later, `Emitter_stop_1` for what is to be started later."""
+        self._at_start.append((kind, id, delay))
+
     # -- the whole ----------------------------------------------------------------------------
 
     def start(self, x, y, camera):
