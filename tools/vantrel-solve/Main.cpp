@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "Options.h"
@@ -40,7 +41,16 @@ int Solve(const Options& options) {
 }
 
 int Hunt(const Options& options) {
-    const StuckResult result = HuntStuck(options.search);
+    Run run;
+    if (!options.along.empty()) {
+        std::string reason;
+        auto read = ReadRun(options.along, reason);
+        if (!read || !FitsLevel(*read, reason)) {
+            return Fail("cannot use '" + options.along + "': " + reason, 1);
+        }
+        run = std::move(*read);
+    }
+    const StuckResult result = HuntStuck(options.search, std::move(run.steps));
     if (!result.failure.empty()) {
         return Fail(result.failure, 1);
     }

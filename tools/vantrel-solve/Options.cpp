@@ -12,12 +12,13 @@
 const char* const solveHelpText =
     "Usage: vantrel-solve LEVEL.swah [-o FILE.run] [--minutes M] [--least N] [--improve]\n"
     "                     [--seed S] [--jobs J] [--room N] [--window WxH] [--data DIR]\n"
-    "       vantrel-solve LEVEL.swah --stuck [-o FILE.run] [--minutes M] [--seed S] ...\n"
+    "       vantrel-solve LEVEL.swah --stuck [-o FILE.run] [--along FILE.run] [--minutes M] ...\n"
     "Searches for a run that wins the level, by playing many tilts ahead on copies of the\n"
     "game, and writes the best one that it found, also when it is interrupted. With --stuck\n"
     "it looks for places where water is stuck for good, and writes the run to the worst one.\n"
     "  -o FILE      where to write the run\n"
     "  --stuck      look for stuck water; ends before the time is up when all is judged\n"
+    "  --along FILE a run of the level, from along which --stuck explores too\n"
     "  --minutes M  how long to search; 9 if not given\n"
     "  --least N    drops of the 128 that must reach the end; 90 if not given\n"
     "  --improve    go on after the first win until the time is up: more water, then less time\n"
@@ -69,7 +70,9 @@ bool TakeValue(const std::string& name, const std::string& value, Options& optio
     if (name == "--window") {
         return ParseWindow(value, search);
     }
-    if (name == "-o") {
+    if (name == "--along") {
+        options.along = value;
+    } else if (name == "-o") {
         options.output = value;
     } else if (name == "--data") {
         options.dataRoot = value;

@@ -10,6 +10,7 @@
 struct Options {
     SearchSettings search;
     bool stuck = false;    ///< looks for stuck water instead of a win
+    std::string along;     ///< a run along which it explores; empty: none
     std::string output;    ///< empty: the run isn't kept
     std::string dataRoot;  ///< empty: found as the game finds it
 };

@@ -16,6 +16,8 @@
 
 namespace Playing {
 
+std::vector<RunStep> script;
+
 namespace {
 
 /// Milliseconds of a frame. Each is one module step, but for the first sixteen, in which the
@@ -188,6 +190,12 @@ int KeysTowards(float angle, float turning) {
     return ahead > nearEnough ? 1 : ahead < -nearEnough ? -1 : 0;
 }
 
+/// Which keys the script had at a step; none after its end.
+int KeysOfScript(std::size_t step) {
+    const float turn = step < script.size() ? script[step].turn : 0.0f;
+    return turn > 0.0f ? 1 : turn < 0.0f ? -1 : 0;
+}
+
 /// One frame with the arrow keys held: above 0 left, below 0 right, 0 none.
 void PlayFrame(HeadlessGame& game, int keys) {
     game.Hold(keys > 0, keys < 0);
@@ -221,7 +229,9 @@ void Play(HeadlessGame& game, const Move& move, std::uint32_t leastWater, Outcom
     float before = Camera::angle;
     float turning = 0.0f;
     const auto playFrame = [&] {
-        PlayFrame(game, KeysTowards(move.angle, turning));
+        const std::size_t step = move.scriptStep + (StepsSoFar() - begin);
+        PlayFrame(game, move.scriptStep != Move::none ? KeysOfScript(step)
+                                                      : KeysTowards(move.angle, turning));
         turning = (Camera::angle - before) / (static_cast<float>(frameMs) * 0.001f);
         before = Camera::angle;
     };

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "engine/Vector2.h"
 #include "game/HeadlessGame.h"
@@ -15,6 +16,10 @@ struct Move {
     std::uint32_t frames = 1;  ///< together with `settle` at most Outcome::mostMoveFrames
     /// So many frames more at most, until the water is at rest.
     std::uint32_t settle = 0;
+    /// Not `none`: plays Playing::script from this step on instead of holding a tilt.
+    std::uint32_t scriptStep = none;
+
+    static constexpr std::uint32_t none = 0xffffffff;
 };
 
 enum class Matter : std::uint8_t { Water, Steam, Ice };
@@ -53,6 +58,9 @@ struct Outcome {
 };
 
 namespace Playing {
+
+/// A run whose turns moves can follow; set before copies are made.
+extern std::vector<RunStep> script;
 
 /// Starts the level, recorded in memory, and collects its switches. Why it can't; else empty.
 std::string Begin(HeadlessGame& game, const std::string& level);

@@ -3,6 +3,7 @@
 #include "StuckGraph.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -13,32 +14,30 @@ constexpr std::uint32_t wantedMoving = 3;
 
 }  // namespace
 
-bool StuckGraph::Take(Index from, Copies::Number copy, const StuckPlace& at,
-                      const Outcome& outcome) {
-    const auto index = static_cast<Index>(nodes.size());
-    const auto [there, isNew] = byKind.try_emplace(at.kind, index);
+StuckGraph::Index StuckGraph::Take(Index from, Copies::Number copy, const StuckPlace& at, Way way) {
+    const auto fresh = static_cast<Index>(nodes.size());
+    const auto [there, isNew] = byKind.try_emplace(at.kind, fresh);
+    const Index index = there->second;
     if (isNew) {
-        Node& node = nodes.emplace_back();
+        nodes.emplace_back().wanted = at.settled ? wantedSettled : wantedMoving;
+    }
+    Node& node = nodes[index];
+    ++node.visits;
+    if (isNew || (node.copy == Copies::none && !node.good)) {
         node.at = at;
         node.copy = copy;
-        node.wanted = at.settled ? wantedSettled : wantedMoving;
-        node.way = Extend(from == none ? nullptr : nodes[from].way, outcome);
+        node.way = std::move(way);
     } else {
-        Node& node = nodes[there->second];
-        ++node.visits;
-        if (node.copy == Copies::none && !node.good && from != none) {
-            node.copy = copy;
-            node.at = at;
-            node.way = Extend(nodes[from].way, outcome);
-        } else {
-            copies.Drop(copy);
-        }
+        copies.Drop(copy);
     }
     // Another one on the move that looks alike may have another speed: it proves nothing.
-    if (from != none && (isNew || at.settled)) {
-        Link(from, there->second);
+    if (!isNew && !at.settled) {
+        return none;
     }
-    return isNew && at.settled;
+    if (from != none) {
+        Link(from, index);
+    }
+    return index;
 }
 
 void StuckGraph::Link(Index from, Index to) {

@@ -26,16 +26,17 @@ public:
         std::uint32_t tries = 0;   ///< moves that began here
         std::uint32_t hard = 0;    ///< of these, moves of the second part of the hunt
         std::uint32_t wanted = 0;  ///< hard moves in vain after which it is judged
-        std::uint32_t visits = 1;  ///< moves that ended here
+        std::uint32_t visits = 0;  ///< moves that ended here
         std::vector<Index> before;
         std::vector<Index> after;
     };
 
     explicit StuckGraph(Copies& where) : copies(where) {}
 
-    /// A move led from `from` (none: the start) to the copy's situation. The copy is kept if the
-    /// situation is new, else dropped. True for a new one that is settled.
-    bool Take(Index from, Copies::Number copy, const StuckPlace& at, const Outcome& outcome);
+    /// A move led from `from` (none: the start) to the copy's situation, in all on this way. The
+    /// copy is kept if the situation is new, else dropped. The situation, or none if that is on
+    /// the move and only looks like another one.
+    Index Take(Index from, Copies::Number copy, const StuckPlace& at, Way way);
     /// Moves lead from here to a good end, and so they do from wherever it is reached.
     void MarkGood(Index which);
     /// Drops copies until there is room for so many more: of good situations first, those that

@@ -59,6 +59,8 @@ public:
     void Run(const FlowMap& map);
 
 private:
+    Index Keep(const StuckPlaces& places, Index from, Copies::Number copy, Way way);
+    void FollowScript(const StuckPlaces& places);
     void Explore(const StuckPlaces& places);
     void Judge(const StuckPlaces& places);
     void PlayHardRound(const StuckPlaces& places);
@@ -182,6 +184,50 @@ Move Hunter::ChooseHardMove(const Node& from) {
     return move;
 }
 
+Index Hunter::Keep(const StuckPlaces& places, Index from, Copies::Number copy, Way way) {
+    const Outcome& outcome = copies.Of(copy);
+    if (outcome.finished) {
+        result.report.finishReached = true;
+        graph.MarkGood(from);
+    }
+    if (outcome.finished || outcome.lost || outcome.placeCount == 0) {
+        copies.Drop(copy);
+        return StuckGraph::none;
+    }
+    const std::size_t before = graph.nodes.size();
+    const StuckPlace at = places.Read(outcome);
+    const Index index = graph.Take(from, copy, at, std::move(way));
+    if (graph.nodes.size() > before && at.settled) {
+        lastNews = result.report.moves;
+    }
+    return index;
+}
+
+/// Follows the script from the start, if there is one, and keeps the situations on its way.
+void Hunter::FollowScript(const StuckPlaces& places) {
+    constexpr std::uint32_t framesApart = 45;
+    Way way = Extend(nullptr, copies.Of(first));
+    std::uint32_t step = copies.Of(first).stepCount;
+    Index from = StuckGraph::none;
+    Copies::Number copy = first;
+    while (copy != Copies::none) {
+        std::vector<Rounds::Planned> next;
+        const Outcome& outcome = copies.Of(copy);
+        if (step < Playing::script.size() && !outcome.finished && !outcome.lost) {
+            next.push_back({copy, {0.0f, framesApart, 0, step}});
+            Rounds::Play(copies, next, 1);
+            ++result.report.moves;
+        }
+        const Index kept = Keep(places, from, copy, way);
+        from = kept != StuckGraph::none ? kept : from;
+        copy = next.empty() ? Copies::none : next.front().copy;
+        if (copy != Copies::none) {
+            step += copies.Of(copy).stepCount;
+            way = Extend(std::move(way), copies.Of(copy));
+        }
+    }
+}
+
 void Hunter::PlayRound(const StuckPlaces& places, const std::vector<Index>& from,
                        std::vector<Rounds::Planned>& moves) {
     Rounds::Play(copies, moves, settings.processes);
@@ -191,16 +237,7 @@ void Hunter::PlayRound(const StuckPlaces& places, const std::vector<Index>& from
             continue;
         }
         ++result.report.moves;
-        const Outcome& outcome = copies.Of(copy);
-        if (outcome.finished) {
-            result.report.finishReached = true;
-            graph.MarkGood(from[i]);
-        }
-        if (outcome.finished || outcome.lost || outcome.placeCount == 0) {
-            copies.Drop(copy);
-        } else if (graph.Take(from[i], copy, places.Read(outcome), outcome)) {
-            lastNews = result.report.moves;
-        }
+        Keep(places, from[i], copy, Extend(graph.nodes[from[i]].way, copies.Of(copy)));
     }
 }
 
@@ -285,7 +322,7 @@ void Hunter::ShowProgress(const char* doing, const char* counted, std::size_t co
 void Hunter::Run(const FlowMap& map) {
     const Rounds::InterruptEndsSearch guard;
     const StuckPlaces places(map);
-    graph.Take(StuckGraph::none, first, places.Read(copies.Of(first)), copies.Of(first));
+    FollowScript(places);
     Explore(places);
     if (!result.report.finishReached) {
         TakeNearestForFinish();
@@ -299,7 +336,7 @@ void Hunter::Run(const FlowMap& map) {
 
 }  // namespace
 
-StuckResult HuntStuck(const SearchSettings& settings) {
+StuckResult HuntStuck(const SearchSettings& settings, std::vector<RunStep> script) {
     StuckResult result;
     HeadlessGame game(settings.windowWidth, settings.windowHeight);
     result.failure = Playing::Begin(game, settings.level);
@@ -307,6 +344,7 @@ StuckResult HuntStuck(const SearchSettings& settings) {
         return result;
     }
     result.run = RunRecorder::Current();
+    Playing::script = std::move(script);
     Hunter hunter(settings, game, result);
     if (!hunter.IsReady()) {
         result.failure = "cannot start copies of the game";

@@ -16,6 +16,7 @@ struct StuckResult {
     double seconds = 0.0;
 };
 
-/// Of the settings, `leastWater` and `improve` don't count. As Search: no threads, no other
+/// `script`: steps of a run of the level, along which it begins to explore; may be empty. Of
+/// the settings, `leastWater` and `improve` don't count. As Search: no threads, no other
 /// child processes, and the same moves for a given seed, as far as the time allows.
-StuckResult HuntStuck(const SearchSettings& settings);
+StuckResult HuntStuck(const SearchSettings& settings, std::vector<RunStep> script);
