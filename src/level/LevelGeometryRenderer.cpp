@@ -83,8 +83,8 @@ void EmitTriangles(const LevelPolygon& polygon, const std::vector<Vector2>& corn
 }
 
 /// Emits the layer's entries from `index` on, and moves it behind them.
-void EmitLayer(std::size_t layer, std::span<const VisibleParts::Entry> entries,
-               const VisibleParts& parts, std::size_t& index) {
+void EmitLayer(std::size_t layer, std::span<const VisibleParts::Entry> entries, VisibleParts& parts,
+               std::size_t& index) {
     const auto isInLayer = [&] {
         return index < entries.size() && entries[index].polygon->layer == layer;
     };
@@ -115,7 +115,7 @@ void EmitLayer(std::size_t layer, std::span<const VisibleParts::Entry> entries,
 void CompileLists() {
     compiledReload = TextureManager::ReloadCount();
     const std::vector<VisibleParts::Entry> entries = InDrawingOrder();
-    const VisibleParts parts(entries);
+    VisibleParts parts(entries);
     std::size_t index = 0;
     for (std::size_t layer = 0; layer < layerCount; ++layer) {
         glNewList(lists[layer], GL_COMPILE);

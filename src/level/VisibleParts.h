@@ -19,32 +19,20 @@ public:
     /// Takes the polygons in the order in which they are drawn; the span is only read here
     /// and in AppendTriangles.
     explicit VisibleParts(std::span<const Entry> drawn);
-    /// Appends corners, three for each triangle, of what shows of an entry. A triangle that
-    /// nothing hides comes as it is. Pieces of others overlap each other and their triangle's
-    /// sides by a hair, so that no gap can show; they are made of opaque entries only.
-    void AppendTriangles(std::size_t index, std::vector<Vector2>& corners) const;
+    /// Appends corners, three for each triangle, of what shows of an entry. A polygon that
+    /// nothing hides comes as it is. Pieces of others reach over their outline and each other
+    /// by a hair, so that no gap can show; they are made of opaque entries only.
+    void AppendTriangles(std::size_t index, std::vector<Vector2>& corners);
 
 private:
     struct Box {
         float left, top, right, bottom;
     };
-    /// Whole numbers of cells, the last ones included.
-    struct CellRange {
-        int left, top, right, bottom;
-    };
-
-    void Cover(int index);
-    bool IsHidden(int x, int y, int index) const;
-    CellRange CellsOf(const Box& box) const;
-    Box BoxOf(const CellRange& cells) const;
-    void AppendPieces(int index, const Vector2* triangle, std::vector<Vector2>& corners) const;
+    static bool Meets(const Box& a, const Box& b);
+    std::vector<std::size_t> HidersOf(std::size_t index) const;
+    bool MayCut(std::size_t index, const std::vector<std::size_t>& hiders);
 
     std::span<const Entry> entries;
-    Vector2 origin;
-    float cellSize = 0.0f;
-    int columns = 0;
-    int rows = 0;
-    /// For each cell the last entry that covers all of it; -1 for none. Empty if the level is
-    /// too odd to be cut: then everything shows.
-    std::vector<int> lastCover;
+    std::vector<Box> boxes;  ///< of the entries; of negative width if it neither hides nor is cut
+    std::size_t crossingsLeft;  ///< that may still be looked at
 };

@@ -80,7 +80,7 @@ TEST(VisibleParts, ShowsTheSamePicture) {
     for (const LevelPolygon& polygon : polygons) {
         entries.push_back({&polygon, entries.size() % 4 != 2});
     }
-    const VisibleParts parts(entries);
+    VisibleParts parts(entries);
     std::vector<std::vector<Vector2>> cut(entries.size());
     std::vector<std::vector<Vector2>> full(entries.size());
     float cutArea = 0.0f;
@@ -125,21 +125,21 @@ TEST(VisibleParts, LeavesOutOnlyWhatOpaquePolygonsInFrontHide) {
         if (wallIsInFront) {
             std::swap(entries[0], entries[1]);
         }
-        const VisibleParts parts(entries);
+        VisibleParts parts(entries);
         std::vector<Vector2> corners;
         parts.AppendTriangles(wallIsInFront ? 1 : 0, corners);
         return Area(corners);
     };
-    EXPECT_LT(areaOfWall(true, false), 0.3e6f);
+    EXPECT_NEAR(areaOfWall(true, false), 0.2e6f, 1e3f);
     EXPECT_EQ(areaOfWall(false, false), 1e6f);
     EXPECT_EQ(areaOfWall(true, true), 1e6f);
 }
 
-TEST(VisibleParts, LeavesLevelsWholeThatAreTooFarToCut) {
+TEST(VisibleParts, LeavesPolygonsWholeThatReachTooFarToBeCut) {
     const LevelPolygon wall = Box(0.0f, 0.0f, 1000.0f, 1000.0f);
     const LevelPolygon far = Box(-1e30f, -1e30f, 1e30f, 1e30f);
     const std::vector<VisibleParts::Entry> entries{{&wall, true}, {&far, true}};
-    const VisibleParts parts(entries);
+    VisibleParts parts(entries);
     std::vector<Vector2> corners;
     parts.AppendTriangles(0, corners);
     EXPECT_EQ(corners.size(), 6u);
