@@ -333,11 +333,14 @@ class Stage(Map):
 
     # -- machines -----------------------------------------------------------------------------
 
-    def gate(self, area, travel, opener, speed=80, surface="metal", texture=COPPER, delay=0.0):
-        """A slab that slides by `travel` (x, y) once water comes into the opener's area."""
+    def gate(self, area, travel, opener, speed=80, surface="metal", texture=COPPER, delay=0.0,
+             edge=True):
+        """A slab that slides by `travel` (x, y) once water comes into the opener's area. One that
+        slides into masonry wants no worn edge, which would show there."""
         x, y, width, height = area
         id = self.new_id()
-        self.solid(box(x, y, x + width, y + height), surface, texture, id=id, name="gate")
+        self.solid(box(x, y, x + width, y + height), surface, texture, id=id, edge=edge,
+                   name="gate")
         middle = x + width // 2, y + height // 2
         self.mover(id, middle, (middle[0] + travel[0], middle[1] + travel[1]), speed, name="gate")
         self.trigger("Mover_goto_end_1", opener, target=id, delay=delay, name="gate opens")
