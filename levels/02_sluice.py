@@ -1,8 +1,10 @@
 """Draws levels/02_sluice.tmj: gates that the water opens itself. Run it in this folder.
 
-Three floors: a reservoir whose plate lifts the first gate, and a hammer that comes down on the
+Five floors: a reservoir whose plate lifts the first gate, and a hammer that comes down on the
 spillway; a lock whose floor sinks under the water; a long race between a plate in the far left
-and the gate in the right that it opens, but that closes again behind whoever dawdles.
+and the gate in the right that it opens, but that closes again behind whoever dawdles; a chain of
+three locks, each with a slower or a restless gate, and a barge that the water sends off; a goal
+under a hatch, which a plate behind the hill draws aside.
 """
 
 from kit import *
@@ -11,13 +13,23 @@ stage = Stage()
 
 
 def mountain():
-    stage.backdrop(WALL, -100, -100, 2100, 1500)
+    stage.backdrop(WALL, -100, -100, 2100, 2100)
     stage.shell([(40, 60), (300, 40), (700, 64), (1100, 44), (1500, 70), (1960, 50),
-                 (1930, 300), (1960, 500), (1960, 820), (1938, 1000), (1938, 1370), (1722, 1370),
-                 (1722, 1364), (1640, 1364), (1540, 1184), (1300, 1184), (1300, 1180),
-                 (1140, 1180), (1140, 1184), (800, 1184), (796, 1188), (564, 1188), (560, 1184),
-                 (300, 1184), (300, 1180), (40, 1180), (40, 960), (40, 920), (40, 460), (40, 400)])
-    stage.frame(-20, -10, 2010, 1440)
+                 (1930, 300), (1960, 500), (1960, 820), (1938, 1000), (1938, 1396), (1938, 1440),
+                 (1400, 1760), (1420, 1832), (1420, 1876), (1100, 1890), (790, 1960), (630, 1960),
+                 (300, 1890), (40, 1876), (40, 1806), (40, 1240), (40, 1180), (40, 960), (40, 920),
+                 (40, 460), (40, 400)])
+    stage.solid([(40, 1180), (300, 1180), (300, 1184), (560, 1184), (564, 1188), (796, 1188),
+                 (800, 1184), (1140, 1184), (1140, 1180), (1300, 1180), (1300, 1184),
+                 (1540, 1184), (1610, 1310), (1490, 1250), (1450, 1236), (1320, 1252),
+                 (1190, 1240), (1150, 1236), (1020, 1256), (870, 1240), (830, 1244), (660, 1262),
+                 (420, 1240), (220, 1258), (40, 1240)], "stone", ROCK, name="rock under the race")
+    stage.solid([(1938, 1440), (1700, 1474), (1440, 1470), (1440, 1516), (1140, 1510),
+                 (1140, 1556), (820, 1545), (820, 1600), (670, 1720), (230, 1720), (110, 1756),
+                 (300, 1764), (560, 1748), (780, 1764), (880, 1690), (980, 1646),
+                 (1180, 1636), (1360, 1654), (1400, 1760)],
+                "stone", ROCK, name="rock under the locks")
+    stage.frame(-20, -10, 2010, 1980)
 
 
 def reservoir():
@@ -27,11 +39,12 @@ def reservoir():
     stage.solid([(500, 64 - 12), (600, 58), (600, 230), (500, 230)], "stone", BRICK,
                 name="gate house")
     plate = stage.plate(44, 400, 76)
-    stage.gate((540, 230, 24, 100), (0, -96), plate, speed=50)
+    stage.gate((540, 230, 24, 100), (0, -96), plate, speed=50, edge=False)
     stage.arrow(150, 290, "left")
     stage.arrow(640, 270, "right")
     stage.pipe([(80, 460), (80, 250), (500, 250)])
     stage.gauge(80, 250)
+    stage.dries(566, 324, "splash", plate, (1, -0.4))
     stage.drip(330, 60)
     stage.lamp(300, 130)
 
@@ -75,7 +88,8 @@ def landing_hall():
 def lock():
     """The floor waits until there is water on it, then sinks with it to the lowest floor."""
     stage.solid(box(1122, 560, 1140, 920), "stone", name="lock wall, left")
-    stage.solid(box(1302, 820, 1320, 960), "stone", name="lock wall, right")
+    stage.solid(box(1122, 960, 1140, 1036), "stone", name="lock wall, left below")
+    stage.solid(box(1302, 820, 1320, 1036), "stone", name="lock wall, right")
     stage.gate((1140, 780, 160, 20), (0, 300), (1150, 700, 140, 78), speed=70, delay=1.5)
     stage.rail((1220, 790), (1220, 1090), 150)
     stage.pipe([(1340, 600), (1340, 700)], layer=0)
@@ -115,7 +129,8 @@ def race():
                 name="race, metal")
     stage.solid(box(1500, 828, 1534, 980), "stone", BRICK, name="gate house")
     gate, middle = stage.new_id(), (1517, 1030)
-    stage.solid(box(1506, 980, 1528, 1080), "metal", COPPER, id=gate, name="race gate")
+    stage.solid(box(1506, 980, 1528, 1080), "metal", COPPER, id=gate, edge=False,
+                name="race gate")
     stage.mover(gate, middle, (1517, 934), 15, name="race gate")
     stage.trigger("Mover_goto_end_a", stage.plate(60, 1120, 150), target=gate, name="opens")
     stage.trigger("Mover_goto_start_a", (900, 980, 40, 100), target=gate, name="closes")
@@ -133,16 +148,147 @@ def race():
 
 def cascade():
     stage.solid([(1540, 1080), (1590, 1100), (1590, 1160), (1640, 1180), (1640, 1240),
-                 (1722, 1270), (1722, 1364), (1640, 1364), (1540, 1184)], "stone", PAVING,
+                 (1722, 1270), (1722, 1304), (1610, 1310), (1540, 1184)], "stone", PAVING,
                 name="cascade")
-    stage.finish(1740, 1290, 180, 60)
     stage.thing(1900, 1100, "chain")
     stage.lantern(1600, 980)
     stage.arch(1640, 900, 150, 240)
-    stage.mist(1760, 1240)
+    stage.arch(1790, 1080, 130, 300)
+    stage.mist(1800, 1360)
+    stage.arrow(1830, 1250, "down")
 
 
-for part in (mountain, reservoir, spillway, landing_hall, lock, gear_room, race, cascade):
+def gate_house(x, bottom):
+    """Hangs from the rock above, over the gate at x."""
+    left, right = {1460: (1236, 1250), 1160: (1236, 1240), 840: (1244, 1240)}[x]
+    stage.solid([(x - 10, left), (x + 30, right), (x + 30, bottom), (x - 10, bottom)], "stone",
+                BRICK, name="gate house")
+
+
+def winched(x, top, bottom, plate, delay, speed):
+    """A gate that a winch lifts in its own time; until then water squirts through its foot."""
+    gate_house(x, top)
+    travel = bottom - top - 6
+    stage.gate((x, top, 20, bottom - top), (0, -travel), plate, speed=speed, delay=delay,
+               edge=False)
+    stage.winch(x + 60, top + 44, plate, delay, travel / speed)
+    stage.dries(x - 2, bottom - 6, "splash", plate, (-1, -0.6), delay=delay)
+
+
+def locks():
+    """Three chambers, one below the other. The first gate opens for whoever waits; the second
+    plate lies behind, under the ledge; the third gate beats up and down."""
+    stage.solid([(1938, 1396), (1700, 1430), (1366, 1430), (1366, 1440), (1440, 1440),
+                 (1440, 1470), (1700, 1474), (1938, 1440)], "stone", name="first lock")
+    stage.solid([(1440, 1470), (1140, 1470), (1140, 1510), (1440, 1516)], "wood",
+                name="second lock")
+    stage.solid([(1140, 1510), (820, 1510), (820, 1545), (1140, 1556)], "metal",
+                name="third lock")
+    stage.check_point(1740, 1300, 150, 116)
+    winched(1460, 1334, 1430, stage.plate(1500, 1430, 90), 0.8, 28)
+    winched(1160, 1374, 1470, stage.plate(1380, 1470, 60), 0.4, 18)
+    gate_house(840, 1414)
+    gate = stage.new_id()
+    stage.solid(box(840, 1414, 860, 1510), "metal", COPPER, id=gate, edge=False,
+                name="third gate")
+    stage.hazard(840, 1500, 860, 1510, id=gate)
+    stage.mover(gate, (850, 1460), (850, 1366), 45, name="third gate")
+    stage.trigger("Mover_goto_end_loop_1", stage.plate(950, 1510, 90), target=gate, delay=0.5,
+                  name="begins to beat")
+    stage.hum(850, 1460, 360, "machine")
+    for x, y in ((1580, 1330), (1330, 1330), (890, 1330)):
+        stage.lamp(x, y)
+    for x, y in ((1400, 1330), (1090, 1370)):
+        stage.thing(x, y, "window", layer=0)
+    stage.arch(1270, 1290, 120, 180)
+    stage.arch(900, 1310, 120, 200)
+    stage.gear(1270, 1330)
+    stage.gear(960, 1390, big=True)
+    stage.pipe([(1648, 1330), (1648, 1420)])
+    stage.gauge(1648, 1330)
+    stage.valve(1080, 1290)
+    stage.arrow(1700, 1360, "left")
+    stage.arrow(1330, 1420, "right")
+    stage.arrow(1096, 1460, "left")
+    stage.drip(1020, 1256)
+    stage.moss([(1190, 1240), (1320, 1252), (1450, 1236)])
+    stage.moss([(870, 1240), (1020, 1256), (1150, 1236)])
+    stage.mist(1240, 1450)
+
+
+def ferry():
+    """A barge that the water sends off over the pit; it comes back for whoever calls it, and so
+    waits until all are on board."""
+    stage.solid([(820, 1545), (806, 1557), (714, 1557), (684, 1545), (670, 1545), (670, 1720),
+                 (820, 1600)], "wood", name="jetty")
+    stage.solid([(230, 1548), (110, 1562), (110, 1756), (230, 1720)], "stone", BRICK,
+                name="far jetty")
+    stage.check_point(712, 1450, 96, 106)
+    stage.lost(230, 670, 1660, 60, [(670, 1548, 684, 1620), (216, 1552, 230, 1620)])
+    x, y, id = 540, 1545, stage.new_id()
+    stage.solid([(x, y - 10), (x + 8, y - 10), (x + 32, y + 14), (x + 108, y + 14), (x + 122, y),
+                 (x + 130, y), (x + 106, y + 30), (x + 24, y + 30)], "metal", COPPER, id=id,
+                name="barge")
+    stage.rail((x + 65, y + 14), (x - 245, y + 14))
+    stage.mover(id, (x, y), (x - 310, y), 45, name="barge")
+    stage.trigger("Mover_goto_end_a", (x + 90, y - 30, 30, 44), target=id, name="sends off")
+    stage.plate(716, 1557, 88)
+    stage.trigger("Mover_goto_start_a", (676, 1518, 130, 39), target=id, name="calls")
+    stage.hum(450, 1560, 420, "machine")
+    for at in (250, 560):
+        stage.post(at, 1268, 1660)
+        stage.brace(at + 22, 1350, 60, 18)
+        stage.brace(at, 1350, -60, 18)
+    stage.beam(60, 812, 1330)
+    stage.gear(420, 1410, big=True)
+    stage.gear(530, 1350)
+    stage.thing(330, 1400, "chain")
+    stage.arch(620, 1400, 130, 240)
+    stage.arch(90, 1390, 130, 220)
+    stage.thing(700, 1420, "window", layer=0)
+    stage.pipe([(176, 1260), (176, 1460), (80, 1460)])
+    stage.wheel(176, 1400)
+    for at in (640, 200):
+        stage.lamp(at, 1490)
+    stage.arrow(790, 1480, "left")
+    stage.arrow(76, 1600, "down")
+    stage.drip(420, 1240)
+    stage.moss([(220, 1258), (420, 1240), (660, 1262)])
+
+
+def goal():
+    """The hatch over the goal is passed, the plate behind the hill is pressed, and then back."""
+    stage.solid([(40, 1806), (160, 1826), (400, 1838), (600, 1840), (636, 1862), (630, 1900),
+                 (630, 1960), (300, 1890), (40, 1876)], "stone", PAVING, name="floor, left")
+    stage.solid([(1420, 1832), (1290, 1832), (1190, 1802), (1080, 1806), (960, 1824),
+                 (820, 1840), (784, 1862), (790, 1900), (790, 1960), (1100, 1890),
+                 (1420, 1876)], "stone", PAVING, name="floor, right")
+    stage.solid([(630, 1900), (660, 1938), (760, 1938), (790, 1900), (790, 1960), (630, 1960)],
+                "metal", BRASS, name="finish basin")
+    stage.finish(630, 1890, 160, 50, basin=False)
+    hatch, plate = stage.new_id(), stage.plate(1310, 1832, 96)
+    stage.solid(box(626, 1862, 794, 1876), "metal", COPPER, id=hatch, name="hatch")
+    stage.mover(hatch, (710, 1869), (870, 1869), 30, name="hatch")
+    stage.trigger("Mover_goto_end_1", plate, target=hatch, delay=0.5, name="hatch opens")
+    stage.winch(1240, 1768, plate, 0.5, 5.4, "gears", 900)
+    stage.spout(1368, 1738, plate, (0, 1), settings="splash")
+    stage.pipe([(1040, 1650), (1040, 1720), (1360, 1720)])
+    stage.gauge(1168, 1712)
+    stage.gear(960, 1750)
+    stage.thing(1270, 1700, "window", layer=0)
+    stage.arch(1080, 1690, 110, 110)
+    stage.moss([(980, 1646), (1180, 1636), (1360, 1654)])
+    stage.check_point(150, 1740, 120, 84)
+    stage.thing(880, 1806, "barrel")
+    for x, y in ((420, 1796), (900, 1750), (1350, 1770)):
+        stage.lamp(x, y)
+    stage.arrow(520, 1790, "right")
+    stage.arrow(1130, 1766, "right")
+    stage.mist(300, 1800)
+
+
+for part in (mountain, reservoir, spillway, landing_hall, lock, gear_room, race, cascade, locks,
+             ferry, goal):
     part()
-stage.start(320, 220, camera=(1800, 1240))
+stage.start(320, 220, camera=(710, 1800))
 stage.save("02_sluice.tmj")
