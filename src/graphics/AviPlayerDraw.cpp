@@ -77,7 +77,7 @@ void AviPlayer::Draw() const {
     const auto h = static_cast<float>(video->Height());
     const float u = w / static_cast<float>(textureWidth);
     const float v = h / static_cast<float>(textureHeight);
-    const float bottom = static_cast<float>(GLWindow::ClientHeight());
+    const auto bottom = static_cast<float>(GLWindow::ClientHeight());
     const float half = (w / h) * bottom / 2.0f;
     const float centre = static_cast<float>(GLWindow::ClientWidth()) / 2.0f;
     glColor4f(1.0f, 1.0f, 1.0f, 1.0f);

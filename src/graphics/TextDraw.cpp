@@ -24,8 +24,9 @@ std::vector<Corner>& Corners() {
 
 void AppendCell(std::vector<Corner>& corners, unsigned char code, float x, float y, float size) {
     constexpr float cell = 1.0f / 16.0f;
+    const int row = code / 16;
     const float s = static_cast<float>(code % 16) * cell;
-    const float t = static_cast<float>(code / 16) * cell;
+    const float t = static_cast<float>(row) * cell;
     corners.push_back({s, t, x, y});
     corners.push_back({s + cell, t, x + size, y});
     corners.push_back({s + cell, t + cell, x + size, y + size});

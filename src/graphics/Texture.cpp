@@ -12,7 +12,7 @@ Texture::Texture() : name("No_Texture_Specified") {
     UpperCase(name);
 }
 
-Texture::Texture(const std::string& newName, const char* resourceName) : name(newName) {
+Texture::Texture(std::string newName, const char* resourceName) : name(std::move(newName)) {
     Acquire(resourceName);
 }
 

@@ -13,7 +13,7 @@ public:
     /// The texture that says that none was named.
     Texture();
     /// `resourceName` is the embedded image to fall back on; null or empty for none.
-    Texture(const std::string& name, const char* resourceName);
+    Texture(std::string name, const char* resourceName);
     Texture(const Texture& other);
     Texture& operator=(const Texture& other);
     ~Texture();

@@ -90,6 +90,10 @@ std::string Conflict(const Options& options, bool hasFrames, bool hasFrameMs, bo
                : "";
 }
 
+std::string BadValue(const std::string& option, const std::string& value) {
+    return "bad value '" + value + "' for " + option;
+}
+
 }  // namespace
 
 std::optional<Options> ParseOptions(const std::vector<std::string>& arguments,
@@ -139,7 +143,7 @@ std::optional<Options> ParseOptions(const std::vector<std::string>& arguments,
             return std::nullopt;
         }
         if (!good) {
-            error.message = "bad value '" + value + "' for " + name;
+            error.message = BadValue(name, value);
             return std::nullopt;
         }
     }
