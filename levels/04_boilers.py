@@ -95,11 +95,11 @@ def boilers():
                               (BOILER_4, BOILER_4_BACK, "fourth boiler")):
         stage.solid(inner + back[::-1], "metal", COPPER, name=name)
     stage.solid(KETTLE + KETTLE_BACK[::-1], "metal", COPPER, name="kettle")
-    stage.furnace(700, 1330, (510, 1180, 380, 206))
+    fire(700, 1330, (510, 1180, 380, 206))
     stage.furnace(540, 960, (410, 880, 240, 124))
     stage.furnace(1140, 800, (1010, 720, 240, 124))
     stage.furnace(1610, 512, (1520, 440, 180, 118))
-    stage.furnace(1720, 1246, (1650, 1090, 140, 200))
+    fire(1720, 1246, (1650, 1090, 140, 200))
 
 
 def hall():
@@ -232,7 +232,7 @@ def coil(left, right, top, rows):
 
 def flue():
     """The open chimney in the roof of the hall; steam that gets in is gone."""
-    stage.scenery(1, box(1424, 120, 1484, 332), SHADE, name="flue")
+    stage.scenery(1, box(1424, 120, 1484, 332), DARK, name="flue")
     stage.object(1454, 170, "img\\dangerGlow.png", layer=1, name="flue")
     stage.playing(1454, 150, "fan")
     stage.scenery(3, box(1424, 224, 1484, 236), GRATE, name="flue")
@@ -244,25 +244,24 @@ def flue():
 
 
 def far_walls():
-    """Layer 0: what is seen through the hollow."""
-    for hole in ((70, 270, 410, 580), (320, 560, 420, 960), (330, 810, 680, 1010),
-                 (550, 440, 630, 820), (560, 420, 1010, 700), (950, 600, 1260, 850),
-                 (1085, 315, 1190, 650), (1170, 260, 1710, 565), (1420, 110, 1490, 340),
-                 (1630, 50, 2040, 300), (1790, 230, 2040, 1260), (1410, 790, 1810, 1110), (470, 1030, 2040, 1400),
-                 (60, 620, 310, 1300), (290, 1040, 500, 1310)):
-        stage.backdrop(BRICKWALL, *hole)
-    for x, y in ((130, 310), (690, 440), (1240, 330), (1740, 90), (1870, 110), (560, 1110),
-                 (740, 1140), (1220, 1110)):
+    """Layer 0: what is seen through the hollow, cut to its outline, so that little of it is
+    drawn under the rock."""
+    floor = CELLAR_FLOOR[:3] + BOILER_4 + CELLAR_FLOOR[3 + len(BOILER_4_BACK):]
+    over = START_ROOM_ROOF[:-1] + BLOCK_1 + CONDENSER_1_ROOF[1:-1] + BLOCK_2 + HALL_ROOF[1:-1]
+    under = (SHAFT_LEFT + BOILER_1[1:] + WALL_1[1:] + BOILER_2[1:] + WALL_2[1:] + BOILER_3[1:] +
+             WALL_3[1:] + TWO_MOUTHS + CELLAR_ROOF + LADDER_RIGHT[1:] + TANK_ROOF[1:])
+    stage.scenery(0, over + BLOCK_3 + TOWER_ROOF[1:] + floor + KETTLE[1:] + LADDER_FLOOR +
+                  under[::-1], BRICKWALL, name="far wall")
+    for x, y in ((130, 310), (690, 440), (1240, 330), (1870, 110), (740, 1140), (1220, 1110)):
         stage.arch(x, y, 110, 150)
     for x, y in ((185, 390), (1925, 190), (795, 1220)):
         stage.thing(x, y, "window", layer=0)
     for x, y, depth in ((330, 570, 290), (560, 540, 270), (1120, 430, 200), (1640, 130, 140)):
-        stage.scenery(0, box(x, y, x + 70, y + depth), SHADE, name="shaft")
+        stage.scenery(0, box(x, y, x + 70, y + depth), DARK, name="shaft")
 
 
 def pipes():
     stage.pipe([(112, 300), (112, 470)])
-    stage.pipe([(1990, 120), (1990, 1180)])
     stage.pipe([(1872, 240), (1872, 1060)])
     stage.pipe([(1260, 330), (1260, 440)])
     stage.pipe([(590, 1130), (590, 1200), (840, 1200), (840, 1100)])
@@ -279,7 +278,6 @@ def pipes():
     stage.object(1360, 340, "img\\coldGlow.png", layer=1, name="cold")
     stage.drip(1366, 320)
     stage.pipe([(880, 1080), (944, 1080)])
-    stage.object(912, 1090, "img\\coldGlow.png", layer=1, name="cold")
 
 
 def machines():
@@ -289,7 +287,7 @@ def machines():
         stage.playing(x, y, "valve", layer=3)
     stage.gauge(1260, 372)
     stage.gauge(590, 1150)
-    stage.wheel(1990, 640)
+    stage.wheel(1872, 640)
     stage.gear(1140, 1176)
     stage.playing(1872, 340, "valve")
 
