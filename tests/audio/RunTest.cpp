@@ -2,9 +2,11 @@
 
 #include "RenderedAudio.h"
 #include "audio/MusicPlayer.h"
-#include "audio/WaterSounds.h"
 #include "game/Game.h"
 #include "game/GameState.h"
+#include "game/LevelProgress.h"
+#include "game/RunFile.h"
+#include "game/RunRecorder.h"
 #include "graphics/GLWindow.h"
 #include "menus/MenuManager.h"
 #include "platform/Clock.h"
@@ -75,7 +77,24 @@ TEST_F(RunTest, SoundsWithTheWaterAndRestsWithTheGame) {
     SetPaused(false);
     Play(0.2);
     EXPECT_GT(Loudness(Play(0.5)), 1e-4);
-    WaterSounds::Rest();
-    Render(2.0);
-    EXPECT_LT(LoudnessOf(0.5), 1e-6) << "the end of a level silences what no step will";
+}
+
+TEST_F(RunTest, FallsSilentWhenTheLevelIsFinished) {
+    std::string reason;
+    const auto run = ReadRun(VANTREL_SOURCE_DIR "/levels/testLevel.run", reason);
+    ASSERT_TRUE(run) << reason;
+    RunRecorder::Replay(*run);
+    Game::Initialise(run->level);
+    MenuManager::Show(MenuManager::None);
+    while (Game::StepReplay()) {
+    }
+    ASSERT_TRUE(LevelProgress::IsFinishing());
+    EXPECT_GT(Loudness(Play(0.5)), 1e-4);
+    for (int i = 0; i < 30 && MenuManager::Current() != MenuManager::LevelFinished; ++i) {
+        Play(1.0);
+    }
+    ASSERT_EQ(MenuManager::Current(), MenuManager::LevelFinished);
+    MenuManager::Show(MenuManager::None);  // and with it the menu's own loop
+    Render(4.0);                           // Splashes under way ring out.
+    EXPECT_LT(LoudnessOf(0.5), 1e-6);
 }
