@@ -13,12 +13,14 @@ stage = Stage()
 
 
 def mountain():
-    stage.backdrop(WALL, -100, -100, 2100, 2100)
+    for area in ((30, 30, 1970, 1480), (30, 1480, 1160, 1560), (30, 1560, 830, 1960),
+                 (830, 1630, 1430, 1900)):
+        stage.backdrop(WALL, *area)
     stage.shell([(40, 60), (300, 40), (700, 64), (1100, 44), (1500, 70), (1960, 50),
                  (1930, 300), (1960, 500), (1960, 820), (1938, 1000), (1938, 1396), (1938, 1440),
                  (1400, 1760), (1420, 1832), (1420, 1876), (1100, 1890), (790, 1960), (630, 1960),
                  (300, 1890), (40, 1876), (40, 1806), (40, 1240), (40, 1180), (40, 960), (40, 920),
-                 (40, 460), (40, 400)])
+                 (40, 460), (40, 400)], margin=120)
     stage.solid([(40, 1180), (300, 1180), (300, 1184), (560, 1184), (564, 1188), (796, 1188),
                  (800, 1184), (1140, 1184), (1140, 1180), (1300, 1180), (1300, 1184),
                  (1540, 1184), (1610, 1310), (1490, 1250), (1450, 1236), (1320, 1252),
@@ -44,7 +46,8 @@ def reservoir():
     stage.arrow(640, 270, "right")
     stage.pipe([(80, 460), (80, 250), (500, 250)])
     stage.gauge(80, 250)
-    stage.dries(566, 324, "splash", plate, (1, -0.4))
+    for settings in ("splash", "jet"):
+        stage.dries(566, 324, settings, plate, (1, -0.4))
     stage.drip(330, 60)
     stage.lamp(300, 130)
 
@@ -172,7 +175,8 @@ def winched(x, top, bottom, plate, delay, speed):
     stage.gate((x, top, 20, bottom - top), (0, -travel), plate, speed=speed, delay=delay,
                edge=False)
     stage.winch(x + 60, top + 44, plate, delay, travel / speed)
-    stage.dries(x - 2, bottom - 6, "splash", plate, (-1, -0.6), delay=delay)
+    for settings in ("splash", "jet"):
+        stage.dries(x - 2, bottom - 6, settings, plate, (-1, -0.6), delay=delay)
 
 
 def locks():
