@@ -1,6 +1,7 @@
 // vantrel-solve: searches for a run that wins a level, or for places where water is stuck.
 
 #include <cstdio>
+#include <filesystem>
 #include <string>
 #include <utility>
 #include <vector>
@@ -40,6 +41,14 @@ int Solve(const Options& options) {
     return result.wins ? 0 : noWin;
 }
 
+/// The path itself for the first, then "stuck-2.run" and so on.
+std::string Numbered(const std::string& path, std::size_t number) {
+    const std::filesystem::path whole(path);
+    const std::string name = whole.stem().string() + "-" + std::to_string(number);
+    return number == 1 ? path
+                       : (whole.parent_path() / (name + whole.extension().string())).string();
+}
+
 int Hunt(const Options& options) {
     Run run;
     if (!options.along.empty()) {
@@ -55,8 +64,11 @@ int Hunt(const Options& options) {
         return Fail(result.failure, 1);
     }
     std::fputs(Text(result.report).c_str(), stdout);
-    if (!options.output.empty() && !WriteRun(options.output, result.run)) {
-        return Fail("cannot write '" + options.output + "'", 1);
+    for (std::size_t i = 0; i < result.runs.size() && !options.output.empty(); ++i) {
+        const std::string path = Numbered(options.output, i + 1);
+        if (!WriteRun(path, result.runs[i])) {
+            return Fail("cannot write '" + path + "'", 1);
+        }
     }
     return result.report.found.empty() ? 0 : someStuck;
 }

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "Machines.h"
 #include "Switches.h"
 #include "actors/Camera.h"
 #include "actors/MoverManager.h"
@@ -127,18 +128,6 @@ std::uint64_t MoverPlaces(Vector2 centre) {
     return hash;
 }
 
-/// Where movers are that don't go to and fro, and whether they go: what may be so for good.
-std::uint64_t StandingMovers() {
-    std::uint64_t hash = 14695981039346656037u;
-    for (const Mover& mover : MoverManager::movers) {
-        const bool loops = mover.state >= Mover::LoopingToStart;
-        const float share = loops || mover.length <= 0.0f ? 0.0f : mover.distance / mover.length;
-        Mix(hash, static_cast<std::uint64_t>(share * 2.99f) * 4 +
-                      static_cast<std::uint64_t>(loops ? 3 : mover.state));
-    }
-    return hash;
-}
-
 void ReadWorld(Outcome& outcome) {
     ReadWater(outcome);
     outcome.finished = LevelProgress::IsFinished();
@@ -147,7 +136,7 @@ void ReadWorld(Outcome& outcome) {
     outcome.switches = Switches::State();
     ReadFiredOnce(outcome);
     outcome.movers = MoverPlaces(outcome.centre);
-    outcome.standing = StandingMovers();
+    outcome.machines = Machines::State(outcome.centre);
 }
 
 /// Watches whether the water is at rest: its middle, its spread and the tilt stay for a while.

@@ -46,7 +46,7 @@ struct Outcome {
     std::uint64_t switches = 0;  ///< Switches::State
     std::uint64_t fired = 0;     ///< a hash of which one-time triggers have fired
     std::uint64_t movers = 0;    ///< a hash of where movers stand, in rough steps
-    std::uint64_t standing = 0;  ///< the same without those that go to and fro
+    std::uint64_t machines = 0;  ///< Machines::State
     Vector2 centre;              ///< of what is alive
     std::uint32_t placeCount = 0;
     std::array<Vector2, mostPlaces> places;  ///< of the water that is alive

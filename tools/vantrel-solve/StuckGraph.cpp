@@ -3,6 +3,7 @@
 #include "StuckGraph.h"
 
 #include <algorithm>
+#include <unordered_set>
 #include <utility>
 
 namespace {
@@ -10,11 +11,14 @@ namespace {
 /// A place of stuck water has many situations, which are tried so often each; of a stage of a
 /// move it is enough to see where it leads.
 constexpr std::uint32_t wantedSettled = 12;
-constexpr std::uint32_t wantedMoving = 3;
+constexpr std::uint32_t wantedMoving = 2;
+/// A pocket is less wide than this, world units.
+constexpr float wellAway = 250.0f;
 
 }  // namespace
 
-StuckGraph::Index StuckGraph::Take(Index from, Copies::Number copy, const StuckPlace& at, Way way) {
+StuckGraph::Index StuckGraph::Take(Index from, Copies::Number copy, const StuckPlace& at, Way way,
+                                   bool wantsLater) {
     const auto fresh = static_cast<Index>(nodes.size());
     const auto [there, isNew] = byKind.try_emplace(at.kind, fresh);
     const Index index = there->second;
@@ -23,10 +27,17 @@ StuckGraph::Index StuckGraph::Take(Index from, Copies::Number copy, const StuckP
     }
     Node& node = nodes[index];
     ++node.visits;
-    if (isNew || (node.copy == Copies::none && !node.good)) {
+    if (isNew) {
         node.at = at;
+        node.way = way;
+    }
+    if (node.copy != Copies::none && !node.good && at.settled && wantsLater) {
+        copies.Drop(node.copy);
+        node.copy = Copies::none;
+    }
+    if (isNew || (node.copy == Copies::none && !node.good)) {
         node.copy = copy;
-        node.way = std::move(way);
+        node.copyWay = std::move(way);
     } else {
         copies.Drop(copy);
     }
@@ -60,6 +71,31 @@ void StuckGraph::MarkGood(Index which) {
         if (!node.good) {
             node.good = true;
             waiting.insert(waiting.end(), node.before.begin(), node.before.end());
+        }
+    }
+}
+
+bool StuckGraph::Leaves(Index from) const {
+    std::vector<Index> reached{from};
+    std::unordered_set<Index> known{from};
+    for (std::size_t i = 0; i < reached.size(); ++i) {
+        const Node& node = nodes[reached[i]];
+        if (node.at.settled && Distance(node.at.place, nodes[from].at.place) > wellAway) {
+            return true;
+        }
+        for (const Index next : node.after) {
+            if (known.insert(next).second) {
+                reached.push_back(next);
+            }
+        }
+    }
+    return false;
+}
+
+void StuckGraph::NoteLeaving() {
+    for (Index i = 0; i < nodes.size(); ++i) {
+        if (!nodes[i].good && !nodes[i].leaves && nodes[i].at.settled) {
+            nodes[i].leaves = Leaves(i);
         }
     }
 }

@@ -21,8 +21,10 @@ public:
 
         StuckPlace at;
         Copies::Number copy = Copies::none;
-        Way way;
+        Way way;                   ///< to `at`, when it was first seen
+        Way copyWay;               ///< to the copy, which may have come later
         bool good = false;         ///< moves lead from here to a good end
+        bool leaves = false;       ///< moves lead from here to rest well away from here
         std::uint32_t tries = 0;   ///< moves that began here
         std::uint32_t hard = 0;    ///< of these, moves of the second part of the hunt
         std::uint32_t wanted = 0;  ///< hard moves in vain after which it is judged
@@ -34,11 +36,14 @@ public:
     explicit StuckGraph(Copies& where) : copies(where) {}
 
     /// A move led from `from` (none: the start) to the copy's situation, in all on this way. The
-    /// copy is kept if the situation is new, else dropped. The situation, or none if that is on
-    /// the move and only looks like another one.
-    Index Take(Index from, Copies::Number copy, const StuckPlace& at, Way way);
+    /// copy is kept if the situation is new, or, if it is in doubt, by `wantsLater`, which meets
+    /// what goes to and fro at other moments; else it is dropped. The situation, or none if that
+    /// is on the move and only looks like another one.
+    Index Take(Index from, Copies::Number copy, const StuckPlace& at, Way way, bool wantsLater);
     /// Moves lead from here to a good end, and so they do from wherever it is reached.
     void MarkGood(Index which);
+    /// Brings `leaves` up to date.
+    void NoteLeaving();
     /// Drops copies until there is room for so many more: of good situations first, those that
     /// were tried most.
     void MakeRoom(std::size_t wanted);
@@ -47,6 +52,7 @@ public:
 
 private:
     void Link(Index from, Index to);
+    bool Leaves(Index from) const;
 
     Copies& copies;
     std::unordered_map<std::uint64_t, Index> byKind;

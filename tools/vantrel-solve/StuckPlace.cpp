@@ -18,16 +18,11 @@ constexpr float movingSquare = 40.0f;
 constexpr float aheadSquare = 128.0f;
 constexpr float regionSquare = 160.0f;
 /// On two sides of a thin wall the ways to the finish differ by more than this.
-constexpr float perDistance = 150.0f;
+constexpr float perDistance = 200.0f;
 /// Drops this near to the last one that is wanted are with it.
 constexpr float together = 80.0f;
 /// Water that falls out of the level falls on without end; so far out all places are one.
 constexpr float margin = 300.0f;
-
-/// Few drops flow otherwise than many.
-std::uint64_t Amount(std::uint32_t alive) {
-    return (alive >= 16 ? 1u : 0u) + (alive >= 64 ? 1u : 0u);
-}
 
 }  // namespace
 
@@ -82,14 +77,13 @@ StuckPlace StuckPlaces::Read(const Outcome& outcome) const {
     }
     Kind::Mix(found.region, Kind::Square(found.place, regionSquare));
     Kind::Mix(found.region, static_cast<std::uint64_t>(found.matter));
-    Kind::Mix(found.region, outcome.fired);
     Kind::Mix(found.region, map.Gates(outcome.switches));
     found.kind = found.region;
     Kind::Mix(found.kind, found.settled ? 1 : 0);
     Kind::Mix(found.kind, Kind::Square(found.place, found.settled ? settledSquare : movingSquare));
-    Kind::Mix(found.kind, Kind::Square(ahead, aheadSquare));
+    const bool isSplit = Distance(found.place, ahead) > together;
+    Kind::Mix(found.kind, isSplit ? Kind::Square(ahead, aheadSquare) : 0);
     Kind::Mix(found.kind, static_cast<std::uint64_t>(found.distance / perDistance));
-    Kind::Mix(found.kind, outcome.standing);
-    Kind::Mix(found.kind, Amount(outcome.alive));
+    Kind::Mix(found.kind, outcome.machines);
     return found;
 }

@@ -134,9 +134,11 @@ std::vector<StuckFinding> FindStuck(const StuckGraph& graph) {
 
 void ReadGraph(const StuckGraph& graph, StuckReport& report) {
     report.situations = graph.nodes.size();
-    report.unjudged = static_cast<std::size_t>(std::count_if(
-        graph.nodes.begin(), graph.nodes.end(),
-        [](const Node& node) { return !node.good && node.at.settled && !node.IsJudged(); }));
+    for (const Node& node : graph.nodes) {
+        const bool isOpen = !node.good && node.at.settled && !node.IsJudged();
+        report.unjudged += isOpen && !node.leaves ? 1 : 0;
+        report.unfinished += isOpen && node.leaves ? 1 : 0;
+    }
     report.found = FindStuck(graph);
     for (const StuckFinding& finding : report.found) {
         report.lines.push_back(Line(finding, graph.nodes[finding.nodes.front()].at));
@@ -159,6 +161,12 @@ std::string Text(const StuckReport& report) {
     if (report.unjudged != 0) {
         std::snprintf(end, sizeof(end), "%zu situations lead nowhere yet; give it more time\n",
                       report.unjudged);
+        text += end;
+    }
+    if (report.unfinished != 0) {
+        std::snprintf(end, sizeof(end),
+                      "%zu situations lead elsewhere, but not to the finish yet\n",
+                      report.unfinished);
         text += end;
     }
     std::snprintf(

@@ -16,7 +16,10 @@ struct StuckReport {
     std::vector<StuckFinding> found;  ///< most moves in vain first
     std::vector<std::string> lines;   ///< one for each
     std::size_t situations = 0;
-    std::size_t unjudged = 0;  ///< situations that lead nowhere yet and were tried too little
+    /// Situations that lead nowhere yet and were tried too little.
+    std::size_t unjudged = 0;
+    /// Those that lead well away, but not to the finish yet.
+    std::size_t unfinished = 0;
     std::uint64_t moves = 0;
     bool finishReached = false;
     Vector2 nearest;  ///< if it wasn't: the place nearest to it, which was taken for it

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstdio>
 #include <unordered_map>
 
 #include "Dice.h"
@@ -21,7 +20,7 @@ using Index = StuckGraph::Index;
 using Node = StuckGraph::Node;
 
 /// Of the time, for exploring.
-constexpr double shareOfExploring = 0.5;
+constexpr double shareOfExploring = 0.4;
 /// After so many moves without a new place of rest, and two more for each situation, there is
 /// nothing left to explore.
 constexpr std::uint64_t movesWithoutNews = 120;
@@ -29,7 +28,7 @@ constexpr std::uint64_t movesWithoutNews = 120;
 constexpr std::uint32_t wantedForPlace = 120;
 /// More moves at a time for each of its situations.
 constexpr std::uint32_t wantedMore = 8;
-/// Of the picks while exploring: towards the finish until it is reached, then in doubt.
+/// Of the picks: towards the finish, among those that nothing leads there from.
 constexpr double shareTowards = 0.4;
 /// What a try costs a situation in the race to the finish, world units.
 constexpr float perTry = 8.0f;
@@ -41,6 +40,12 @@ constexpr std::array<float, 12> angles{-66, -66, -45, -30, -16, -7, 0, 7, 16, 30
 constexpr std::array<std::uint32_t, 6> lengths{16, 30, 45, 45, 75, 125};
 /// Long enough for a lift to come and go.
 constexpr std::array<std::uint32_t, 3> waits{375, 500, 750};
+
+/// What a move goes on from.
+struct Origin {
+    Index node = StuckGraph::none;
+    Way way;
+};
 
 class Hunter {
 public:
@@ -67,19 +72,20 @@ private:
     bool WantMore();
     void TakeNearestForFinish();
     Index PickTowards();
-    Index PickRare(bool inDoubt);
+    Index PickRare();
     Index PickToExplore();
     Index PickToJudge() const;
     Move ChooseMove();
     Move ChooseHardMove(const Node& from);
-    void PlayRound(const StuckPlaces& places, const std::vector<Index>& from,
-                   std::vector<Rounds::Planned>& moves);
+    void Plan(Index from, const Move& move);
+    void PlayRound(const StuckPlaces& places);
     bool HasTime(double share) const {
         return !Rounds::IsInterrupted() && line.Seconds() < settings.seconds * share;
     }
-    void ShowProgress(const char* doing, const char* counted, std::size_t count);
+    void ShowProgress(const std::string& text);
 
     const SearchSettings& settings;
+    const ::Run start = RunRecorder::Current();
     StuckResult& result;
     Copies copies;
     Dice dice;
@@ -87,6 +93,8 @@ private:
     StuckGraph graph;
     Copies::Number first = Copies::none;
     std::unordered_map<std::uint64_t, std::uint32_t> triesInRegion;
+    std::vector<Origin> origins;  ///< of the round's moves
+    std::vector<Rounds::Planned> moves;
     std::uint64_t lastNews = 0;  ///< how many moves had been played then
 };
 
@@ -97,7 +105,8 @@ Index Hunter::PickTowards() {
         const Node& node = graph.nodes[i];
         const float blur = static_cast<float>(-std::log(1.0 - dice.Unit())) * 25.0f;
         const float standing = node.at.distance + perTry * static_cast<float>(node.tries) + blur;
-        if (node.copy != Copies::none && (best == StuckGraph::none || standing < least)) {
+        const bool inDoubt = node.copy != Copies::none && !node.good;
+        if (inDoubt && (best == StuckGraph::none || standing < least)) {
             best = i;
             least = standing;
         }
@@ -105,13 +114,13 @@ Index Hunter::PickTowards() {
     return best;
 }
 
-/// By chance, in inverse proportion to the tries; none if there is none in doubt.
-Index Hunter::PickRare(bool inDoubt) {
+/// By chance, in inverse proportion to the tries.
+Index Hunter::PickRare() {
     Index best = StuckGraph::none;
     double least = 0.0;
     for (Index i = 0; i < graph.nodes.size(); ++i) {
         const Node& node = graph.nodes[i];
-        if (node.copy == Copies::none || (inDoubt && node.good)) {
+        if (node.copy == Copies::none) {
             continue;
         }
         // The smallest of these is drawn in proportion to its weight.
@@ -126,24 +135,21 @@ Index Hunter::PickRare(bool inDoubt) {
 }
 
 Index Hunter::PickToExplore() {
-    const bool special = dice.Unit() < shareTowards;
-    Index pick = StuckGraph::none;
-    if (special) {
-        pick = result.report.finishReached ? PickRare(true) : PickTowards();
-    }
-    return pick != StuckGraph::none ? pick : PickRare(false);
+    const Index pick = dice.Unit() < shareTowards ? PickTowards() : StuckGraph::none;
+    return pick != StuckGraph::none ? pick : PickRare();
 }
 
 /// The one of those that lead nowhere that was tried least, for its kind; none when all were
-/// tried enough.
+/// tried enough. Places that nothing leaves come first: there a pocket may be.
 Index Hunter::PickToJudge() const {
-    // A stage of a move needs fewer tries than settled water.
-    const auto done = [](const Node& node) { return node.hard * (node.at.settled ? 1u : 5u); };
+    const auto order = [](const Node& node) {
+        return (node.leaves ? 1000000u : 0u) + node.hard * (node.at.settled ? 1u : 5u);
+    };
     Index best = StuckGraph::none;
     for (Index i = 0; i < graph.nodes.size(); ++i) {
         const Node& node = graph.nodes[i];
         const bool inDoubt = node.copy != Copies::none && !node.good && !node.IsJudged();
-        if (inDoubt && (best == StuckGraph::none || done(node) < done(graph.nodes[best]))) {
+        if (inDoubt && (best == StuckGraph::none || order(node) < order(graph.nodes[best]))) {
             best = i;
         }
     }
@@ -154,7 +160,7 @@ Move Hunter::ChooseMove() {
     Move move;
     move.angle = angles[dice.Below(angles.size())];
     move.frames = lengths[dice.Below(lengths.size())];
-    move.settle = dice.Below(2) == 0 ? settleFrames : 0;
+    move.settle = dice.Below(3) != 0 ? settleFrames : 0;
     if (dice.Below(16) == 0) {
         move.frames = waits[dice.Below(waits.size())];
         move.settle = 0;
@@ -196,7 +202,7 @@ Index Hunter::Keep(const StuckPlaces& places, Index from, Copies::Number copy, W
     }
     const std::size_t before = graph.nodes.size();
     const StuckPlace at = places.Read(outcome);
-    const Index index = graph.Take(from, copy, at, std::move(way));
+    const Index index = graph.Take(from, copy, at, std::move(way), dice.Below(3) == 0);
     if (graph.nodes.size() > before && at.settled) {
         lastNews = result.report.moves;
     }
@@ -228,34 +234,38 @@ void Hunter::FollowScript(const StuckPlaces& places) {
     }
 }
 
-void Hunter::PlayRound(const StuckPlaces& places, const std::vector<Index>& from,
-                       std::vector<Rounds::Planned>& moves) {
+void Hunter::Plan(Index from, const Move& move) {
+    Node& node = graph.nodes[from];
+    ++node.tries;
+    ++triesInRegion[node.at.region];
+    origins.push_back({from, node.copyWay});
+    moves.push_back({node.copy, move});
+}
+
+/// Plays what was planned.
+void Hunter::PlayRound(const StuckPlaces& places) {
     Rounds::Play(copies, moves, settings.processes);
     for (std::size_t i = 0; i < moves.size(); ++i) {
         const Copies::Number copy = moves[i].copy;
-        if (copy == Copies::none) {
-            continue;
+        if (copy != Copies::none) {
+            ++result.report.moves;
+            Keep(places, origins[i].node, copy, Extend(origins[i].way, copies.Of(copy)));
         }
-        ++result.report.moves;
-        Keep(places, from[i], copy, Extend(graph.nodes[from[i]].way, copies.Of(copy)));
     }
+    origins.clear();
+    moves.clear();
 }
 
 void Hunter::Explore(const StuckPlaces& places) {
     while (HasTime(shareOfExploring) &&
            result.report.moves - lastNews < movesWithoutNews + 2 * graph.nodes.size()) {
         graph.MakeRoom(Rounds::movesPerRound);
-        std::vector<Index> from;
-        std::vector<Rounds::Planned> moves;
         for (std::size_t i = 0; i < Rounds::movesPerRound; ++i) {
-            from.push_back(PickToExplore());
-            Node& node = graph.nodes[from.back()];
-            ++node.tries;
-            ++triesInRegion[node.at.region];
-            moves.push_back({node.copy, ChooseMove()});
+            const Index from = PickToExplore();
+            Plan(from, ChooseMove());
         }
-        PlayRound(places, from, moves);
-        ShowProgress("exploring", "situations", graph.nodes.size());
+        PlayRound(places);
+        ShowProgress("exploring: " + std::to_string(graph.nodes.size()) + " situations");
     }
 }
 
@@ -280,20 +290,28 @@ void Hunter::Judge(const StuckPlaces& places) {
 
 void Hunter::PlayHardRound(const StuckPlaces& places) {
     graph.MakeRoom(Rounds::movesPerRound);
-    std::vector<Index> from;
-    std::vector<Rounds::Planned> moves;
-    while (from.size() < Rounds::movesPerRound && PickToJudge() != StuckGraph::none) {
-        from.push_back(PickToJudge());
-        Node& node = graph.nodes[from.back()];
-        moves.push_back({node.copy, ChooseHardMove(node)});
-        ++node.tries;
-        ++node.hard;
+    graph.NoteLeaving();
+    while (moves.size() < Rounds::movesPerRound) {
+        const Index next = PickToJudge();
+        if (next == StuckGraph::none) {
+            break;
+        }
+        // A way on from near the finish is one for all that lead there.
+        const bool towards = graph.nodes[next].leaves && dice.Unit() < shareTowards;
+        const Index from = towards ? PickTowards() : next;
+        const Move move = ChooseHardMove(graph.nodes[from]);
+        ++graph.nodes[from].hard;
+        Plan(from, move);
     }
-    PlayRound(places, from, moves);
-    const auto inDoubt =
-        std::count_if(graph.nodes.begin(), graph.nodes.end(),
-                      [](const Node& node) { return !node.good && node.at.settled; });
-    ShowProgress("judging", "in doubt", static_cast<std::size_t>(inDoubt));
+    PlayRound(places);
+    std::size_t inDoubt = 0;
+    std::size_t leaving = 0;
+    for (const Node& node : graph.nodes) {
+        inDoubt += !node.good && node.at.settled ? 1 : 0;
+        leaving += !node.good && node.leaves ? 1 : 0;
+    }
+    ShowProgress("judging: " + std::to_string(inDoubt - leaving) + " lead nowhere, " +
+                 std::to_string(leaving) + " not to the finish");
 }
 
 /// Has places of few situations tried more; false if all were tried enough.
@@ -311,12 +329,9 @@ bool Hunter::WantMore() {
     return wantsMore;
 }
 
-void Hunter::ShowProgress(const char* doing, const char* counted, std::size_t count) {
-    char text[120];
-    std::snprintf(text, sizeof(text), "%s: %zu %s, %llu moves%s", doing, count, counted,
-                  static_cast<unsigned long long>(result.report.moves),
-                  result.report.finishReached ? "" : ", no finish yet");
-    line.Show(text);
+void Hunter::ShowProgress(const std::string& text) {
+    line.Show(text + ", " + std::to_string(result.report.moves) + " moves" +
+              (result.report.finishReached ? "" : ", no finish yet"));
 }
 
 void Hunter::Run(const FlowMap& map) {
@@ -330,7 +345,10 @@ void Hunter::Run(const FlowMap& map) {
     Judge(places);
     ReadGraph(graph, result.report);
     const std::vector<StuckFinding>& found = result.report.found;
-    result.run.steps = StepsOf(graph.nodes[found.empty() ? 0 : found.front().nodes.front()].way);
+    for (const StuckFinding& finding : found) {
+        result.runs.push_back(start);
+        result.runs.back().steps = StepsOf(graph.nodes[finding.nodes.front()].way);
+    }
     result.seconds = line.Seconds();
 }
 
@@ -343,7 +361,6 @@ StuckResult HuntStuck(const SearchSettings& settings, std::vector<RunStep> scrip
     if (!result.failure.empty()) {
         return result;
     }
-    result.run = RunRecorder::Current();
     Playing::script = std::move(script);
     Hunter hunter(settings, game, result);
     if (!hunter.IsReady()) {

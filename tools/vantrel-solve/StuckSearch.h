@@ -12,7 +12,7 @@
 struct StuckResult {
     std::string failure;  ///< why there was no hunt; empty otherwise
     StuckReport report;
-    Run run;  ///< to the first place of the report, or to the start
+    std::vector<Run> runs;  ///< to each place of the report
     double seconds = 0.0;
 };
 

@@ -1,0 +1,76 @@
+// Reads movers and triggers; see Machines.h.
+
+#include "Machines.h"
+
+#include <algorithm>
+
+#include "actors/MoverManager.h"
+#include "actors/TriggerManager.h"
+
+namespace Machines {
+
+namespace {
+
+/// World units from a mover's path within which it counts as near.
+constexpr float reach = 400.0f;
+
+bool IsNear(const Mover& mover, Vector2 place) {
+    const float along = std::clamp(Dot(place - mover.start, mover.direction), 0.0f, mover.length);
+    return Distance(mover.start + mover.direction * along, place) < reach;
+}
+
+/// Whether the mover does, or has done, what a trigger of the type tells it.
+bool Obeys(const Mover& mover, int type) {
+    constexpr float there = 0.5f;
+    switch (type) {
+        case 401:
+            return mover.state == Mover::GoingToStart || mover.distance < there;
+        case 402:
+            return mover.state == Mover::GoingToEnd || mover.distance > mover.length - there;
+        case 403:
+            return mover.state == Mover::Stopped;
+        default:
+            return mover.state >= Mover::LoopingToStart;
+    }
+}
+
+/// Whether the trigger can't fire again and what it did doesn't hold any more. What it has taken
+/// out or put back counts as well, since that holds.
+bool IsUsedUp(const Trigger& trigger) {
+    if (trigger.fireCount == 0 || trigger.typeInfo->fireLimit == 0) {
+        return false;
+    }
+    if (trigger.type == 300 || trigger.type == 301) {
+        return trigger.polygons.size() != 0 || trigger.forces.size() != 0;
+    }
+    return trigger.type >= 401 && trigger.type <= 410 &&
+           !std::all_of(trigger.movers.begin(), trigger.movers.end(),
+                        [&](const Mover* mover) { return Obeys(*mover, trigger.type); });
+}
+
+}  // namespace
+
+std::uint64_t State(Vector2 place) {
+    std::uint64_t hash = 14695981039346656037u;
+    const auto mix = [&hash](std::uint64_t value) { hash = (hash ^ value) * 1099511628211u; };
+    for (const Mover& mover : MoverManager::movers) {
+        if (!IsNear(mover, place)) {
+            continue;
+        }
+        const bool loops = mover.state >= Mover::LoopingToStart;
+        const float share = loops || mover.length <= 0.0f ? 0.0f : mover.distance / mover.length;
+        mix(mover.id);
+        mix(static_cast<std::uint64_t>(share * 2.99f) * 4 +
+            static_cast<std::uint64_t>(loops ? 3 : mover.state));
+    }
+    std::uint64_t index = 0;
+    for (const Trigger& trigger : TriggerManager::triggers) {
+        if (IsUsedUp(trigger)) {
+            mix(index);
+        }
+        ++index;
+    }
+    return hash;
+}
+
+}  // namespace Machines
