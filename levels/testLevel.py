@@ -128,6 +128,7 @@ def tower():
     # Its right end runs inside of the wall, so that no water is caught between the two.
     solid([(x, y), (x + 8, y), (x + 18, y + 10), (x + 148, y + 10), (x + 148, y + 28),
            (x + 34, y + 28)], "metal", COPPER, id=id, name="lift")
+    stage.hazard(x + 34, y + 20, x + 140, y + 28, id=id)
     stage.rail((x + 70, y + 14), (x + 70, 604), 140)
     stage.mover(id, (x, y), (x, 590), 80, name="lift")
     stage.trigger("Mover_goto_start_a", stage.plate(1720, 1262, 90), target=id, name="calls")
