@@ -118,12 +118,6 @@ TEST_F(LevelDataTest, MakesTheDirectionOfAForceAUnitTwice) {
     EXPECT_EQ(ForceManager::forces.back().direction, (Vector2{1.0f, 0.0f}));
 }
 
-TEST_F(LevelDataTest, LoadsALevelOfNothing) {
-    EXPECT_TRUE(Load(LevelFile()));
-    EXPECT_TRUE(LevelData::polygons.empty());
-    EXPECT_EQ(BspTree::Size(), 0);
-}
-
 TEST_F(LevelDataTest, KeepsWhatMoversCarryOutOfTheTree) {
     LevelFile file = TwoBoxes(1, 2);
     file.movers = {{2, 10.0f, {0, 0}, {50, 0}}};
