@@ -122,16 +122,3 @@ TEST(Groups, LeaveWithTheViewAndItsMargin) {
     GroupedParticleMover::Step(0.01f, ParticleManager::particles);
     EXPECT_TRUE(groups.empty());
 }
-
-TEST(Groups, AreCountedAndShownFromTheConsole) {
-    const WaterWorld world;
-    AddGroup({0.0f, 0.0f}, 5);
-    Console::Clear();
-    Console::Execute("ParticleGroupCount");
-    EXPECT_NE(Console::OutputText().find('1'), std::string::npos);
-    Console::Execute("ParticleGroupDraw false");
-    EXPECT_FALSE(GroupedParticleMover::groupDraw);
-    Console::Execute("ParticleGroupDraw true");
-    Console::Execute("ParticleGroupDraw false");
-    EXPECT_TRUE(GroupedParticleMover::groupDraw);
-}

@@ -29,40 +29,6 @@ TEST(ParticleManager, TurnsGravityAndViewWithTheCamera) {
     EXPECT_NEAR(particles.back().velocity.y, 0.0f, 1e-4f);
 }
 
-TEST(ParticleManager, KillsOnceAndRemovesAtZero) {
-    const WaterWorld world;
-    Particle& particle = WaterWorld::Add({0.0f, 0.0f});
-    ParticleManager::KillParticle(particle);
-    ParticleManager::Step(0.5f);
-    ParticleManager::KillParticle(particle);
-    EXPECT_EQ(particle.killTimer, 0.5f);
-    ParticleManager::Step(0.5f);
-    EXPECT_EQ(ParticleManager::Count(), 0u);
-}
-
-TEST(ParticleManager, DriftsToRoomTemperatureWithTimeAlone) {
-    const WaterWorld world;
-    ParticleManager::gravity = 0.0f;
-    Particle& particle = WaterWorld::Add({0.0f, 0.0f}, {}, 50.0f);
-    ParticleManager::Step(0.0f);
-    EXPECT_EQ(particle.temperature, 50.0f);
-    WaterWorld::Steps(100, 0.01f);
-    EXPECT_NEAR(particle.temperature, 20.0f + 30.0f * 0.8f, 0.01f);
-    ParticleManager::heatTransferRate = 1.0f;
-    ParticleManager::Step(0.001f);
-    EXPECT_EQ(particle.temperature, 20.0f);
-}
-
-TEST(ParticleManager, ShiftsTheHistoryInEachStep) {
-    const WaterWorld world;
-    Particle& particle = WaterWorld::Add({0.0f, 0.0f}, {60.0f, 0.0f});
-    WaterWorld::Steps(3);
-    EXPECT_NEAR(particle.positionHistory[0].x, 2.0f, 1e-4f);
-    EXPECT_NEAR(particle.positionHistory[1].x, 1.0f, 1e-4f);
-    EXPECT_EQ(particle.positionHistory[2].x, 0.0f);
-    EXPECT_NEAR(particle.speed, Length(particle.velocity), 1e-4f);
-}
-
 TEST(ParticleManager, LetsHostileValuesGoWithoutHangingOrSpreading) {
     const WaterWorld world(WaterLevels::CrowdedBowl(100.0f, 100.0f), {50.0f, 50.0f});
     const float bad[] = {std::nanf(""), INFINITY, -INFINITY, 3e38f, 1e20f};
@@ -121,23 +87,16 @@ TEST(ParticleManager, IsTunedFromTheConsole) {
     EXPECT_EQ(ParticleManager::gravity, -3.0f);
     EXPECT_EQ(ParticleManager::heatTransferRate, 1.0f);
 
-    const auto answer = [](const char* line) {
-        Console::Clear();
-        Console::Execute(line);
-        return Console::OutputText();
-    };
-    const std::string usage =
-        "\nUsage: ParticleCreate < x : number > < y : number > < radius : number > "
-        "< amount : integer number > ";
-    EXPECT_NE(answer("ParticleCreate 0 0 10").find(usage), std::string::npos);
-    EXPECT_NE(answer("ParticleCreate 0 0 10 1.5").find(usage), std::string::npos);
-    EXPECT_NE(answer("ParticleCreate 0 0 10 0").find("\nInvalid number of particles to make"),
+    Console::Clear();
+    Console::Execute("ParticleCreate 0 0 10 1.5");
+    Console::Execute("ParticleCreate 0 0 10 0");
+    EXPECT_NE(Console::OutputText().find("\nUsage: ParticleCreate < x"), std::string::npos);
+    EXPECT_NE(Console::OutputText().find("\nInvalid number of particles to make"),
               std::string::npos);
     EXPECT_EQ(ParticleManager::Count(), 0u);
     Console::Execute("ParticleCreate 7 -8 10 25");
     EXPECT_EQ(ParticleManager::Count(), 25u);
     EXPECT_EQ(Camera::position, (Vector2{7.0f, -8.0f}));
-    EXPECT_NE(answer("ParticleCount").find("25"), std::string::npos);
     for (const Particle& particle : particles) {
         EXPECT_LE(Distance(particle.position, {7.0f, -8.0f}), 10.001f);
     }

@@ -16,14 +16,6 @@ void FillGridAndMove(Particle& particle, float dt = 0.02f) {
 
 }  // namespace
 
-TEST(ParticleMover, CutsLongMovesButKeepsTheirVelocity) {
-    const WaterWorld world;
-    Particle& particle = WaterWorld::Add({0.0f, 0.0f}, {1000.0f, 0.0f});
-    FillGridAndMove(particle, 1.0f / 30.0f);
-    EXPECT_NEAR(particle.position.x, 15.0f, 1e-4f);
-    EXPECT_EQ(particle.velocity, (Vector2{1000.0f, 0.0f}));
-}
-
 TEST(ParticleMover, StopsFastWaterAtAWall) {
     std::list<LevelPolygon> level;
     level.push_back(TestLevel::Box(20.0f, -50.0f, 25.0f, 50.0f, 0.5f));
@@ -54,14 +46,6 @@ TEST(ParticleMover, PushesNeighboursApartAndMixesThem) {
     FillGridAndMove(still);
     EXPECT_EQ(still.position, (Vector2{0.5f, 0.0f}));
     EXPECT_EQ(moving.temperature, 20.0f);
-}
-
-TEST(ParticleMover, ScalesThePushWithShortSteps) {
-    const WaterWorld world;
-    WaterWorld::Add({0.5f, 0.0f});
-    Particle& moving = WaterWorld::Add({3.5f, 0.0f}, {0.0f, 0.001f});
-    FillGridAndMove(moving, 0.005f);
-    EXPECT_NEAR(moving.position.x, 3.75f, 1e-4f);
 }
 
 TEST(ParticleMover, HasNoDirectionForTwoOnOnePoint) {

@@ -133,17 +133,6 @@ TEST(Water, FreezesIntoOneLumpThatSlidesAndFlowsWhenItThaws) {
     EXPECT_GT(MeanY(), 190.0f);  // a flat sheet on the floor
 }
 
-TEST(Water, RisesAsSteam) {
-    const WaterWorld world(TestLevel::Bowl(400.0f, 400.0f), {200.0f, 200.0f});
-    ParticleManager::CreateParticles(200.0f, 390.0f, 10.0f, 128);
-    ParticleManager::heatTransferRate = 0.0f;
-    WaterWorld::Steps(60);
-    const float resting = MeanY();
-    SetTemperatures(150.0f);
-    WaterWorld::Steps(60);
-    EXPECT_LT(MeanY(), resting - 40.0f);
-}
-
 TEST(Water, AllocatesNothingOnceWarmedUp) {
     const WaterWorld world(Slope(), {100.0f, 60.0f});
     ParticleManager::CreateParticles(100.0f, 60.0f, 60.0f, 500);

@@ -1,5 +1,5 @@
 #pragma once
-// A small level with water in it, for tests and benchmarks.
+// A small level with water in it, for tests.
 
 #include <list>
 #include <utility>
