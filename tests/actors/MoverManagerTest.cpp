@@ -9,29 +9,6 @@ namespace {
 
 using TestLevel::Box;
 
-TEST(MoverManager, AddsUpTheMoversOfOneId) {
-    TestWorld world;
-    LevelPolygon& carried = TestWorld::Add(Box(0.0f, 0.0f, 20.0f, 20.0f), 0);
-    LevelPolygon& other = TestWorld::Add(Box(40.0f, 0.0f, 60.0f, 20.0f), 1);
-    LevelObject object;
-    LevelObjectsManager::Add(object);
-    TestWorld::AddMover(0, {0.0f, 0.0f}, {100.0f, 0.0f}, 10.0f, Mover::GoingToEnd);
-    TestWorld::AddMover(0, {0.0f, 0.0f}, {0.0f, -100.0f}, 20.0f, Mover::GoingToEnd);
-    TestWorld::Start();
-    EXPECT_EQ(MoverManager::colliders.size(), 1u);
-    MoverManager::Step(0.5f);
-    EXPECT_EQ(carried.offset, (Vector2{5.0f, -10.0f}));
-    EXPECT_EQ(carried.previousOffset, carried.offset);
-    EXPECT_EQ(LevelObjectsManager::objects.front().offset, (Vector2{5.0f, -10.0f}));
-    EXPECT_EQ(other.offset, Vector2{});
-
-    MoverManager::Reset();
-    for (const Mover& mover : MoverManager::movers) {
-        EXPECT_EQ(mover.distance, 0.0f);
-        EXPECT_EQ(mover.state, Mover::Stopped);
-    }
-}
-
 TEST(MoverManager, MakesCollidersOfSolidPolygonsWithTrianglesOnly) {
     TestWorld world;
     LevelPolygon ghost = Box(0.0f, 0.0f, 20.0f, 20.0f);

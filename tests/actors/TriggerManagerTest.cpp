@@ -55,45 +55,6 @@ TEST_F(Triggers, ReactOnlyNearTheCamera) {
     EXPECT_EQ(far.fireCount, 0u);
 }
 
-TEST_F(Triggers, OfUnknownTypeKeepTheirNumberAndDoNothing) {
-    const Trigger& unknown = Make(12345, 7);
-    EXPECT_STREQ(unknown.typeInfo->name, "Null_a");
-    EXPECT_EQ(unknown.type, 12345);
-    Inside();
-    TriggerManager::Step(dt);
-    EXPECT_EQ(unknown.fireCount, 1u);
-}
-
-TEST_F(Triggers, HeatCoolAndKillWhatIsInside) {
-    Make(2);
-    Particle& particle = Inside();
-    const Particle& outside = TestWorld::AddParticle({150.0f, 50.0f});
-    ParticleGroup& ice = GroupedParticleMover::groups.emplace_back();
-    ice.position = {20.0f, 20.0f};
-    ice.temperature = -10.0f;
-    TriggerManager::Step(dt);
-    EXPECT_EQ(particle.temperature, 20.0f + dt * 80.0f);
-    EXPECT_EQ(outside.temperature, 20.0f);
-    EXPECT_EQ(ice.temperature, -10.0f + dt * 80.0f);
-
-    Make(701, 0, 3.0f);
-    TriggerManager::Step(dt);
-    EXPECT_EQ(particle.dying, 1);
-    EXPECT_EQ(ice.dying, 1);
-    EXPECT_EQ(outside.dying, 0);
-}
-
-TEST_F(Triggers, KillAtRandomAsOftenAsTheirRateSays) {
-    Make(702);
-    for (int i = 0; i < 4000; ++i) {
-        Inside();
-    }
-    TriggerManager::Step(0.2f);
-    const auto dying = std::ranges::count_if(ParticleManager::particles,
-                                             [](const Particle& p) { return p.dying != 0; });
-    EXPECT_NEAR(static_cast<double>(dying), 400.0, 200.0);
-}
-
 TEST_F(Triggers, ApplyEnabledForces) {
     ForceManager::Add(7, 50.0f, 20.0f, 3.0f, 4.0f, 100.0f);
     ForceManager::Add(7, 50.0f, 20.0f, 0.0f, 1.0f, 30.0f);
@@ -156,74 +117,6 @@ TEST_F(Triggers, KeepTheWaterFiniteUnderForcesWithoutMeasure) {
             ASSERT_TRUE(std::isfinite(Length(group.velocity)));
             ASSERT_TRUE(std::isfinite(Length(group.position)));
         }
-    }
-}
-
-TEST_F(Triggers, TakeThingsOutOfTheLevelAndPutThemBack) {
-    LevelPolygon& gate = TestWorld::Add(TestLevel::Box(200.0f, 0.0f, 220.0f, 50.0f), 7);
-    ForceManager::Add(7, 0.0f, 0.0f, 1.0f, 0.0f, 1.0f);
-    LevelObject object;
-    object.id = 7;
-    LevelObjectsManager::Add(object);
-    TestWorld::Start();
-    Inside();
-    for (const int type : {300, 301}) {
-        const int expected = type == 301 ? 1 : 0;
-        Make(type, 7);
-        TriggerManager::Step(dt);
-        EXPECT_EQ(gate.solid, expected);
-        EXPECT_EQ(gate.enabled, expected);
-        Vector2 circle{199.0f, 25.0f};
-        EXPECT_EQ(Collision::CollideCircle(circle, 2.0f), expected == 1);
-        EXPECT_EQ(ForceManager::forces.front().enabled, expected);
-        EXPECT_EQ(LevelObjectsManager::objects.front().enabled, expected);
-    }
-}
-
-TEST_F(Triggers, RunAnimationsAndEmitters) {
-    LevelObject object;
-    object.id = 7;
-    object.frameCount = 3;
-    object.frame = 2;
-    LevelObjectsManager::Add(object);
-    const LevelObject& target = LevelObjectsManager::animatedObjects.front();
-    Emitter emitter;
-    emitter.id = 7;
-    FxParticleManager::Add(emitter);
-    const Emitter& source = FxParticleManager::emitters.front();
-    Inside();
-    const auto fire = [](int type) {
-        Make(type, 7);
-        TriggerManager::Step(dt);
-    };
-    fire(3);
-    EXPECT_EQ(target.stopped, 0);
-    EXPECT_EQ(target.frame, 2u);
-    fire(5);
-    EXPECT_EQ(target.stopped, 1);
-    fire(4);
-    EXPECT_EQ(target.stopped, 0);
-    EXPECT_EQ(target.frame, 0u);
-    EXPECT_EQ(target.playLimit, 1u);
-    fire(503);
-    EXPECT_EQ(source.running, 0);
-    fire(502);
-    EXPECT_EQ(source.running, 1);
-}
-
-TEST_F(Triggers, SetTheStateOfMovers) {
-    const Mover& mover = TestWorld::AddMover(7, {}, {100.0f, 0.0f}, 10.0f);
-    Inside();
-    const std::pair<int, int> states[] = {{401, Mover::GoingToStart},   {402, Mover::GoingToEnd},
-                                          {403, Mover::Stopped},        {404, Mover::GoingToStart},
-                                          {405, Mover::GoingToEnd},     {406, Mover::Stopped},
-                                          {407, Mover::LoopingToStart}, {408, Mover::LoopingToEnd},
-                                          {409, Mover::LoopingToStart}, {410, Mover::LoopingToEnd}};
-    for (const auto& [type, state] : states) {
-        // The last trigger of the list has the last word.
-        Make(type, 7);
-        TriggerManager::Step(dt);
-        EXPECT_EQ(mover.state, state) << type;
     }
 }
 
@@ -294,21 +187,6 @@ TEST_F(Triggers, CountWaterInTheFinish) {
     TriggerManager::Step(dt);
     LevelProgress::Step(dt);
     EXPECT_TRUE(LevelProgress::IsFinishing());
-    LevelProgress::Shutdown();
-}
-
-TEST_F(Triggers, MoveTheRespawnToTheirCentre) {
-    LevelProgress::Initialise();
-    CheckPointTimesManager::Initialise();
-    TriggerManager::Add(901, 0, 0.0f, {0.0f, 0.0f}, {90.0f, 0.0f}, {90.0f, 30.0f}, {0.0f, 30.0f});
-    for (int i = 0; i < 5; ++i) {
-        TestWorld::AddParticle({10.0f, 10.0f});
-    }
-    TriggerManager::Step(dt);
-    EXPECT_EQ(LevelProgress::respawnX, 45.0f);
-    EXPECT_EQ(LevelProgress::respawnY, 15.0f);
-    EXPECT_EQ(LevelProgress::respawnAmount, 5u);
-    CheckPointTimesManager::Shutdown();
     LevelProgress::Shutdown();
 }
 
