@@ -182,7 +182,7 @@ def barrel_lift():
     stage.trigger("Mover_goto_end_a", (920, 1510, 60, 40), target=id, delay=1.6, name="lift rises")
     stage.trigger("Mover_goto_start_a", stage.plate(1052, 1520, 50), target=id, name="lift is called")
     stage.rail((980, 1544), (980, 1004), 120)
-    stage.kill((924, 1600, 112, 36))
+    stage.kill((919, 1600, 122, 41))
     stage.scenery(3, box(920, 1596, 1040, 1606), GRATE, name="grille")
     stage.hum(980, 1300, 420, "gears")
     stage.solid([(800, 989), (826, 990), (856, 997), (890, 997), (920, 990), (920, 1560), (800, 1545),
