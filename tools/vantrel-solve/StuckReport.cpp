@@ -104,7 +104,7 @@ std::string Line(const StuckFinding& finding, const StuckPlace& at) {
                   static_cast<double>(at.place.x), static_cast<double>(at.place.y),
                   matters[static_cast<std::size_t>(at.matter)]);
     char how[160];
-    std::snprintf(how, sizeof(how), ", after %.1f s: %u of %u drops, %u moves in vain",
+    std::snprintf(how, sizeof(how), ", after %.1f seconds: %u of %u drops, %u moves in vain",
                   at.elapsedMs * 0.001, at.near, at.alive, finding.movesInVain);
     return std::string(where) + "triggers fired: " + FiredText(at) + how;
 }
@@ -159,18 +159,19 @@ std::string Text(const StuckReport& report) {
         text += end;
     }
     if (report.unjudged != 0) {
-        std::snprintf(end, sizeof(end), "%zu situations lead nowhere yet; give it more time\n",
+        std::snprintf(end, sizeof(end),
+                      "situations that lead nowhere yet: %zu; give it more time\n",
                       report.unjudged);
         text += end;
     }
     if (report.unfinished != 0) {
         std::snprintf(end, sizeof(end),
-                      "%zu situations lead elsewhere, but not to the finish yet\n",
+                      "situations that lead elsewhere, but not to the finish yet: %zu\n",
                       report.unfinished);
         text += end;
     }
     std::snprintf(
-        end, sizeof(end), "%zu places where water may be stuck; %zu situations, %llu moves\n",
+        end, sizeof(end), "places where water may be stuck: %zu; situations: %zu, moves: %llu\n",
         report.found.size(), report.situations, static_cast<unsigned long long>(report.moves));
     return text + end;
 }
