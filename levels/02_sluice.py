@@ -156,7 +156,6 @@ def cascade():
     stage.thing(1900, 1100, "chain")
     stage.lantern(1600, 980)
     stage.arch(1640, 900, 150, 240)
-    stage.arch(1790, 1080, 130, 300)
     stage.mist(1800, 1360)
     stage.arrow(1830, 1250, "down")
 
@@ -189,8 +188,8 @@ def locks():
     stage.solid([(1140, 1510), (820, 1510), (820, 1545), (1140, 1556)], "metal",
                 name="third lock")
     stage.check_point(1740, 1300, 150, 116)
-    winched(1460, 1334, 1430, stage.plate(1500, 1430, 90), 0.8, 28)
-    winched(1160, 1374, 1470, stage.plate(1380, 1470, 60), 0.4, 18)
+    winched(1460, 1334, 1430, stage.plate(1500, 1430, 90), 0.8, 24)
+    winched(1160, 1374, 1470, stage.plate(1380, 1470, 60), 0.4, 15)
     gate_house(840, 1414)
     gate = stage.new_id()
     stage.solid(box(840, 1414, 860, 1510), "metal", COPPER, id=gate, edge=False,
@@ -205,7 +204,6 @@ def locks():
     for x, y in ((1400, 1330), (1090, 1370)):
         stage.thing(x, y, "window", layer=0)
     stage.arch(1270, 1290, 120, 180)
-    stage.arch(900, 1310, 120, 200)
     stage.gear(1270, 1330)
     stage.gear(960, 1390, big=True)
     stage.pipe([(1648, 1330), (1648, 1420)])
@@ -217,7 +215,6 @@ def locks():
     stage.drip(1020, 1256)
     stage.moss([(1190, 1240), (1320, 1252), (1450, 1236)])
     stage.moss([(870, 1240), (1020, 1256), (1150, 1236)])
-    stage.mist(1240, 1450)
 
 
 def ferry():
@@ -230,11 +227,11 @@ def ferry():
     stage.check_point(712, 1450, 96, 106)
     stage.lost(230, 670, 1660, 60, [(670, 1548, 684, 1620), (216, 1552, 230, 1620)])
     x, y, id = 540, 1545, stage.new_id()
-    stage.solid([(x, y - 10), (x + 8, y - 10), (x + 32, y + 14), (x + 108, y + 14), (x + 122, y),
+    stage.solid([(x, y - 20), (x + 8, y - 20), (x + 46, y + 14), (x + 108, y + 14), (x + 122, y),
                  (x + 130, y), (x + 106, y + 30), (x + 24, y + 30)], "metal", COPPER, id=id,
                 name="barge")
     stage.rail((x + 65, y + 14), (x - 245, y + 14))
-    stage.mover(id, (x, y), (x - 310, y), 45, name="barge")
+    stage.mover(id, (x, y), (x - 310, y), 40, name="barge")
     stage.trigger("Mover_goto_end_a", (x + 90, y - 30, 30, 44), target=id, name="sends off")
     stage.plate(716, 1557, 88)
     stage.trigger("Mover_goto_start_a", (676, 1518, 130, 39), target=id, name="calls")
@@ -248,7 +245,6 @@ def ferry():
     stage.gear(530, 1350)
     stage.thing(330, 1400, "chain")
     stage.arch(620, 1400, 130, 240)
-    stage.arch(90, 1390, 130, 220)
     stage.thing(700, 1420, "window", layer=0)
     stage.pipe([(176, 1260), (176, 1460), (80, 1460)])
     stage.wheel(176, 1400)
@@ -272,15 +268,14 @@ def goal():
     stage.finish(630, 1890, 160, 50, basin=False)
     hatch, plate = stage.new_id(), stage.plate(1310, 1832, 96)
     stage.solid(box(626, 1862, 794, 1876), "metal", COPPER, id=hatch, name="hatch")
-    stage.mover(hatch, (710, 1869), (870, 1869), 30, name="hatch")
+    stage.mover(hatch, (710, 1869), (870, 1869), 25, name="hatch")
     stage.trigger("Mover_goto_end_1", plate, target=hatch, delay=0.5, name="hatch opens")
-    stage.winch(1240, 1768, plate, 0.5, 5.4, "gears", 900)
+    stage.winch(1240, 1768, plate, 0.5, 6.4, "gears", 900)
     stage.spout(1368, 1738, plate, (0, 1), settings="splash")
     stage.pipe([(1040, 1650), (1040, 1720), (1360, 1720)])
     stage.gauge(1168, 1712)
     stage.gear(960, 1750)
     stage.thing(1270, 1700, "window", layer=0)
-    stage.arch(1080, 1690, 110, 110)
     stage.moss([(980, 1646), (1180, 1636), (1360, 1654)])
     stage.check_point(150, 1740, 120, 84)
     stage.thing(880, 1806, "barrel")
@@ -288,7 +283,6 @@ def goal():
         stage.lamp(x, y)
     stage.arrow(520, 1790, "right")
     stage.arrow(1130, 1766, "right")
-    stage.mist(300, 1800)
 
 
 for part in (mountain, reservoir, spillway, landing_hall, lock, gear_room, race, cascade, locks,
