@@ -41,19 +41,6 @@ class Play(unittest.TestCase):
             time.sleep(0.01)
         self.assertGreater(difference(before, self.game.picture()), 10)
 
-    def test_pause_key_stops_the_water(self):
-        wait_for(lambda: blueness(self.game.picture()) > 0.0004, "water on the screen")
-        x("key", "p")
-        time.sleep(4)  # the camera comes to rest
-        first = self.game.picture()
-        time.sleep(0.5)
-        self.assertLess(difference(first, self.game.picture()), 1)
-        x("key", "p")
-        wait_for(lambda: difference(first, self.game.picture()) > 0.01, "play to go on")
-
-    def test_the_window_frame_leaves(self):
-        self.assertEqual(self.game.close(), 0)
-
 
 class ConsoleUse(unittest.TestCase):
     def setUp(self):
@@ -72,12 +59,6 @@ class ConsoleUse(unittest.TestCase):
         self.game.command("Map", "Map is lev\\testLevel.swah")
         self.game.command("nonsense", "UNKNOWN COMMAND")
 
-    def test_a_missing_map_leaves_the_level_running(self):
-        self.game.command("Map lev\\nothere.swah",
-                          "Unable to open level file 'lev\\nothere.swah'")
-        self.game.command("Map", "Map is lev\\testLevel.swah")
-        self.game.command("ParticleCount", "ParticleCount is ")
-
     def test_tab_completes_and_history_comes_back(self):
         self.game.type("bsps")
         x("key", "Tab")
@@ -87,12 +68,6 @@ class ConsoleUse(unittest.TestCase):
         x("key", "Up")
         x("key", "Return")
         wait_for(lambda: "BspSize is " in self.game.log()[before:], "the command again")
-
-    def test_the_console_hides_and_shows(self):
-        time.sleep(0.3)
-        opened = self.game.picture()
-        self.game.toggle_console()
-        wait_for(lambda: difference(opened, self.game.picture()) > 10, "the console to close")
 
 
 class WindowLife(unittest.TestCase):
@@ -127,18 +102,12 @@ class WindowLife(unittest.TestCase):
         self.game.command("Fullscreen false", "Fullscreen is now false")
         wait_for(lambda: self.game.picture().shape[:2] == (600, 800), "the window")
 
-    def test_still_views_look_as_kept(self):
-        """The level by itself from a camera that stands still, and the empty console."""
+    def test_the_empty_console_looks_as_kept(self):
         self.game.toggle_console()
         for line in ("ParticleDraw false", "Pause true", "FreeCamera true"):
             self.game.command(line)
         self.game.command("Clear")
-        pictures = {"console": self.game.picture()}
-        self.game.toggle_console()
-        self.game.hold("Next", 0.6)
-        self.game.hold("Prior", 0.2)
-        for name, picture in pictures.items():
-            self.compare(name, picture)
+        self.compare("console", self.game.picture())
 
     def compare(self, name, picture):
         path = os.path.join(KEPT, name + ".png")

@@ -132,66 +132,6 @@ class MenuDriver(Driver):
         return difference(self.look(), self.portraits[menu]) < SAME
 
 
-class Graph(unittest.TestCase):
-    """Without a level behind them, menus look the same each time."""
-
-    def setUp(self):
-        self.game = MenuDriver("-MAP", "none")
-        self.addCleanup(self.game.close)
-
-    def test_every_arrow_by_mouse_and_by_keys(self):
-        game = self.game
-        game.portray(1)
-        sub_menus = {"load": 7, "options": 3, "instructions": 5, "highScores": 4, "credits": 8}
-        for button, menu in sub_menus.items():
-            game.press(1, button)
-            game.portray(menu)
-            game.press(menu, "back", to=1)
-        game.press(1, "quit")
-        game.portray(6)
-        game.press(6, "no", to=1)
-        game.press(1, "start", to=0)
-        x("key", "Escape")
-        game.portray(2)
-        game.press(2, "restart")
-        game.portray(10)
-        game.press(10, "no", to=2)
-        for button, menu in {**sub_menus, "quit": 6}.items():
-            game.press(2, button, to=menu)
-            game.keys("Escape", to=2)
-        game.press(2, "continue", to=0)
-
-        self.by_keys(sub_menus)
-
-    def by_keys(self, sub_menus):
-        game = self.game
-        game.keys("Escape", to=2)
-        game.keys("Return", "Return", to=0)
-        game.keys("Escape", to=2)
-        places = ["restart", "load", "options", "instructions", "highScores", "credits", "quit"]
-        for place, button in enumerate(places, 1):
-            game.keys("space", *["Down"] * place, "Return",
-                      to={"restart": 10, "quit": 6, **sub_menus}[button])
-            # Back by the button, which has the focus; the no of a question likewise.
-            game.keys("Tab", "space", to=2)
-        # From the quit button up is two steps.
-        game.keys("Tab", *["Tab"] * 7, "Up", "Return", to=4)
-        game.keys("Escape", to=2)
-        # Yes leaves the program: left of no.
-        game.keys("Tab", *["Tab"] * 7, "Return", to=6)
-        x("key", "--delay", 40, "Tab", "Left", "Right", "Left", "Return")
-        self.assertEqual(game.process.wait(timeout=20), 0)
-
-    def test_escape_on_the_main_menu_asks(self):
-        game = self.game
-        game.portray(1)
-        x("key", "Escape")
-        game.portray(6)
-        game.keys("Escape", to=1)
-        game.keys("Escape", to=6)
-        self.assertEqual(game.leave(), 0)
-
-
 class WithHome(unittest.TestCase):
     def setUp(self):
         self.home = tempfile.mkdtemp(prefix="vantrel-menus-")
