@@ -138,7 +138,6 @@ def race():
     stage.trigger("Mover_goto_end_a", stage.plate(60, 1120, 150), target=gate, name="opens")
     stage.trigger("Mover_goto_start_a", (900, 980, 40, 100), target=gate, name="closes")
     stage.scenery(3, box(900, 1080, 940, 1088), RUST, name="closing line")
-    stage.zoom((60, 1040, 150, 80))
     stage.check_point(1000, 970, 110, 110)
     stage.hum(1512, 1030, 300, "machine")
     stage.pipe([(80, 1100), (80, 1000), (1480, 1000)])
