@@ -225,7 +225,8 @@ TEST_F(BspTreeTest, IsWalkedFromTheConsole) {
     for (const auto& [line, answer] : walk) {
         EXPECT_NE(Answer(line).find(answer), std::string::npos) << line;
     }
-    BspTree::Destroy();
+    Polygons none;
+    BspTree::Build(none);
     EXPECT_EQ(Answer("BspWalk ROOT").find("Walk options"), std::string::npos);
 }
 

@@ -154,6 +154,9 @@ TEST(LevelPolygon, FindsTheWindingAndKeepsTheCornersInOrder) {
     EXPECT_EQ(zero.winding, 0);
     EXPECT_EQ(zero.triangleX, (std::vector<float>{10, 10, 0}));
     EXPECT_EQ(zero.triangleNormalX[0], 1.0f);  // out of it
+    LevelPolygon wrongWay = one;
+    wrongWay.Triangulate(0);
+    EXPECT_EQ(wrongWay.triangleCount, 0u);
 }
 
 TEST(LevelPolygon, MergesStraightRunsAndTheSeam) {

@@ -29,6 +29,17 @@ TEST(ParticleManager, TurnsGravityAndViewWithTheCamera) {
     EXPECT_NEAR(particles.back().velocity.y, 0.0f, 1e-4f);
 }
 
+TEST(ParticleManager, KillsOnceAndRemovesAtZero) {
+    const WaterWorld world;
+    Particle& particle = WaterWorld::Add({0.0f, 0.0f});
+    ParticleManager::KillParticle(particle);
+    ParticleManager::Step(0.5f);
+    ParticleManager::KillParticle(particle);
+    EXPECT_EQ(particle.killTimer, 0.5f);
+    ParticleManager::Step(0.5f);
+    EXPECT_EQ(ParticleManager::Count(), 0u);
+}
+
 TEST(ParticleManager, LetsHostileValuesGoWithoutHangingOrSpreading) {
     const WaterWorld world(WaterLevels::CrowdedBowl(100.0f, 100.0f), {50.0f, 50.0f});
     const float bad[] = {std::nanf(""), INFINITY, -INFINITY, 3e38f, 1e20f};
