@@ -61,25 +61,6 @@ protected:
     WorkingDirectoryGuard inDirectory{directory.path};
 };
 
-TEST_F(LevelObjects, LoadTheFramesOfASetInOrderAndOneTextureOtherwise) {
-    const LevelObject wheel = Make("img\\wheel_FRAME01.png");
-    ASSERT_EQ(wheel.frameCount, 3u);
-    EXPECT_EQ(wheel.frames[0].name, "IMG\\Wheel_Frame01.png");
-    EXPECT_EQ(wheel.frames[2].name, "IMG\\Wheel_Frame07.png");
-    for (const char* single : {"img\\Wheel_Fram.png", "img\\none_FRAME1.png", "_FRAME", ""}) {
-        LevelObject object = Make("img\\wheel_FRAME01.png");
-        object.SetTexture(single);
-        EXPECT_EQ(object.frameCount, 1u) << single;
-        EXPECT_EQ(object.frames.size(), 1u) << single;
-    }
-    LevelObjectsManager::Add(wheel);
-    LevelObjectsManager::Add(Make("img\\lamp.png"));
-    EXPECT_EQ(LevelObjectsManager::animatedObjects.size(), 1u);
-    Console::Clear();
-    Console::Execute("ObjectsCount");
-    EXPECT_NE(Console::OutputText().find('2'), std::string::npos);
-}
-
 TEST_F(LevelObjects, PlayAtMostAFrameAStepAndOnlyWhenStarted) {
     LevelObject& wheel = AddWheel();
     LevelObjectsManager::Step(10.0f);

@@ -55,6 +55,46 @@ TEST_F(Triggers, ReactOnlyNearTheCamera) {
     EXPECT_EQ(far.fireCount, 0u);
 }
 
+TEST_F(Triggers, HeatCoolAndKillWhatIsInside) {
+    Make(2);
+    Particle& particle = Inside();
+    const Particle& outside = TestWorld::AddParticle({150.0f, 50.0f});
+    ParticleGroup& ice = GroupedParticleMover::groups.emplace_back();
+    ice.position = {20.0f, 20.0f};
+    ice.temperature = -10.0f;
+    TriggerManager::Step(dt);
+    EXPECT_EQ(particle.temperature, 20.0f + dt * 80.0f);
+    EXPECT_EQ(outside.temperature, 20.0f);
+    EXPECT_EQ(ice.temperature, -10.0f + dt * 80.0f);
+
+    Make(701, 0, 3.0f);
+    TriggerManager::Step(dt);
+    EXPECT_EQ(particle.dying, 1);
+    EXPECT_EQ(ice.dying, 1);
+    EXPECT_EQ(outside.dying, 0);
+}
+
+TEST_F(Triggers, TakeThingsOutOfTheLevelAndPutThemBack) {
+    LevelPolygon& gate = TestWorld::Add(TestLevel::Box(200.0f, 0.0f, 220.0f, 50.0f), 7);
+    ForceManager::Add(7, 0.0f, 0.0f, 1.0f, 0.0f, 1.0f);
+    LevelObject object;
+    object.id = 7;
+    LevelObjectsManager::Add(object);
+    TestWorld::Start();
+    Inside();
+    for (const int type : {300, 301}) {
+        const int expected = type == 301 ? 1 : 0;
+        Make(type, 7);
+        TriggerManager::Step(dt);
+        EXPECT_EQ(gate.solid, expected);
+        EXPECT_EQ(gate.enabled, expected);
+        Vector2 circle{199.0f, 25.0f};
+        EXPECT_EQ(Collision::CollideCircle(circle, 2.0f), expected == 1);
+        EXPECT_EQ(ForceManager::forces.front().enabled, expected);
+        EXPECT_EQ(LevelObjectsManager::objects.front().enabled, expected);
+    }
+}
+
 TEST_F(Triggers, ApplyEnabledForces) {
     ForceManager::Add(7, 50.0f, 20.0f, 3.0f, 4.0f, 100.0f);
     ForceManager::Add(7, 50.0f, 20.0f, 0.0f, 1.0f, 30.0f);
