@@ -15,7 +15,6 @@ constexpr std::uint32_t entityRemove = 300;
 constexpr std::uint32_t moverToEnd = 402;
 constexpr std::uint32_t particleKill = 701;
 constexpr std::uint32_t levelEnd = 801;
-constexpr std::uint32_t checkPoint = 901;
 
 bool IsFlightOver() {
     return !Camera::IsOpeningFlight();
@@ -63,25 +62,6 @@ TEST(LevelLoss, BringsAllWaterBackAtTheStart) {
     for (const Particle& particle : ParticleManager::particles) {
         EXPECT_LE(Distance(particle.position, {0.0f, -100.0f}), 10.01f);
     }
-}
-
-TEST(LevelLoss, BringsBackAtACheckPointWhatWasThere) {
-    TestGame game;
-    LevelFile level = Room();
-    level.waterStart = {0, -100};
-    level.triggers = {Area(checkPoint, -60, -60, 20, 0), Area(particleKill, -200, 60, 200, 150)};
-    game.Start(level);
-    KeepParticles(50);
-    ASSERT_TRUE(game.FramesUntil([] { return LevelProgress::respawnAmount == 50; }));
-    EXPECT_NEAR(LevelProgress::respawnX, -20.0f, 10.0f);
-    ASSERT_TRUE(game.FramesUntil(IsFlightOver));
-    ASSERT_TRUE(game.FramesUntil(Camera::IsOpeningFlight));
-    EXPECT_EQ(LevelProgress::WaterAtFinish(), 50u);
-    EXPECT_LE(Distance(ParticleManager::particles.front().position,
-                       {LevelProgress::respawnX, LevelProgress::respawnY}),
-              10.01f);
-    game.Restart();
-    EXPECT_EQ(LevelProgress::respawnAmount, 128u) << "a restart forgets the check point";
 }
 
 TEST(LevelScore, FallsEvenlyWithTimeAndRisesWithWater) {

@@ -113,17 +113,6 @@ TEST_F(IntroScreenTest, EndsByKeyAndByAnyButton) {
     }
 }
 
-TEST_F(IntroScreenTest, EndsWithItsWindow) {
-    window.onSwap = [this] {
-        if (window.swaps == 3) {
-            GLWindow::GetListener()->OnClose();
-        }
-    };
-    IntroScreen().Run();
-    EXPECT_FALSE(GLWindow::IsOpen());
-    EXPECT_LE(window.swaps, 5);
-}
-
 TEST_F(IntroScreenTest, IsSilentWithoutSoundAndOverWithoutAFilm) {
     std::filesystem::remove("vid/intro.ogg");
     Platform::ForgetListings();
