@@ -77,18 +77,4 @@ TEST(Thread, StopsAtItsHoldPoints) {
     Thread::HoldPoint();  // of no effect here
 }
 
-TEST(Thread, KeepsItsPriorityWhereTheSystemOrTheRangeRefuses) {
-    Thread thread(CountRun);
-    EXPECT_EQ(thread.Priority(), 0);
-    thread.SetPriority(0);
-    thread.SetPriority(-1);
-    EXPECT_EQ(thread.Priority(), -1);
-    for (const int wrong : {3, -3, 100}) {
-        thread.SetPriority(wrong);
-        EXPECT_EQ(thread.Priority(), -1);
-    }
-    thread.SetPriority(2);
-    EXPECT_TRUE(thread.Priority() == 2 || thread.Priority() == -1);
-}
-
 }  // namespace

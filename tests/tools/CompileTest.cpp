@@ -78,13 +78,6 @@ TEST_F(CompileMap, FindsAStartThatNeedlesCanBeCutFrom) {
     EXPECT_TRUE(Run("triangles level.swah").out.starts_with("POLYGON 0 1 1\n"));
 }
 
-TEST_F(CompileMap, LeavesExactOutlinesAlone) {
-    Json& polygon = AddPolygon({XY(0, 0), XY(0, 10), XY(0, 20), XY(20, 20)});
-    polygon["properties"] = Json::array({Property("exact", true)});
-    const Points expected = {{0, 0}, {0, 10}, {0, 20}, {20, 20}};
-    EXPECT_EQ(Compile().polygons[0].points, expected);
-}
-
 TEST_F(CompileMap, WorksInRotationOffsetsAndRounding) {
     layers.push_back({{"type", "group"}, {"name", "Layer 3 things"}, {"offsetx", 100}});
     layers.back()["layers"] = Json::array({{{"type", "objectgroup"},

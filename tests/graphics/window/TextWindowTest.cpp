@@ -74,16 +74,6 @@ TEST_F(TextWindowTest, CentresAndRounds) {
     ExpectCell('x', 101, 100, 16);
 }
 
-TEST_F(TextWindowTest, TintsWithTheDrawingColour) {
-    font->DrawText("\x7F", 0, 0, 16, 1.0f, 0.5f, 0.0f, 0.5f);
-    const auto red = ReadChannel(GL_RED, 8, 3, 1, 1);
-    const auto green = ReadChannel(GL_GREEN, 8, 3, 1, 1);
-    const auto blue = ReadChannel(GL_BLUE, 8, 3, 1, 1);
-    EXPECT_NEAR(red[0], 128, 2);
-    EXPECT_NEAR(green[0], 64, 2);
-    EXPECT_EQ(blue[0], 0);
-}
-
 TEST_F(TextWindowTest, DrawsNothingForNothingAndGivesTheStateBack) {
     glDisable(GL_BLEND);
     glEnable(GL_DEPTH_TEST);

@@ -161,35 +161,6 @@ TEST_F(AnyDesktop, TakesClicksInClientPixels) {
     EXPECT_EQ(GLWindow::MouseY(), 30);
 }
 
-TEST_F(AnyDesktop, PaintsOncePerRequest) {
-    PumpFor(200);
-    recorder.paints = 0;
-    for (int i = 1; i <= 3; ++i) {
-        GLWindow::RequestRepaint();
-        GLWindow::PumpMessages();
-        GLWindow::PumpMessages();
-        EXPECT_EQ(recorder.paints, i);
-    }
-}
-
-TEST_F(AnyDesktop, DrawsInPixelsFromTheTopLeft) {
-    window.SetPixelProjection(GLWindow::ClientWidth(), GLWindow::ClientHeight());
-    glClearColor(0.0f, 0.0f, 0.0f, 1.0f);
-    glClear(GL_COLOR_BUFFER_BIT);
-    glColor3f(1.0f, 1.0f, 1.0f);
-    glRectf(10.0f, 20.0f, 11.0f, 21.0f);
-    const auto pixel = [](int x, int y) {
-        std::array<GLubyte, 4> colour{};
-        glReadPixels(x, GLWindow::ClientHeight() - 1 - y, 1, 1, GL_RGBA, GL_UNSIGNED_BYTE,
-                     colour.data());
-        return static_cast<int>(colour[0]);
-    };
-    EXPECT_EQ(pixel(10, 20), 255);
-    EXPECT_EQ(pixel(9, 20) + pixel(11, 20) + pixel(10, 19) + pixel(10, 21), 0);
-    EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
-    GLWindow::SwapBuffers();
-}
-
 TEST_F(AnyDesktop, GetsTheSamplesThatTheDriverHas) {
     EXPECT_FALSE(GLWindow::SetSamples(1000));
     EXPECT_EQ(GLWindow::Samples(), 1u);
@@ -269,20 +240,6 @@ TEST_F(ManagedDesktop, ClosesWhenTheUserAsksForIt) {
     Xdotool("key alt+F4");
     EXPECT_TRUE(PumpUntil([] { return !GLWindow::IsOpen(); }));
     EXPECT_EQ(recorder.closes, 1);
-}
-
-TEST(GlfwWindow, SaysThatThereIsNoDisplay) {
-    const std::string display = std::getenv("DISPLAY");
-    unsetenv("DISPLAY");
-    {
-        Platform::GlfwWindow window;
-        EXPECT_EQ(window.Create({}), Platform::WindowError::NoDisplay);
-        EXPECT_FALSE(window.Reason().empty());
-        EXPECT_FALSE(window.IsOpen());
-        EXPECT_EQ(window.ScreenWidth(), 0);
-        EXPECT_TRUE(window.DisplayModes().empty());
-    }
-    setenv("DISPLAY", display.c_str(), 1);
 }
 
 }  // namespace
