@@ -266,7 +266,6 @@ def pipes():
     stage.pipe([(1260, 330), (1260, 440)])
     stage.pipe([(590, 1130), (590, 1200), (840, 1200), (840, 1100)])
     stage.pipe([(112, 656), (272, 656)])
-    stage.object(180, 664, "img\\coldGlow.png", layer=1, name="cold")
     stage.pipe([(1392, 848), (1392, 1104)], layer=3)
     stage.pipe([(1392, 1110), (1392, 1200)])
     stage.pipe([(1392, 848), (1456, 848)])
