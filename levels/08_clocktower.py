@@ -11,7 +11,7 @@ from kit import *
 BEAT, LIFT = 55, 90  # units a second: of weights, of lifts
 LEFT, RIGHT = 60, 1140  # the inside of the tower
 # The floors, from the foot up to the belfry.
-FOOT, FIRST, SECOND, THIRD, FOURTH, BELFRY = 1880, 1480, 1060, 640, 248, -190
+FOOT, FIRST, SECOND, THIRD, FOURTH, BELFRY = 1880, 1480, 1060, 640, 310, -190
 STEP = 10  # from a ledge down to a bob, and from the bob down to the far ledge
 
 stage = Stage()
@@ -45,7 +45,7 @@ def wall_lift(left, low, high, call):
                 id=id, name="lift")
     stage.mover(id, (left, y), (left, high), LIFT, name="lift")
     wall = left if left == LEFT else left + 90
-    stage.trigger("Mover_goto_end_a", (wall, low - 20, 50, 40), target=id, delay=1.2,
+    stage.trigger("Mover_goto_end_a", (wall, low - 20, 50, 40), target=id, delay=1.6,
                   name="lift rises")
     stage.trigger("Mover_goto_start_a", call, target=id, name="lift is called")
     stage.scenery(3, box(call[0], call[1] + call[3], call[0] + call[2], call[1] + call[3] + 8),
@@ -78,10 +78,11 @@ def hollow(left, right, y, depth=10):
     return [(left, y), ((left + right) // 2, y + depth), (right, y)]
 
 
-def bob(left, right, y, deck=150):
-    """A weight that swings from left to right and carries what stands on it; sackcloth on its deck brakes."""
+def bob(left, right, y, deck=150, speed=45):
+    """A weight that swings from left to right and carries what stands on it; sackcloth on its
+    deck brakes."""
     stage.carry([(left, y), (left + deck // 2, y + 14), (left + deck, y), (left + deck, y + 28),
-                 (left, y + 28)], (right - left, 0), speed=45, surface="cloth")
+                 (left, y + 28)], (right - left, 0), speed, surface="cloth")
     stage.rail((min(left, right), y + 60), (max(left, right) + deck, y + 60))
 
 
@@ -124,14 +125,13 @@ def second_floor():
     """Two weights, then two bobs that meet over the middle."""
     y, low = SECOND, SECOND + 3 * STEP
     floor([(200, y), (226, y + 12), (260, y + 12), (292, y)] + hollow(364, 444, y, 12) +
-          hollow(516, 572, y) + [(584, y), (584, y + 150), (964, y + 150), (964, low), (1000, low),
-                                 (1000, y + 150), (1140, y + 150), (1140, y + 166),
-                                 (568, y + 166), (568, y + 34), (200, y + 34)], "wood",
-          [(584, 964, low)])
+          [(512, y), (540, y + 12), (572, y), (584, y), (584, y + 150),
+           (964, y + 150), (964, low), (1000, low), (1000, y + 150), (1140, y + 150), (1140, y + 166), (568, y + 166),
+           (568, y + 34), (200, y + 34)], "wood", [(584, 964, low)])
     weight(296, y, 80)
     weight(448, y, 100)
-    bob(584, 634, y + STEP, 140)
-    bob(824, 774, y + 2 * STEP, 140)
+    bob(584, 634, y + STEP, 140, speed=30)
+    bob(824, 774, y + 2 * STEP, 140, speed=30)
     wall_lift(1000, low, THIRD, call=(966, low - 24, 32, 24))
     stage.check_point(208, y - 116, 76, 128)
     stage.arrow(390, y - 150, "right")
@@ -142,17 +142,16 @@ def third_floor():
     """The great weight that shakes the tower, and a bob on the way to the escapement."""
     y, low = THIRD, THIRD + 2 * STEP
     floor([(60, y + 180), (356, y + 180), (356, low), (382, low + 12), (416, low + 12),
-           (448, low), (460, low), (460, y + 130), (700, y + 130), (700, y)] +
-          hollow(724, 776, y) +
-          [(908, y), (940, y + 12), (974, y + 12), (1000, y), (1000, y + 34), (716, y + 34),
-           (716, y + 146), (444, y + 146), (444, low + 34), (372, low + 34), (372, y + 196),
-           (60, y + 196)], "metal", [(460, 700, low)])
+           (448, low), (460, low), (460, y + 130), (700, y + 130), (700, y),
+           (712, y), (744, y + 12), (776, y), (908, y), (940, y + 12), (974, y + 12),
+           (1000, y), (1000, y + 34), (716, y + 34), (716, y + 146), (444, y + 146), (444, low + 34), (372, low + 34), (372, y + 196),
+           (60, y + 196)], "stone", [(460, 700, low)])
     weight(780, y, 110, speed=60, width=110)
     stage.shake((776, y - 70, 118, 68), again=True)
     bob(460, 550, y + STEP)
     stage.check_point(910, y - 116, 80, 128)
     stage.arrow(940, y - 150, "left")
-    clock = stage.clock_face(600, 430)
+    clock = stage.clock_face(600, 470)
     stage.trigger("Anim_play_once_1", (460, y - 100, 240, 98), target=clock, name="an hour goes by")
 
 
@@ -160,13 +159,13 @@ def escapement():
     """Two rods, of which one sinks while the other rises: step over through the windows, from
     the right one to the left one and back, each time a little higher."""
     foot, stroke = THIRD + 2 * STEP, 180
-    y = foot + 10  # the lowest step; its outer edge is level with the ledge
+    y = foot + 40  # the lowest step when it is down
     right, left = stage.new_id(), stage.new_id()
     for step in (y, y - 240):
-        stage.solid([(216, step), (276, step + 14), (356, step - 10), (356, step + 26),
-                     (216, step + 26)], "metal", COPPER, id=right, name="step of the right rod")
+        stage.solid([(216, step), (286, step + 14), (356, step), (356, step + 26),
+                     (216, step + 26)], "cloth", COPPER, id=right, name="step of the right rod")
     stage.solid([(52, y - 300), (130, y - 286), (200, y - 300), (200, y - 274), (52, y - 274)],
-                "metal", COPPER, id=left, name="step of the left rod")
+                "cloth", COPPER, id=left, name="step of the left rod")
     stage.scenery(1, box(280, y - 470, 292, y + 20), IRON, id=right, name="right rod")
     stage.scenery(1, box(124, y - 650, 136, y - 280), IRON, id=left, name="left rod")
     for id, x, top, travel in ((right, 286, y - 230, -stroke), (left, 130, y - 286, stroke)):
@@ -193,7 +192,8 @@ def fourth_floor():
     hollows = [point for x in (524, 652, 780) for point in hollow(x, x + 64, y)]
     floor([(356, y), (382, y + 12), (416, y + 12), (448, y)] + hollows +
           [(908, y), (940, y + 12), (974, y + 12), (1000, y), (1000, y + 110), (1140, y + 110),
-           (1140, y + 126), (984, y + 126), (984, y + 36), (356, y + 36)], "stone", [], TILE)
+           (1140, y + 126), (984, y + 126), (984, y + 36), (372, y + 36), (372, y + 250),
+           (356, y + 250)], "stone", [], TILE)
     for i, x in enumerate((460, 588, 716, 844)):
         weight(x, y, 102, speed=75, delay=0.5 * i)
     wall_lift(1000, y, BELFRY, call=(950, y - 14, 40, 24))
