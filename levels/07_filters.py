@@ -10,6 +10,15 @@ from kit import *
 stage = Stage()
 
 
+def plate(x, y, width):
+    """A plate that lies on the worn edge of its floor, to be seen from afar."""
+    right = x + width
+    stage.scenery(4, box(x, y - 1, right, y + 11), BRASS, name="plate")
+    for part in (box(x - 5, y - 2, x, y + 16), box(right, y - 2, right + 5, y + 16), box(x, y + 11, right, y + 16)):
+        stage.scenery(4, part, IRON, name="frame of a plate")
+    return stage.plate(x, y, width)
+
+
 def house():
     stage.backdrop(SANDWALL, -100, -100, 2960, 1300)
     stage.shell([(40, 60), (500, 40), (1100, 66), (1130, 66), (1154, 66), (1154, 620), (1154, 692),
@@ -29,15 +38,15 @@ def starts(plate, id, dial):
     for kind in ("Entity_remove_1", "Emitter_stop_1"):
         stage.at_start(kind, id)
     for kind in ("Entity_add_1", "Emitter_start_1", "Sound_play_1"):
-        stage.trigger(kind, plate, target=id, delay=0.8, name="pump starts")
+        stage.trigger(kind, plate, target=id, delay=1.2, name="pump starts")
     stage.trigger("Anim_play_loop_1", plate, target=dial, name="pump starts")
 
 
 def stops(plate, id, dial):
     """Water on the plate ends what runs under the id."""
     for kind in ("Entity_remove_1", "Emitter_stop_1", "Sound_stop_1"):
-        stage.trigger(kind, plate, target=id, delay=1.0, name="stops")
-    stage.trigger("Anim_stop_1", plate, target=dial, delay=1.0, name="stops")
+        stage.trigger(kind, plate, target=id, delay=1.4, name="stops")
+    stage.trigger("Anim_stop_1", plate, target=dial, delay=1.4, name="stops")
     stage.at_start("Emitter_start_1", id)
     stage.at_start("Anim_play_loop_1", dial)
 
@@ -77,10 +86,10 @@ def first_shaft():
     stage.solid(box(684, 120, 700, 232), "cloth", name="curtain")
     stage.solid([(540, 262), (564, 262), (564, 1146), (540, 1140)], "metal",
                 name="first shaft, right")
-    pump((460, 130, 540, 1030), (660, 110), 13500, stage.plate(124, 1030, 56), (400, 860))
+    pump((460, 130, 540, 1030), (660, 110), 13500, plate(124, 1030, 56), (400, 860))
     stage.arrow(230, 940, "left")
     stage.arrow(500, 900, "up")
-    stage.lamp(250, 820)
+    stage.lamp(152, 900)
     stage.gauge(300, 640)
     stage.pipe([(80, 860), (80, 700), (400, 700), (400, 800)])
     stage.thing(72, 942, "barrel")
@@ -158,7 +167,7 @@ def second_shaft():
     stage.playing(1776, 950, "fan")
     stage.effect(1776, 950, "wind", (-1, 0))
     stage.blower(1790, 950, (1626, 902, 174, 126), 4500)
-    pump((1540, 430, 1620, 1040), (1640, 200), 13800, stage.plate(1724, 1040, 60), (1440, 860))
+    pump((1540, 430, 1620, 1040), (1640, 200), 13800, plate(1724, 1040, 60), (1440, 860))
     stage.arrow(1420, 950, "right")
     stage.arrow(1580, 900, "up")
     stage.check_point(1300, 910, 110, 130)
@@ -187,10 +196,13 @@ def ceiling_walk():
     stops((2084, 420, 26, 60), last, dial(2160, 470, "valve"))
     stage.solid([(1996, 560), (2060, 610), (2150, 560), (2150, 572), (2060, 622), (1996, 572)], "cloth", CLOTH,
                 name="sling")
-    stage.arrow(1700, 540, "right")
+    stage.arrow(1740, 500, "right")
     stage.lamp(1900, 540)
     stage.check_point(2010, 500, 90, 90)
     stage.arrow(2200, 620, "down")
+    stage.pipe([(2224, 440), (2224, 824)])
+    stage.arrow(1660, 480, "up")
+    stage.thing(2206, 700, "chain")
 
 
 def dunes():
@@ -204,12 +216,15 @@ def dunes():
     gust = stage.wind((1864, 866, 276, 172), (1, 0), 2600)
     stage.emitter(gust, (1930, 950), "fx\\wind.cfg", (1, 0), name="gust")
     noise(gust, 1900, 950, "fan")
-    stops(stage.plate(2766, 1034, 50), gust, dial(1918, 945, "fan"))
+    stops(plate(2766, 1034, 50), gust, dial(1918, 945, "fan"))
     stage.check_point(2160, 900, 80, 140)
-    stage.arrow(2300, 930, "right")
+    stage.arrow(2284, 890, "right")
     stage.arrow(2126, 990, "left")
     stage.lamp(2500, 880)
     stage.lamp(2740, 900)
+    stage.thing(2792, 997, "barrel")
+    stage.pipe([(2400, 860), (2528, 860)])
+    stage.gauge(2424, 905)
     stage.finish(1980, 1040, 110, 60)
     stage.lantern(2130, 900)
 
