@@ -43,6 +43,9 @@ def crossing(c, r):
     return column(c), row(r), PIPE_WIDTH, PIPE_WIDTH
 
 
+POCKET = (column(5) - 70, row(1), PIPE_WIDTH, PIPE_WIDTH)  # where the last wheel of the loop is
+
+
 def lid_points(c, r):
     """Closes upright pipe c below level pipe r, level with its floor."""
     x, y = column(c), row(r) + PIPE_WIDTH
@@ -58,6 +61,7 @@ def wall_points(c, r):
 def wall(c, r):
     stage.solid(wall_points(c, r), "metal", METAL, edge=False, name="closed")
     x, y = wall_points(c, r)[0]
+    stage.scenery(3, box(x - 6, y, x + 22, y + PIPE_WIDTH), METAL, name="closed")
     stage.thing(x + 8, y + 30, "valve_FRAME01", layer=3)
 
 
@@ -175,7 +179,6 @@ def riser():
     hand_wheel(0, 3, [])
     stage.arrow(column(0) + 160, row(3) + 30, "left")
     stage.arrow(720, row(3) + 30, "right")
-    off = column(5), row(1), PIPE_WIDTH, PIPE_WIDTH  # where the way leads past it for good
     sound, gauges = stage.new_id(), stage.new_id()
     for i, r in enumerate((2, 1, 0)):
         x, y = column(4), row(r) + PIPE_WIDTH
@@ -189,16 +192,17 @@ def riser():
         stage.trigger("Emitter_stop_1", STARTING, target=spray, name="off at first")
         stage.trigger("Entity_add_1", wheel, target=jet, delay=0.4 + 0.7 * i, name="jet on")
         stage.trigger("Emitter_start_1", wheel, target=spray, delay=0.4 + 0.7 * i, name="jet on")
-        stage.trigger("Emitter_stop_1", off, target=spray, name="jet off")
+        stage.trigger("Entity_remove_1", POCKET, target=jet, name="jet off")
+        stage.trigger("Emitter_stop_1", POCKET, target=spray, name="jet off")
         stage.object(x - 100, y + 70, animation("gauge"), layer=3, id=gauges, name="gauge")
     stage.object(column(0) + 130, row(3) + PIPE_WIDTH + 60, animation("gauge"), layer=3, id=gauges,
                  name="gauge")
     stage.trigger("Anim_play_loop_1", wheel, target=gauges, name="pressure")
-    stage.trigger("Anim_stop_1", off, target=gauges, name="pressure")
+    stage.trigger("Anim_stop_1", POCKET, target=gauges, name="pressure")
     stage.sound(sound, column(4) + 30, row(2), 520, "snd\\place_pump.wav", looping=True,
                 name="riser")
     stage.trigger("Sound_play_1", wheel, target=sound, delay=0.4, name="riser")
-    stage.trigger("Sound_stop_1", off, target=sound, name="riser")
+    stage.trigger("Sound_stop_1", POCKET, target=sound, name="riser")
     x, y = column(3) + PIPE_WIDTH + 108, row(0)
     kill_end((x, y + 2, 40, 56), (x + 24, y + 40))
     stage.hazard(x + 40, y + PIPE_WIDTH, x + 92, y + PIPE_WIDTH + 10)
@@ -217,9 +221,8 @@ def loop():
 
 
 def last_wheel():
-    """In a pocket beside the middle pipe."""
-    pocket = column(5) - 70, row(1), PIPE_WIDTH, PIPE_WIDTH
-    hand_wheel(5, 1, [lid_points(5, 1), lid_points(5, 3)], area=pocket)
+    """In a pocket beside the middle pipe; it stops the riser, too, which nobody needs any more."""
+    hand_wheel(5, 1, [lid_points(5, 1), lid_points(5, 3)], area=POCKET)
     stage.arrow(column(5) + 30, row(1) - 50, "down")
     stage.arrow(column(5) + 30, row(2) + 60, "down")
 
