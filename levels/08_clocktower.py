@@ -174,10 +174,10 @@ def escapement():
                       name="sets the rods going")
     # Sills are 30 above where one rod begins to sink and 30 below where the other does.
     for upper, lower in ((y - 150, y + 80), (y - 270, y - 220)):
-        stage.solid([(200, upper + 2), (216, upper), (216, lower), (200, lower)], "wood", BEAM,
+        stage.solid([(200, upper + 2), (216, upper), (216, lower), (200, lower)], "wood", WOOD,
                     name="mast")
     stage.solid([(60, y - 560), (216, y - 560), (216, y - 340), (200, y - 340), (200, y - 544),
-                 (60, y - 544)], "wood", BEAM, name="mast")
+                 (60, y - 544)], "wood", WOOD, name="mast")
     gears(60, 356, THIRD + 110)
     stage.hazard(356, foot, 372, foot + 10)
     stage.check_point(366, foot - 116, 80, 128)
