@@ -73,25 +73,27 @@ def bend(x, y, dx, dy):
 
 
 def plate_points(i, j):
-    """Round at its lower corners, and above where no lid adjoins."""
+    """Round where no lid and no ground adjoins."""
     left, top = column(i) + PIPE_WIDTH, row(j) + PIPE_WIDTH
     right, bottom = left + 200, top + 140
     closed = LIDS + HATCHES
     return (([(left, top)] if (i, j) in closed else bend(left, top, 1, 1)) +
             ([(right, top)] if (i + 1, j) in closed else bend(right, top, -1, 1)) +
-            bend(right, bottom, -1, -1) + bend(left, bottom, 1, -1))
+            ([(right, bottom), (left, bottom)] if j == ROWS - 1 else
+             bend(right, bottom, -1, -1) + bend(left, bottom, 1, -1)))
 
 
 def maze():
-    for r in range(ROWS + 1):
+    for r in range(ROWS):
         stage.backdrop(WALL, LEFT, row(r) - BEND, RIGHT, row(r) + PIPE_WIDTH + BEND)
     for c in range(COLUMNS + 1):
         for r in range(ROWS):
             x = column(c)
             stage.backdrop(WALL, max(x - BEND, LEFT), row(r) + PIPE_WIDTH + BEND,
-                           min(x + PIPE_WIDTH + BEND, RIGHT), row(r + 1) - BEND)
+                           min(x + PIPE_WIDTH + BEND, RIGHT),
+                           row(r + 1) - (BEND if r < ROWS - 1 else 0))
     stage.backdrop(WALL, LEFT, 946, 300, BOTTOM)
-    stage.shell([(LEFT, TOP), (RIGHT, TOP), (RIGHT, BOTTOM - 20), (300, BOTTOM - 20),
+    stage.shell([(LEFT, TOP), (RIGHT, TOP), (RIGHT, row(ROWS)), (360, row(ROWS)), (300, row(ROWS) - 4),
                  (300, BOTTOM), (LEFT, BOTTOM)], margin=90)
     stage.frame(-20, 0, 1720, 1200)
     for j in range(ROWS):
