@@ -23,8 +23,8 @@ def mountain():
     stage.backdrop(WALL, -100, -100, 2400, 1900)
     stage.shell([(40, 60), (500, 40), (1000, 66), (1560, 50), (1540, 250), (1560, 405), (1560, 510),
                  (1560, 590), (1966, 602), (1978, 602), (2240, 610), (2240, 996), (2240, 1010), (2240, 1470), (2240, 1560), (2150, 1560), (1560, 1560),
-                 (1560, 1630), (1120, 1630), (1120, 1560), (1040, 1560), (1040, 1640), (920, 1640),
-                 (920, 1560), (800, 1545), (480, 1585), (338, 1590), (338, 1670), (122, 1670), (122, 1590),
+                 (1560, 1630), (1120, 1630), (1120, 1560), (1040, 1640), (920, 1640),
+                 (800, 1545), (480, 1585), (338, 1590), (338, 1670), (122, 1670), (122, 1590),
                  (60, 1590), (60, 1470), (240, 1420), (436, 1436), (436, 900), (480, 900), (480, 870),
                  (480, 672), (250, 660), (40, 660), (40, 560), (40, 420), (40, 240)])
     stage.frame(-20, -10, 2300, 1730)
@@ -102,7 +102,7 @@ def slit_floor():
     stage.solid([(790, 776), (1224, 776), (1228, 800), (790, 800)], "stone", BRICK, name="sill")
     # Each plank lies lower than the one before, or fast water would catch at its edge.
     for left, right, top in ((790, 1070, 740), (1086, 1180, 745), (1196, 1224, 750)):
-        stage.solid(box(left, top, right, 776), "wood", name="plank")
+        stage.solid([(left, top), (right, top + 1), (right, 776), (left, 776)], "wood", name="plank")
     for slit in (1070, 1180):
         stage.drain(slit, 740, 16, depth=36)
     stage.solid([(1224, 751), (1460, 740), (1600, 716), (1600, 728), (1600, 800), (1228, 800), (1224, 776)],
@@ -158,18 +158,18 @@ def slow_ways():
 
 def leaking_sacks():
     """Sacks in the holes of the floor: they leak, and brake. A run carries over them."""
-    stage.solid([(2150, 1520), (2150, 1560), (1560, 1560), (1560, 1520)], "stone", name="run-up")
+    stage.solid([(2150, 1520), (2150, 1560), (1560, 1560), (1560, 1521), (1580, 1520)], "stone", name="run-up")
     left = 1560
     for sack in (1490, 1360, 1230):
         stage.solid(box(sack + 50, 1521, left, 1560), "wood", name="plank")
-        stage.solid(box(sack, 1522, sack + 50, 1560), "cloth", SACK, name="leaking sack")
+        stage.solid([(sack, 1521), (sack + 25, 1524), (sack + 50, 1521), (sack + 50, 1560), (sack, 1560)], "cloth", SACK, name="leaking sack")
         stage.trigger("Particle_kill_random_a", (sack, 1500, 50, 22), name="leak")
         stage.hazard(sack, 1548, sack + 50, 1560)
         stage.object(sack + 25, 1566, "img\\dangerGlow.png", layer=1, name="leak")
         stage.effect(sack + 25, 1562, "drip", (0, 1))
         left = sack
     stage.solid(box(1120, 1521, left, 1560), "wood", name="plank")
-    stage.solid([(1040, 1520), (1120, 1520), (1120, 1560), (1040, 1560)], "stone", name="landing of the lift")
+    stage.solid([(1040, 1520), (1100, 1520), (1120, 1521), (1120, 1560), (1040, 1640)], "stone", name="landing of the lift")
     stage.scenery(1, box(1120, 1560, 1560, 1630), SHADE, name="trough")
     stage.kill((1122, 1566, 436, 60))
     stage.hum(1340, 1560, 400, "drip")
@@ -195,7 +195,7 @@ def barrel_lift():
     stage.kill((919, 1600, 122, 41))
     stage.scenery(3, box(920, 1596, 1040, 1606), GRATE, name="grille")
     stage.hum(980, 1300, 420, "gears")
-    stage.solid([(800, 989), (826, 990), (856, 997), (890, 997), (920, 990), (920, 1560), (800, 1545),
+    stage.solid([(800, 989), (826, 990), (856, 997), (890, 997), (920, 990), (920, 1640), (800, 1545),
                  (800, 1010)], "stone", ROCK, name="rock between the shafts")
     stage.check_point(740, 904, 110, 85)
 

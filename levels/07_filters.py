@@ -207,9 +207,9 @@ def ceiling_walk():
 
 def dunes():
     """Sand, steep on one side and gentle on the other; the plate behind it stops the fan."""
-    stage.solid([(2108, 1042), (2150, 1042), (2150, 1130), (2108, 1120)], "stone", TILE, name="forecourt")
-    stage.solid([(2150, 1043), (2260, 1043), (2260, 1124), (2150, 1130)], "cloth", SACK, name="cushion")
-    stage.solid([(2260, 1044), (2290, 1040), (2370, 972), (2520, 1036), (2545, 1036), (2628, 964), (2766, 1034),
+    stage.solid([(2108, 1040), (2150, 1043), (2150, 1130), (2108, 1120)], "stone", TILE, name="forecourt")
+    stage.solid([(2150, 1043), (2205, 1045), (2260, 1043), (2260, 1124), (2150, 1130)], "cloth", SACK, name="cushion")
+    stage.solid([(2260, 1043), (2290, 1040), (2370, 972), (2520, 1036), (2545, 1036), (2628, 964), (2766, 1034),
                  (2820, 1034), (2820, 1116), (2260, 1124)], "sand", name="dunes")
     stage.solid([(2324, 830), (2334, 829), (2334, 958), (2324, 958)], "wood", name="board")
     stage.solid([(2586, 845), (2596, 847), (2596, 948), (2586, 948)], "wood", name="board")
