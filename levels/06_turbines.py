@@ -35,15 +35,15 @@ def hall():
 
 def lift_shaft():
     """The lift waits below, rises when it has water, and comes back for who calls it."""
-    stage.solid([(40, 850), (120, 885), (300, 908), (348, 900), (380, 912), (414, 912),
-                 (440, 900), (440, 960), (40, 960)], "stone", name="start shelf")
+    stage.solid([(40, 850), (120, 885), (300, 898), (440, 900), (440, 960), (40, 960)],
+                "stone", name="start shelf")
     stage.solid(box(580, 360, 620, 1040), "stone", BRICK, name="shaft wall")
     lift = stage.new_id()
     # It runs in a groove of the wall, as nothing must get in beside it.
     stage.solid([(440, 910), (510, 924), (588, 908), (588, 936), (440, 936)], "metal", COPPER,
                 id=lift, name="lift")
     stage.mover(lift, (510, 924), (510, 332), 80, name="lift")
-    stage.trigger("Mover_goto_end_a", (530, 884, 50, 44), target=lift, delay=1.6, name="lift rises")
+    stage.trigger("Mover_goto_end_a", (530, 884, 50, 44), target=lift, delay=2.4, name="lift rises")
     stage.trigger("Mover_goto_start_a", stage.plate(200, 895, 60), target=lift,
                   name="lift is called")
     stage.rail((510, 924), (510, 332), 140)
@@ -64,8 +64,8 @@ def lift_shaft():
 def hammer_gallery():
     """Three hammers, each with its own beat."""
     # It dips behind its edge: what stands beside a lift goes down with it.
-    stage.solid([(580, 320), (606, 332), (640, 332), (672, 320)] + hollow(762, 842, 320) +
-                hollow(922, 1002, 320) + hollow(1082, 1150, 320) +
+    stage.solid([(580, 320), (606, 332), (640, 332), (672, 320)] + hollow(762, 842, 320, 12) +
+                hollow(922, 1002, 320, 12) + hollow(1080, 1156, 320, 14) +
                 [(1180, 320), (1180, 360), (620, 360), (580, 360)], "stone", TILE, name="gallery")
     stage.solid(box(620, 88, 1120, 116), "stone", BRICK, name="hammer beam")
     for x, speed in ((690, 55), (850, 70), (1010, 85)):
@@ -91,8 +91,8 @@ def shuttle():
         stage.object(x, 520, "img\\dangerGlow.png", layer=1)
     stage.hazard(1148, 320, 1180, 330)
     stage.hazard(1600, 340, 1616, 350)
-    stage.solid(box(1394, 100, 1410, 312), "metal", RUST, name="post over the pit")
-    stage.hazard(1394, 298, 1410, 312)
+    stage.solid(box(1394, 100, 1410, 290), "metal", RUST, name="post over the pit")
+    stage.hazard(1394, 276, 1410, 290)
     stage.arrow(1640, 250, "right")
     stage.wheel(1290, 190)
     stage.arch(1200, 100, 180, 200)
