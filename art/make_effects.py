@@ -16,9 +16,9 @@ def white(alpha, tone=None):
     return to_image(np.repeat(tone[..., None], 3, 2), alpha)
 
 
-def plane(size):
+def plane(size, reach=1.0):
     y, x = grid(size)
-    return x / size * 2 - 1, y / size * 2 - 1
+    return (x / size * 2 - 1) * reach, (y / size * 2 - 1) * reach
 
 
 def drop():
@@ -32,10 +32,15 @@ def drop():
     return white(alpha * 0.9, 0.72 + 0.28 * sheen)
 
 
+# How far the pictures of mist and steam reach: a faint rim would cost as much to draw as the rest.
+REACH = 0.82
+
+
 def mist():
     """A veil without a rim."""
-    x, y = plane(64)
-    veil = np.clip(1 - np.hypot(x, y), 0, 1) ** 1.4
+    x, y = plane(64, REACH)
+    r = np.hypot(x, y)
+    veil = np.clip(1 - r, 0, 1) ** 1.4 * smooth(REACH, 0.66, r)
     return white(np.clip(veil * (0.25 + 1.0 * noise(64, 21, 1.8, low=1)), 0, 1) * 0.8)
 
 
@@ -63,7 +68,7 @@ def splash():
 
 def puff():
     """A ball of steam: lobes round a core, thinner to the rim."""
-    x, y = plane(64)
+    x, y = plane(64, REACH)
     body = np.zeros_like(x)
     for i in range(7):
         a = i * 2.4
@@ -71,7 +76,7 @@ def puff():
         body = np.maximum(body, 1 - smooth(0.0, 0.52 + 0.06 * (i % 3), np.hypot(x - px, y - py)))
     body = np.maximum(body, 1 - smooth(0.1, 0.7, np.hypot(x, y)))
     fray = noise(64, 33, 1.5, low=2)
-    alpha = np.clip(body * (0.5 + 0.8 * fray), 0, 1) * smooth(1.0, 0.7, np.hypot(x, y))
+    alpha = np.clip(body * (0.5 + 0.8 * fray), 0, 1) * smooth(REACH, 0.66, np.hypot(x, y))
     return white(alpha * 0.85, 0.86 + 0.14 * fray)
 
 

@@ -32,8 +32,8 @@ def water():
 
 
 def ice():
-    """A splinter with six corners, cut into facets of different brightness, with hard edges, from white to cold
-    blue."""
+    """A splinter with six corners, cut into facets of different brightness, with hard edges,
+    from white to cold blue."""
     corners = np.array([(-0.30, -0.96), (0.55, -0.80), (0.96, -0.08), (0.52, 0.86),
                         (-0.50, 0.90), (-0.95, 0.12)])
     heart = np.array([-0.08, -0.10])
@@ -53,13 +53,16 @@ def ice():
 
 
 def steam():
-    """A puff of four lobes that thins out and frays towards its rim."""
+    """A puff of four lobes that thins out and frays towards its rim. It fills its picture: what is
+    empty costs as much to draw."""
+    reach = 0.76
     body = np.zeros((SIZE, SIZE))
     for px, py, radius in ((-0.28, 0.12, 0.60), (0.26, 0.22, 0.55), (0.04, -0.30, 0.58),
                            (0.34, -0.16, 0.42)):
-        body = np.maximum(body, 1 - smooth(0.1, 1.0, np.hypot(u - px, v - py) / radius))
+        away = np.hypot(u * reach - px, v * reach - py) / radius
+        body = np.maximum(body, 1 - smooth(0.1, 1.0, away))
     fray = noise(SIZE, 7, 1.3, low=2)
-    alpha = np.clip(body * (0.55 + 0.9 * fray) - 0.08, 0, 1) * (1 - smooth(0.75, 0.98, distance))
+    alpha = np.clip(body * (0.55 + 0.9 * fray) - 0.08, 0, 1) * (1 - smooth(0.85, 1.0, distance))
     return to_image(grey(0.92 + 0.08 * fray), alpha * 0.9)
 
 
