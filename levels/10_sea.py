@@ -239,9 +239,7 @@ def shade_of_house():
     """What stands in the rooms, from the bottom up."""
     for x, y in ((110, 1290), (260, 1290), (600, 930)):
         stage.arch(x, y, 100, 160)
-    for x, top, bottom in ((425, 900, 1500), (1001, 560, 1104), (455, 250, 640)):
-        stage.scenery(0, box(x, top, x + (134 if x == 425 else 70 if x == 1001 else 54), bottom),
-                      SHADE, name="shaft")
+    stage.scenery(0, box(455, 250, 509, 640), SHADE, name="shaft")
     stage.pipe([(80, 1330), (240, 1330), (240, 1460)])
     stage.gauge(240, 1360)
     stage.wheel(365, 1370)
@@ -294,7 +292,7 @@ def dam():
         stage.post(x, 750, 850, 14)
     for x in (1170, 1384):
         stage.thing(x, 640, "chain")
-    for x, y in ((1640, 620), (1240, 640), (1480, 800), (1760, 1010), (1840, 1290), (1500, 1240), (1060, 1300), (650, 1440)):
+    for x, y in ((1640, 620), (1240, 640), (1480, 800), (1840, 1290), (1060, 1300)):
         stage.lamp(x, y)
     stage.drip(1400, 584)
     stage.drip(1950, 1166)
