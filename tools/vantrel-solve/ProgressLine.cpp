@@ -16,6 +16,11 @@ ProgressLine::~ProgressLine() {
     }
 }
 
+void ProgressLine::Restart() {
+    begin = Clock::now();
+    last = begin;
+}
+
 double ProgressLine::Seconds() const {
     return std::chrono::duration<double>(Clock::now() - begin).count();
 }

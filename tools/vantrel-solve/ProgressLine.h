@@ -12,6 +12,8 @@ public:
     ProgressLine(const ProgressLine&) = delete;
     ProgressLine& operator=(const ProgressLine&) = delete;
 
+    /// The time begins anew.
+    void Restart();
     /// Shows the time used up and the text, unless the last time was a moment ago.
     void Show(const std::string& text);
     double Seconds() const;

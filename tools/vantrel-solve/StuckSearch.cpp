@@ -337,6 +337,7 @@ void Hunter::ShowProgress(const std::string& text) {
 void Hunter::Run(const FlowMap& map) {
     const Rounds::InterruptEndsSearch guard;
     const StuckPlaces places(map);
+    line.Restart();  // The map of a large level takes seconds.
     FollowScript(places);
     Explore(places);
     if (!result.report.finishReached) {
