@@ -80,7 +80,6 @@ def hammer_gallery():
 
 def shuttle():
     """Over the pit; a full tilt spills everything."""
-    stage.zoom((1100, 200, 70, 118))
     deck(1180, 330, 150, (270, 0), 60)
     stage.solid([(1180, 360), (1204, 360), (1204, 566), (1600, 566), (1600, 340), (1690, 350),
                  (1690, 390), (1616, 384), (1616, 600), (1180, 600)], "stone", BRICK,
@@ -196,6 +195,7 @@ def finish():
     stage.solid([(40, 1290), (84, 1290), (84, 1370), (40, 1370)], "metal", name="corbel")
     stage.finish(102, 1290, 180, 60)
     stage.mist(190, 1250)
+    stage.scenery(2, box(40, 1370, 300, 1720), PAVING, name="below the basin")
     stage.lamp(150, 1240)
 
 
