@@ -10,15 +10,6 @@ from kit import *
 stage = Stage()
 
 
-def plate(x, y, width):
-    """A plate that lies on the worn edge of its floor, to be seen from afar."""
-    right = x + width
-    stage.scenery(4, box(x, y - 1, right, y + 11), BRASS, name="plate")
-    for part in (box(x - 5, y - 2, x, y + 16), box(right, y - 2, right + 5, y + 16), box(x, y + 11, right, y + 16)):
-        stage.scenery(4, part, IRON, name="frame of a plate")
-    return stage.plate(x, y, width)
-
-
 def mountain():
     stage.backdrop(WALL, -100, -100, 2400, 1900)
     stage.shell([(40, 60), (500, 40), (1000, 66), (1560, 50), (1540, 250), (1560, 405), (1560, 510),
@@ -87,7 +78,7 @@ def sand_floor():
                 name="sand floor")
     stage.solid([(250, 592), (370, 612), (430, 612), (504, 622), (504, 634), (480, 672), (250, 660)], "wood",
                 name="plank")
-    opener = plate(374, 612, 52)
+    opener = stage.plate(374, 612, 52)
     gate = stage.gate((772, 620, 14, 140), (0, -124), opener, speed=50)
     stage.hazard(772, 740, 786, 760, id=gate)
     stage.check_point(180, 470, 100, 118)
@@ -190,7 +181,7 @@ def barrel_lift():
         stage.object(x, 1580, "img\\barrel.png", layer=1, id=id, name="barrel of the lift")
     stage.mover(id, (920, 1530), (920, 990), 65, name="lift")
     stage.trigger("Mover_goto_end_a", (920, 1510, 60, 40), target=id, delay=1.6, name="lift rises")
-    stage.trigger("Mover_goto_start_a", plate(1052, 1520, 50), target=id, name="lift is called")
+    stage.trigger("Mover_goto_start_a", stage.plate(1052, 1520, 50), target=id, name="lift is called")
     stage.rail((980, 1544), (980, 1004), 120)
     stage.kill((919, 1600, 122, 41))
     stage.scenery(3, box(920, 1596, 1040, 1606), GRATE, name="grille")

@@ -10,15 +10,6 @@ from kit import *
 stage = Stage()
 
 
-def plate(x, y, width):
-    """A plate that lies on the worn edge of its floor, to be seen from afar."""
-    right = x + width
-    stage.scenery(4, box(x, y - 1, right, y + 11), BRASS, name="plate")
-    for part in (box(x - 5, y - 2, x, y + 16), box(right, y - 2, right + 5, y + 16), box(x, y + 11, right, y + 16)):
-        stage.scenery(4, part, IRON, name="frame of a plate")
-    return stage.plate(x, y, width)
-
-
 def house():
     stage.backdrop(SANDWALL, -100, -100, 2960, 1300)
     stage.shell([(40, 60), (500, 40), (1100, 66), (1130, 66), (1154, 66), (1154, 620), (1154, 692),
@@ -86,7 +77,7 @@ def first_shaft():
     stage.solid(box(684, 120, 700, 232), "cloth", name="curtain")
     stage.solid([(540, 262), (564, 262), (564, 1146), (540, 1140)], "metal",
                 name="first shaft, right")
-    pump((460, 130, 540, 1030), (660, 110), 13500, plate(124, 1030, 56), (400, 860))
+    pump((460, 130, 540, 1030), (660, 110), 13500, stage.plate(124, 1030, 56), (400, 860))
     stage.arrow(230, 940, "left")
     stage.arrow(500, 900, "up")
     stage.lamp(152, 900)
@@ -167,7 +158,7 @@ def second_shaft():
     stage.playing(1776, 950, "fan")
     stage.effect(1776, 950, "wind", (-1, 0))
     stage.blower(1790, 950, (1626, 902, 174, 126), 4500)
-    pump((1540, 430, 1620, 1040), (1640, 200), 13800, plate(1724, 1040, 60), (1440, 860))
+    pump((1540, 430, 1620, 1040), (1640, 200), 13800, stage.plate(1724, 1040, 60), (1440, 860))
     stage.arrow(1420, 950, "right")
     stage.arrow(1580, 900, "up")
     stage.check_point(1300, 910, 110, 130)
@@ -216,7 +207,7 @@ def dunes():
     gust = stage.wind((1864, 866, 276, 172), (1, 0), 2600)
     stage.emitter(gust, (1930, 950), "fx\\wind.cfg", (1, 0), name="gust")
     noise(gust, 1900, 950, "fan")
-    stops(plate(2766, 1034, 50), gust, dial(1918, 945, "fan"))
+    stops(stage.plate(2766, 1034, 50), gust, dial(1918, 945, "fan"))
     stage.check_point(2160, 900, 80, 140)
     stage.arrow(2284, 890, "right")
     stage.arrow(2126, 990, "left")

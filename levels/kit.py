@@ -348,8 +348,13 @@ class Stage(Map):
         return id
 
     def plate(self, x, y, width):
-        """The mark of an opener: a brass plate let into the floor whose top is y."""
-        self.scenery(3, box(x, y, x + width, y + 8), BRASS, name="plate")
+        """The mark of an opener: a framed brass plate on the worn edge of the floor whose top
+        is y."""
+        right = x + width
+        self.scenery(4, box(x, y - 1, right, y + 11), BRASS, name="plate")
+        for part in (box(x - 5, y - 2, x, y + 16), box(right, y - 2, right + 5, y + 16),
+                     box(x, y + 11, right, y + 16)):
+            self.scenery(4, part, IRON, name="frame of a plate")
         return (x, y - 24, width, 24)
 
     def lift(self, x, y, width, end, speed=60, area=None, loop=True, rim=10, rails=True):
