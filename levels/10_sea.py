@@ -1,15 +1,15 @@
 """Draws levels/10_sea.tmj: the weir and the sea at evening. Run it in this folder.
 
-Everything once more, on the way through the last house of the waterworks. Down through the rooms in
-the weir: a leap to the plate that opens the trough, two drains, the pump, a cradle over a pit, a
+Everything once more, on the way through the last house of the waterworks. Down through the rooms
+in the weir: a leap to the plate that opens the trough, two drains, the pump, a cradle over a pit, a
 shot through a pipe. Up through the house: the lift, the hammers, the jets, and steam up the
 chimney. Then out of the cliff as ice over the sieve, into the storm, up the turret against it; and
 down, higher than the house, into the sea.
 """
 
 from kit import *
+from seaside import HORIZON, evening, foreground, lighthouse_dress, shore
 
-HORIZON = 512  # where the picture of the sky has its last light
 CLIFF = 1150  # left of it the mountain, right of it the open air
 START = 1630, 650
 STARTING = (1590, 610, 80, 80)  # where the water is as the level starts
@@ -330,47 +330,6 @@ def cold_and_storm():
     stage.post(1494, 302, 387, 10)
 
 
-def shore():
-    """The bay: surf, the sign on its mast, and what drifted in."""
-    stage.scenery(3, [(2078, 1440), (2440, 1440), (2432, 1472), (2085, 1472)], "img\\foam.png",
-                  name="surf")
-    stage.object(2260, 1500, "img\\goalGlow.png", layer=0, name="finish")
-    stage.post(2254, 1340, 1552, 12)
-    stage.playing(2260, 1310, "finishSign")
-    for x, y in ((2160, 1516), (2380, 1516), (2330, 1530)):
-        stage.thing(x, y, "weeds")
-    stage.thing(2220, 1528, "barrel")
-    stage.mist(2110, 1420)
-    stage.mist(1990, 1070)
-    stage.effect(2100, 1440, "splash", (0, -1))
-    stage.hum(2280, 1440, 800, "surf")
-    stage.hum(1920, 780, 420, "rumble")
-
-
-def lighthouse_dress():
-    stage.object(2620, 440, "img\\glow.png", layer=0, name="lighthouse")
-    stage.object(2620, 438, "img\\lanternRoom.png", layer=3, name="lighthouse")
-    for top, bottom in ((620, 740), (900, 1020)):
-        edge = [2580 - round(24 * (y - 520) / 742) for y in (top, bottom)]
-        stage.scenery(3, [(edge[0], top), (5240 - edge[0], top), (5240 - edge[1], bottom),
-                      (edge[1], bottom)], RUST, name="band")
-    for y in (570, 820, 1100):
-        stage.scenery(3, box(2612, y, 2628, y + 44), DARK, name="slit")
-
-
-def evening():
-    """Sun, its way over the water, islands, far waves."""
-    stage.object(2240, HORIZON - 80, "img\\sun.png", layer=0, name="sun")
-    stage.object(2240, HORIZON + 192, "img\\glitter.png", layer=0, name="glitter")
-    for hills in ([(1900, 512), (1950, 492), (1990, 496), (2040, 478), (2100, 504), (2130, 512)],
-                  [(2380, 512), (2440, 500), (2500, 506), (2540, 512)],
-                  [(2720, 512), (2800, 470), (2850, 482), (2960, 440), (3100, 490), (3200, 512)]):
-        stage.scenery(0, hills, SHADE, name="island")
-    for left, right, y in ((2070, 2330, 1216), (2700, 3300, 1312)):
-        stage.scenery(0, [(left, y + 30), (left + 60, y), (right - 90, y), (right, y + 30)],
-                      "img\\foam.png", name="wave")
-
-
 def signs():
     for x, y, way in ((1600, 640, "left"), (1180, 660, "left"), (1480, 700, "down"),
                       (1320, 810, "left"), (1744, 740, "up"), (1180, 980, "down"),
@@ -382,19 +341,6 @@ def signs():
                       (700, 310, "right"), (1060, 320, "right"), (1510, 330, "right"),
                       (1667, 300, "up"), (2180, 1240, "down"), (1930, 600, "down")):
         stage.arrow(x, y, way)
-
-
-def foreground():
-    """Dark rock before the mountain, some way from the hollow."""
-    stage.foreground([(-1200, -1300), (1106, -1300), (1104, -150), (1118, 40), (1114, 180),
-                       (1090, 206), (1000, 184), (900, 200), (852, 206), (826, 180), (806, 136),
-                       (750, 104), (610, 102), (510, 132), (430, 170), (404, 250), (386, 380),
-                       (388, 600), (356, 676), (358, 764), (384, 836), (370, 890), (376, 1178),
-                       (330, 1166), (190, 1172), (70, 1204), (14, 1290), (2, 1380), (16, 1440),
-                       (20, 1580), (300, 1572), (560, 1590), (900, 1574), (1300, 1590),
-                       (1700, 1572), (1960, 1586), (2060, 1604), (2220, 1636), (2360, 1630),
-                       (2480, 1590), (2560, 1500), (2620, 1420), (2690, 1400), (2760, 1470),
-                       (2800, 1540), (2900, 1570), (4600, 1600), (4600, 3300), (-1200, 3300)])
 
 
 def far_walls():
@@ -418,7 +364,7 @@ def far_walls():
 
 
 far_walls()
-evening()
+evening(stage)
 shade_of_house()
 rock()
 masonry()
@@ -437,9 +383,9 @@ storm()
 weir()
 gantry()
 cold_and_storm()
-shore()
-lighthouse_dress()
+shore(stage)
+lighthouse_dress(stage)
 signs()
-foreground()
+foreground(stage)
 stage.start(*START, camera=(2280, 1300))
 stage.save("10_sea.tmj")
