@@ -6,7 +6,7 @@ goes right over the first sieve, through a pipe, down the ice run and over a cha
 through the windy gallery, up a shaft of air, through the hall, where a cradle ferries the lump,
 and through the tunnel, where air lifts it over two walls. Below, a slide must be braked, or the
 lump leaps over the chute; thawed it gets through a grate to the plate that opens the gate, and
-frozen again it rides a lift of three bars, which halts for good once its load is on the ledge.
+frozen again it calls and rides a lift of three bars, which rests once its load is at the pond.
 """
 
 from kit import *
@@ -110,7 +110,8 @@ def stove(x, y, area, glow=True):
 
 
 def freezer(area):
-    """Freezes what is in the area; one pale light and one cloud of frost mark it."""
+    """Freezes what is in the area; one pale light and one cloud of frost mark it. It ends short
+    of the bars of a sieve: crumbs of ice that lodge there must thaw and fall."""
     x, y, width, height = area
     stage.trigger("To_ice_a", area, name="freezer")
     stage.object(x + width // 2, y + height // 2, "img\\coldGlow.png", layer=1, name="freezer")
@@ -136,7 +137,7 @@ def sieve(left, right, y):
 
 
 def first_storey():
-    freezer((330, 220, 290, 184))
+    freezer((330, 220, 276, 184))
     sieve(612, 892, 360)
     pit(618, 886, 410, 60, ((580, 360, 612, 370), (892, 360, 924, 372)))
     stove(1000, 336, (900, 240, 196, 170))
@@ -147,17 +148,16 @@ def second_storey():
     stage.check_point(1160, 606, 70, 100)
     freezer((1150, 560, 186, 148))
     pit(1764, 1980, 976, 60, ((1738, 884, 1770, 896), (1976, 902, 2006, 914)))
-    stage.zoom((1150, 600, 60, 100))
     stage.shake((1990, 830, 110, 110))
 
 
 def third_storey():
     """The gallery: a headwind over two sieves, and the shaft of air."""
     stage.check_point(2160, 1074, 70, 160)
-    freezer((2064, 1060, 200, 180))
+    freezer((2072, 1060, 192, 180))
     sieve(1840, 2060, 1200)
     stage.solid(box(1780, 1200, 1840, 1216), "wood", name="island")
-    freezer((1764, 1108, 92, 92))
+    freezer((1786, 1108, 48, 92))
     sieve(1500, 1780, 1200)
     sieve(1420, 1500, 1200)
     pit(1420, 2056, 1250, 50, ((2062, 1198, 2090, 1210), (1780, 1200, 1840, 1208)))
@@ -174,10 +174,9 @@ def cradle(x, y, travel):
     """A ferry of bars for a lump: it waits, sets off when one sits in it, and comes back when
     water is in the cold bowl. Its low rims let a lump off under a steep tilt."""
     id = stage.new_id()
-    for at in (0, 102):
-        stage.solid(box(x + at, y - 7, x + at + 8, y + 10), "metal", COPPER, id=id, name="rim")
-    for at in (21, 42, 63, 84):
-        stage.solid(box(x + at, y, x + at + 6, y + 10), "metal", COPPER, id=id, name="bar")
+    for at, rise, width in ((0, 7, 8), (21, 0, 6), (42, 0, 6), (63, 0, 6), (84, 0, 6), (102, 7, 8)):
+        stage.solid(box(x + at, y - rise, x + at + width, y + 10), "metal", COPPER, id=id,
+                    name="bar")
     stage.scenery(1, box(x, y + 8, x + 110, y + 14), IRON, id=id, name="cradle")
     for at in (12, 92):
         stage.scenery(1, box(x + at, y - 226, x + at + 5, y + 10), IRON, id=id, name="rope")
@@ -228,7 +227,7 @@ def tunnel():
         stage.fan(x - 40, 1782, (x - 84, 1560, 84, 150), (0, -1), 680)
     pit(1246, 1814, 1780, 50, ((1208, 1712, 1240, 1722), (1820, 1712, 1852, 1724)))
     stage.wind((1430, 1580, 110, 130), (-1, 0), 90)
-    freezer((1450, 1600, 90, 112))
+    freezer((1450, 1590, 90, 92))
 
 
 def lowest_storey():
@@ -250,8 +249,8 @@ def lowest_storey():
 
 
 def lift(x, y, height):
-    """Three bars that carry a lump and no water, up and down until something is on the ledge:
-    then the brake holds them, and the gear and its noise stop."""
+    """Three bars that carry a lump and no water, up and down. Water in the cold bowl calls them,
+    what is on them below the ledge sends them up; at the pond they, gear and noise stop."""
     bars, gear, noise = (stage.new_id() for _ in range(3))
     for at in (16, 43, 70):
         stage.solid(box(x + at, y, x + at + 10, y + 10), "metal", COPPER, id=bars, name="bar")
@@ -265,7 +264,10 @@ def lift(x, y, height):
         stage.trigger(kind, (1960, 1722, 290, 210), target=target, name="lift starts")
     for kind, target in (("Mover_stop_1", bars), ("Anim_stop_1", gear), ("Sound_stop_1", noise),
                          ("Camera_shake_1", 0)):
-        stage.trigger(kind, (936, 1890, 40, 76), target=target, name="brake")
+        stage.trigger(kind, (880, 1890, 40, 90), target=target, name="brake")
+    # These two also start the lift again for drops that the brake left behind.
+    stage.trigger("Mover_goto_start_loop_a", (1094, 2140, 150, 106), target=bars, name="call")
+    stage.trigger("Mover_goto_end_loop_a", (992, 1964, 98, 248), target=bars, name="lift goes")
 
 
 def frost(points, depth=14):
@@ -349,23 +351,22 @@ def lights():
 
 
 def life():
-    for x, y in ((880, 160), (1046, 180), (1180, 772), (130, 1016)):
+    for x, y in ((880, 160), (1046, 180), (1180, 772), (130, 1016), (784, 1850)):
         stage.drip(x, y)
-    stage.drip(784, 1850)
     stage.hum(1870, 900, 400, "wind")
 
 
 def signs():
-    for x, y, way in ((560, 270, "right"), (1060, 290, "down"), (1310, 600, "right"),
-                      (2140, 860, "down"), (2020, 1150, "left"), (1460, 1000, "up"),
-                      (1380, 830, "left"), (840, 800, "left"), (136, 930, "down"),
-                      (320, 1060, "right"), (950, 1180, "down"), (790, 1280, "left"),
-                      (200, 1470, "down"), (340, 1640, "right"), (1210, 1650, "right"),
-                      (1360, 1600, "up"), (1600, 1600, "up"), (1920, 1650, "right"),
-                      (2020, 1800, "down"), (1850, 1900, "left"), (1464, 1960, "down"),
-                      (1230, 2170, "left"), (1590, 2140, "right"), (1040, 2060, "up"),
-                       (960, 1910, "left")):
-        stage.arrow(x, y, way)
+    for way, places in (
+            ("right", [(560, 270), (1310, 600), (320, 1060), (340, 1640), (1210, 1650),
+                       (1920, 1650), (1590, 2140)]),
+            ("down", [(1060, 290), (2140, 860), (136, 930), (950, 1180), (200, 1470),
+                      (2020, 1800), (1464, 1960)]),
+            ("left", [(2020, 1150), (1380, 830), (840, 800), (790, 1280), (1850, 1900),
+                      (1230, 2170), (960, 1910)]),
+            ("up", [(1460, 1000), (1360, 1600), (1600, 1600), (1040, 2060)])):
+        for x, y in places:
+            stage.arrow(x, y, way)
 
 
 def foreground():
@@ -391,22 +392,8 @@ def foreground():
                       (800, 1540)])
 
 
-far_walls()
-pipes()
-stores()
-linings()
-hollow()
-first_storey()
-second_storey()
-third_storey()
-thawing_room()
-hall()
-tunnel()
-lowest_storey()
-rime()
-lights()
-life()
-signs()
-foreground()
+for draw in (far_walls, pipes, stores, linings, hollow, first_storey, second_storey, third_storey,
+             thawing_room, hall, tunnel, lowest_storey, rime, lights, life, signs, foreground):
+    draw()
 stage.start(140, 220, camera=(784, 1980))
 stage.save("05_icestore.tmj")
