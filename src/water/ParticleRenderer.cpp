@@ -48,6 +48,9 @@ constexpr float trailSize = 3.0f;
 constexpr float waterTrail[3] = {0.5f, 0.25f, 0.125f};
 constexpr float steamTrail[3] = {0.5f, 0.25f, 0.0125f};
 
+/// Less alpha than this changes no pixel of 8 bits: the end of steam's trail, say.
+constexpr float invisibleAlpha = 0.5f / 255.0f;
+
 struct Vertex {
     float u, v;
     Colour colour;
@@ -104,6 +107,9 @@ float Fade(const Particle& particle) {
 
 void AddQuad(Vector2 centre, float halfSize, Colour colour, float alpha) {
     colour.a *= alpha;
+    if (colour.a < invisibleAlpha) {
+        return;
+    }
     const float left = centre.x - halfSize;
     const float right = centre.x + halfSize;
     const float top = centre.y - halfSize;
