@@ -97,4 +97,8 @@ TEST_F(RunTest, FallsSilentWhenTheLevelIsFinished) {
     MenuManager::Show(MenuManager::None);  // and with it the menu's own loop
     Render(4.0);                           // Splashes under way ring out.
     EXPECT_LT(LoudnessOf(0.5), 1e-6);
+    Game::Initialise(run->level);
+    MenuManager::Show(MenuManager::None);
+    MusicPlayer::Stop();
+    EXPECT_GT(Loudness(Play(1.0)), 1e-4) << "the next level is heard";
 }
