@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "Kind.h"
 #include "actors/MoverManager.h"
 #include "actors/TriggerManager.h"
 
@@ -51,22 +52,21 @@ bool IsUsedUp(const Trigger& trigger) {
 }  // namespace
 
 std::uint64_t State(Vector2 place) {
-    std::uint64_t hash = 14695981039346656037u;
-    const auto mix = [&hash](std::uint64_t value) { hash = (hash ^ value) * 1099511628211u; };
+    std::uint64_t hash = 0;
     for (const Mover& mover : MoverManager::movers) {
         if (!IsNear(mover, place)) {
             continue;
         }
         const bool loops = mover.state >= Mover::LoopingToStart;
         const float share = loops || mover.length <= 0.0f ? 0.0f : mover.distance / mover.length;
-        mix(mover.id);
-        mix(static_cast<std::uint64_t>(share * 2.99f) * 4 +
-            static_cast<std::uint64_t>(loops ? 3 : mover.state));
+        Kind::Mix(hash, mover.id);
+        Kind::Mix(hash, static_cast<std::uint64_t>(share * 2.99f) * 4 +
+                            static_cast<std::uint64_t>(loops ? 3 : mover.state));
     }
     std::uint64_t index = 0;
     for (const Trigger& trigger : TriggerManager::triggers) {
         if (IsUsedUp(trigger)) {
-            mix(index);
+            Kind::Mix(hash, index);
         }
         ++index;
     }

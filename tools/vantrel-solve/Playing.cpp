@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "Kind.h"
 #include "Machines.h"
 #include "Switches.h"
 #include "actors/Camera.h"
@@ -81,18 +82,14 @@ void ReadWater(Outcome& outcome) {
     }
 }
 
-void Mix(std::uint64_t& hash, std::uint64_t value) {
-    hash = (hash ^ value) * 1099511628211u;
-}
-
 void ReadFiredOnce(Outcome& outcome) {
-    outcome.fired = 14695981039346656037u;
+    outcome.fired = 0;
     std::size_t index = 0;
     for (const Trigger& trigger : TriggerManager::triggers) {
         // Sounds, pictures and the like change nothing for the water.
         const bool matters = trigger.type == 901 || (trigger.type >= 300 && trigger.type < 500);
         if (matters && trigger.typeInfo->fireLimit != 0) {
-            Mix(outcome.fired, trigger.fireCount);
+            Kind::Mix(outcome.fired, trigger.fireCount);
             if (trigger.fireCount != 0 && index < Outcome::mostTriggers) {
                 outcome.firedTriggers[index / 64] |= std::uint64_t{1} << index % 64;
             }
@@ -105,7 +102,7 @@ void ReadFiredOnce(Outcome& outcome) {
 /// the water among those that go to and fro, since all together would make every moment new.
 std::uint64_t MoverPlaces(Vector2 centre) {
     constexpr float reach = 300.0f;
-    std::uint64_t hash = 14695981039346656037u;
+    std::uint64_t hash = 0;
     const Mover* nearest = nullptr;
     float nearestDistance = reach;
     for (const Mover& mover : MoverManager::movers) {
@@ -117,13 +114,13 @@ std::uint64_t MoverPlaces(Vector2 centre) {
             }
         } else {
             const float share = mover.length > 0.0f ? mover.distance / mover.length : 0.0f;
-            Mix(hash, static_cast<std::uint64_t>(share * 2.99f));
+            Kind::Mix(hash, static_cast<std::uint64_t>(share * 2.99f));
         }
     }
     if (nearest != nullptr) {
         const float share = nearest->distance / std::max(nearest->length, 1.0f);
-        Mix(hash, nearest->id * 16 + static_cast<std::uint64_t>(share * 4.99f) * 2 +
-                      (nearest->state == Mover::LoopingToEnd ? 1 : 0));
+        Kind::Mix(hash, nearest->id * 16 + static_cast<std::uint64_t>(share * 4.99f) * 2 +
+                            (nearest->state == Mover::LoopingToEnd ? 1 : 0));
     }
     return hash;
 }

@@ -3,10 +3,10 @@
 #include "Search.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdio>
 
 #include "Archive.h"
+#include "Opening.h"
 #include "ProgressLine.h"
 #include "Rounds.h"
 #include "game/RunRecorder.h"
@@ -27,6 +27,7 @@ public:
           copies(chosen.room, chosen.leastWater),
           dice(chosen.seed),
           line(chosen.seconds) {
+        result.run = RunRecorder::Current();
         first = copies.StartFirst(game);
     }
 
@@ -51,10 +52,10 @@ private:
 };
 
 Move Searcher::ChooseMove(const Found& from) {
-    // Beyond 60 degrees the view stops: a key held down. Full tilts are the commonest.
-    constexpr std::array<float, 12> angles{-66, -66, -45, -30, -16, -7, 0, 7, 16, 30, 45, 66};
-    constexpr std::array<std::uint32_t, 6> lengths{16, 30, 45, 45, 75, 125};
+    using Opening::angles;
+    using Opening::lengths;
     Move move;
+    // Full tilts are the commonest.
     const std::uint32_t pick = dice.Below(angles.size() + 4);
     if (pick < angles.size()) {
         move.angle = angles[pick];
@@ -154,22 +155,6 @@ void Searcher::Run(const FlowMap& map) {
 
 SearchResult Search(const SearchSettings& settings) {
     SearchResult result;
-    HeadlessGame game(settings.windowWidth, settings.windowHeight);
-    result.failure = Playing::Begin(game, settings.level);
-    if (!result.failure.empty()) {
-        return result;
-    }
-    result.run = RunRecorder::Current();
-    Searcher searcher(settings, game, result);
-    if (!searcher.IsReady()) {
-        result.failure = "cannot start copies of the game";
-        return result;
-    }
-    const FlowMap map;
-    if (!map.HasFinish()) {
-        result.failure = "level '" + settings.level + "' has no finish that water can reach";
-        return result;
-    }
-    searcher.Run(map);
+    result.failure = Opening::RunOnLevel<Searcher>(settings, result);
     return result;
 }

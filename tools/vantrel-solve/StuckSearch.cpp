@@ -8,6 +8,7 @@
 #include <unordered_map>
 
 #include "Dice.h"
+#include "Opening.h"
 #include "ProgressLine.h"
 #include "Rounds.h"
 #include "StuckGraph.h"
@@ -35,9 +36,6 @@ constexpr float perTry = 8.0f;
 /// Frames in which water comes to rest, if it ever does.
 constexpr std::uint32_t settleFrames = 320;
 
-// Beyond 60 degrees the view stops: a key held down.
-constexpr std::array<float, 12> angles{-66, -66, -45, -30, -16, -7, 0, 7, 16, 30, 45, 66};
-constexpr std::array<std::uint32_t, 6> lengths{16, 30, 45, 45, 75, 125};
 /// Long enough for a lift to come and go.
 constexpr std::array<std::uint32_t, 3> waits{375, 500, 750};
 
@@ -158,8 +156,8 @@ Index Hunter::PickToJudge() const {
 
 Move Hunter::ChooseMove() {
     Move move;
-    move.angle = angles[dice.Below(angles.size())];
-    move.frames = lengths[dice.Below(lengths.size())];
+    move.angle = Opening::angles[dice.Below(Opening::angles.size())];
+    move.frames = Opening::lengths[dice.Below(Opening::lengths.size())];
     move.settle = dice.Below(3) != 0 ? settleFrames : 0;
     if (dice.Below(16) == 0) {
         move.frames = waits[dice.Below(waits.size())];
@@ -357,22 +355,7 @@ void Hunter::Run(const FlowMap& map) {
 
 StuckResult HuntStuck(const SearchSettings& settings, std::vector<RunStep> script) {
     StuckResult result;
-    HeadlessGame game(settings.windowWidth, settings.windowHeight);
-    result.failure = Playing::Begin(game, settings.level);
-    if (!result.failure.empty()) {
-        return result;
-    }
     Playing::script = std::move(script);
-    Hunter hunter(settings, game, result);
-    if (!hunter.IsReady()) {
-        result.failure = "cannot start copies of the game";
-        return result;
-    }
-    const FlowMap map;
-    if (!map.HasFinish()) {
-        result.failure = "level '" + settings.level + "' has no finish that water can reach";
-        return result;
-    }
-    hunter.Run(map);
+    result.failure = Opening::RunOnLevel<Hunter>(settings, result);
     return result;
 }
