@@ -119,19 +119,6 @@ def freezer(area):
     stage.hum(x + width // 2, y + height // 2, 320, "wind")
 
 
-def pit(left, right, y, depth, edges=()):
-    """A dark pit with a red ground; `edges` are places of chevrons."""
-    stage.kill((left, y, right - left, depth))
-    stage.scenery(0, box(left, y - 16, right, y + depth), DARK, name="pit")
-    count = max(1, round((right - left) / 240))
-    for i in range(count):
-        x = left + (right - left) * (2 * i + 1) // (2 * count)
-        stage.object(x, y + depth // 2, "img\\dangerGlow.png", layer=1, name="pit")
-        stage.playing(x, y + depth - 18, "drain")
-    for area in edges:
-        stage.hazard(*area)
-
-
 def sieve(left, right, y):
     stage.sieve(left, right, y, bar=18)
 
@@ -139,7 +126,7 @@ def sieve(left, right, y):
 def first_storey():
     freezer((330, 220, 276, 184))
     sieve(612, 892, 360)
-    pit(618, 886, 410, 60, ((580, 360, 612, 370), (892, 360, 924, 372)))
+    stage.lost(618, 886, 410, 60, ((580, 360, 612, 370), (892, 360, 924, 372)), opaque=True)
     stove(1000, 336, (900, 240, 196, 170))
 
 
@@ -147,7 +134,8 @@ def second_storey():
     stage.solid([(1060, 632), (1120, 642), (1140, 664), (1060, 648)], "cloth", SACK, name="sack")
     stage.check_point(1160, 606, 70, 100)
     freezer((1150, 560, 186, 148))
-    pit(1764, 1980, 976, 60, ((1738, 884, 1770, 896), (1976, 902, 2006, 914)))
+    stage.lost(1764, 1980, 976, 60, ((1738, 884, 1770, 896), (1976, 902, 2006, 914)),
+               opaque=True)
     stage.shake((1990, 830, 110, 110))
 
 
@@ -160,7 +148,8 @@ def third_storey():
     freezer((1786, 1108, 48, 92))
     sieve(1500, 1780, 1200)
     sieve(1420, 1500, 1200)
-    pit(1420, 2056, 1250, 50, ((2062, 1198, 2090, 1210), (1780, 1200, 1840, 1208)))
+    stage.lost(1420, 2056, 1250, 50, ((2062, 1198, 2090, 1210), (1780, 1200, 1840, 1208)),
+               opaque=True)
     stage.fan(1566, 1150, (1560, 1106, 440, 86), (1, 0), 110)
     stage.fan(1460, 1262, (1424, 880, 72, 318), (0, -1), 560)
 
@@ -195,7 +184,7 @@ def hall():
                 "stone", STONE, name="upper floor")
     freezer((750, 790, 288, 116))
     cradle(752, 896, -264)
-    pit(478, 872, 946, 44, ((454, 901, 484, 912), (866, 888, 882, 898)))
+    stage.lost(478, 872, 946, 44, ((454, 901, 484, 912), (866, 888, 882, 898)), opaque=True)
     stage.solid([(96, 1096), (200, 1112), (426, 1120), (432, 1184), (468, 1184), (474, 1126),
                  (560, 1129), (600, 1131), (690, 1135), (700, 1136), (850, 1150), (866, 1166),
                  (850, 1196), (700, 1206), (92, 1212)], "stone", STONE, name="middle floor")
@@ -206,7 +195,8 @@ def hall():
     stage.shake((98, 960, 76, 60))
     stage.drain(428, 1123, 44, 58)
     freezer((850, 1240, 180, 116))
-    pit(518, 570, 1444, 46, ((568, 1404, 596, 1414), (488, 1404, 506, 1412)))
+    stage.lost(518, 570, 1444, 46, ((568, 1404, 596, 1414), (488, 1404, 506, 1412)),
+               opaque=True)
     stove(300, 1440, (120, 1404, 370, 110))
 
 
@@ -225,7 +215,8 @@ def tunnel():
         stage.solid(box(x, 1640, x + 20, 1730), "stone", BRICK, name="wall")
         stage.post(x - 2, 1730, 1830, 24)
         stage.fan(x - 40, 1782, (x - 84, 1560, 84, 150), (0, -1), 680)
-    pit(1246, 1814, 1780, 50, ((1208, 1712, 1240, 1722), (1820, 1712, 1852, 1724)))
+    stage.lost(1246, 1814, 1780, 50, ((1208, 1712, 1240, 1722), (1820, 1712, 1852, 1724)),
+               opaque=True)
     stage.wind((1430, 1580, 110, 130), (-1, 0), 90)
     freezer((1450, 1590, 90, 92))
 
@@ -234,7 +225,8 @@ def lowest_storey():
     """The slide to the chute, the plate behind a grate that opens the gate, the lump's lift."""
     stage.check_point(2080, 1830, 60, 90)
     freezer((1966, 1760, 284, 176))
-    pit(1298, 1398, 2064, 40, ((1404, 2058, 1430, 2068), (1280, 2040, 1290, 2104)))
+    stage.lost(1298, 1398, 2064, 40, ((1404, 2058, 1430, 2068), (1280, 2040, 1290, 2104)),
+               opaque=True)
     stove(1420, 2160, (1330, 2130, 174, 84), glow=False)
     for y in (2136, 2166):
         stage.solid(box(1514, y, 1528, y + 13), "metal", METAL, name="grate")
@@ -242,7 +234,8 @@ def lowest_storey():
     stage.check_point(1150, 2140, 60, 100)
     freezer((1094, 2140, 150, 106))
     lift(992, 2214, 256)
-    pit(996, 1084, 2280, 50, ((1090, 2214, 1104, 2226), (978, 2150, 990, 2330)))
+    stage.lost(996, 1084, 2280, 50, ((1090, 2214, 1104, 2226), (978, 2150, 990, 2330)),
+               opaque=True)
     stage.trigger("Level_end_a", (690, 1964, 190, 96), name="finish")
     stage.object(784, 2020, "img\\goalGlow.png", layer=0, name="finish")
     stage.playing(784, 1910, "finishSign")

@@ -319,11 +319,15 @@ class Stage(Map):
         self.scenery(1, box(left, y + 10, right, y + 18), IRON, name="sieve")
         self.wind((left + 4, y - 12, right - left - 8, 80), (0, 1), 600)
 
-    def lost(self, left, right, y, depth, edges=()):
-        """A dark red pit below a sieve or a leap; `edges` are places of chevrons."""
-        self.scenery(1, box(left, y, right, y + depth), SHADE, name="pit")
+    def lost(self, left, right, y, depth, edges=(), opaque=False):
+        """A dark red pit below a sieve or a leap; `edges` are places of chevrons. An opaque one
+        lies in the far wall and has fewer lights: wide ones cost much less to draw so."""
+        if opaque:
+            self.scenery(0, box(left, y - 16, right, y + depth), DARK, name="pit")
+        else:
+            self.scenery(1, box(left, y, right, y + depth), SHADE, name="pit")
         self.kill((left, y, right - left, depth))
-        count = max(1, round((right - left) / 130))
+        count = max(1, round((right - left) / (240 if opaque else 130)))
         for i in range(count):
             x = left + (right - left) * (2 * i + 1) // (2 * count)
             self.object(x, y + depth // 2, "img\\dangerGlow.png", layer=1, name="pit")
