@@ -2,6 +2,7 @@
 option(VANTREL_TESTS "Build the tests" ON)
 option(VANTREL_BENCH "Build the benchmarks" OFF)
 option(VANTREL_VALIDATE "Re-check lists, grid and tree after each simulation step" OFF)
+option(VANTREL_ASSERTS "Check preconditions (platform/Assert.h)" OFF)
 set(VANTREL_SANITIZE "" CACHE STRING "Sanitizers, as in -fsanitize=")
 option(VANTREL_FUZZ "Build the libFuzzer programs (clang only)" OFF)
 option(VANTREL_COVERAGE "Instrument for gcov" OFF)
@@ -24,7 +25,8 @@ target_compile_options(vantrel_flags INTERFACE
   -ffp-contract=off)
 target_include_directories(vantrel_flags INTERFACE ${PROJECT_SOURCE_DIR}/src)
 target_compile_definitions(vantrel_flags INTERFACE
-  $<$<BOOL:${VANTREL_VALIDATE}>:VANTREL_VALIDATE>)
+  $<$<BOOL:${VANTREL_VALIDATE}>:VANTREL_VALIDATE>
+  $<$<BOOL:${VANTREL_ASSERTS}>:VANTREL_ASSERTS>)
 
 if(VANTREL_SANITIZE)
   target_compile_options(vantrel_flags INTERFACE
