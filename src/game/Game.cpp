@@ -277,6 +277,9 @@ void Game::Run(const std::string& mapName) {
     gameState.frameTimer.Reset();
     while (GLWindow::IsOpen() && gameState.running) {
         GLWindow::PumpMessages();
+        if (!GLWindow::IsOpen()) {
+            break;  // a level that was asked for just before can't be loaded any more
+        }
         Frame();
         if (GLWindow::IsMinimised()) {
             Platform::TheClock().Sleep(1);

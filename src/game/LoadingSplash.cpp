@@ -25,10 +25,7 @@ std::atomic<bool> splashReady = true;     // set by the splash thread
 std::unique_ptr<Thread> splashThread;
 GLWindowEventListener* savedListener = nullptr;
 
-// Written before the thread starts. The platform may not be asked for sizes in the thread.
-std::unique_ptr<SplashPicture> picture;
-int clientWidth = 0;
-int clientHeight = 0;
+std::unique_ptr<SplashPicture> picture;  // made before the thread starts
 
 std::uint32_t Run(void*) {
     Platform::TheWindow().BorrowContext();
@@ -39,7 +36,7 @@ std::uint32_t Run(void*) {
     while (splashRunning) {
         timer.Tick();
         picture->Step(timer.deltaSeconds);
-        picture->Draw(clientWidth, clientHeight);
+        picture->Draw(GLWindow::ClientWidth(), GLWindow::ClientHeight());
         GLWindow::SwapBuffers();
         Platform::TheClock().Sleep(pause);
     }
@@ -50,7 +47,7 @@ std::uint32_t Run(void*) {
 
 void ShowStill() {
     PushAllState();
-    picture->Draw(clientWidth, clientHeight);
+    picture->Draw(GLWindow::ClientWidth(), GLWindow::ClientHeight());
     PopAllState();
     GLWindow::SwapBuffers();
 }
@@ -83,13 +80,12 @@ void Start() {
     }
     savedListener = GLWindow::GetListener();
     GLWindow::SetListener(nullptr);
+    GLWindow::HoldEvents();
     splashRunning = true;
     if (!GLWindow::IsOpen()) {
         return;
     }
     picture = std::make_unique<SplashPicture>();
-    clientWidth = GLWindow::ClientWidth();
-    clientHeight = GLWindow::ClientHeight();
     if (!StartThread()) {
         ShowStill();
     }
@@ -105,6 +101,7 @@ void Stop() {
         Platform::TheWindow().ReclaimContext();
     }
     picture.reset();
+    GLWindow::ReleaseEvents();
     GLWindow::SetListener(savedListener);
     savedListener = nullptr;
 }

@@ -5,8 +5,10 @@
 #include "graphics/GLWindow.h"
 
 #include <cstdint>
+#include <utility>
 
 #include "graphics/GLWindowState.h"
+#include "platform/Assert.h"
 #include "platform/System.h"
 
 namespace GLWindow {
@@ -95,6 +97,27 @@ void NoticeFocus() {
     }
 }
 
+/// Whether the event has to wait, and is kept.
+bool HoldBack(const Platform::Event& event) {
+    const bool isResize = event.kind == Platform::EventKind::Resize;
+    const bool isClose = event.kind == Platform::EventKind::Close;
+    if (!state.holding || (!isResize && !isClose)) {
+        return false;
+    }
+    state.heldResize |= isResize;
+    state.heldClose |= isClose;
+    return true;
+}
+
+void ServeHeldEvents() {
+    if (std::exchange(state.heldResize, false)) {
+        Dispatch({.kind = Platform::EventKind::Resize});
+    }
+    if (std::exchange(state.heldClose, false)) {
+        Dispatch({.kind = Platform::EventKind::Close});
+    }
+}
+
 }  // namespace
 
 void MakeWindow(const Platform::WindowSettings& settings) {
@@ -103,6 +126,8 @@ void MakeWindow(const Platform::WindowSettings& settings) {
         Fail(error);
     }
     state.mayLoseFocus = false;
+    state.heldResize = false;
+    state.heldClose = false;
     SetTitle(settings.title);
 }
 
@@ -127,6 +152,7 @@ void Create(const std::string& title, int width, int height) {
 }
 
 void Close() {
+    VANTREL_ASSERT(!state.holding);
     if (!IsOpen() || state.closing) {
         return;
     }
@@ -151,15 +177,20 @@ bool IsOpen() {
 void PumpMessages() {
     Platform::Window& window = Platform::TheWindow();
     Platform::Event event;
+    if (!state.holding) {
+        ServeHeldEvents();
+    }
     while (IsOpen() && window.TakeEvent(event)) {
-        Dispatch(event);
+        if (!HoldBack(event)) {
+            Dispatch(event);
+        }
         // A paint ends the drain: what it asks for comes with the next one, so that a
         // listener that always wants another frame doesn't hold the loop.
         if (event.kind == Platform::EventKind::Paint) {
             break;
         }
     }
-    if (!IsOpen()) {
+    if (!IsOpen() || state.holding) {
         return;
     }
     NoticeFocus();
@@ -171,6 +202,14 @@ void PumpMessages() {
     if (state.listener != nullptr) {
         state.listener->OnFocusLost();
     }
+}
+
+void HoldEvents() {
+    state.holding = true;
+}
+
+void ReleaseEvents() {
+    state.holding = false;
 }
 
 void RequestRepaint() {

@@ -22,6 +22,11 @@ bool IsOpen();
 /// Drains the event queue. If the window has lost the foreground it is minimised here, and
 /// the listener hears OnFocusLost, once per loss.
 void PumpMessages();
+/// From here to ReleaseEvents, while something is going on that needs its window as it is,
+/// PumpMessages neither closes nor minimises it: a close, a new size and a loss of the
+/// foreground are served by the first pump after that. Close is not to be called meanwhile.
+void HoldEvents();
+void ReleaseEvents();
 void RequestRepaint();
 void SwapBuffers();
 /// Null is allowed and drops all events. Not owned.
@@ -38,7 +43,8 @@ void Maximise();
 void Minimise();
 void Restore();
 
-/// Size of the client area in framebuffer pixels, asked of the platform at each call.
+/// Size of the client area in framebuffer pixels, asked of the platform at each call; in any
+/// thread.
 int ClientWidth();
 int ClientHeight();
 int ScreenWidth();

@@ -20,6 +20,9 @@ struct State {
     int lastKey = 0;
     bool fullscreen = false;
     bool closing = false;
+    bool holding = false;  ///< and what has come since and waits for its end:
+    bool heldResize = false;
+    bool heldClose = false;
     /// The window had the foreground since it was made or minimised: only then is not having
     /// it a loss.
     bool mayLoseFocus = false;

@@ -59,20 +59,21 @@ bool HasAttribute(GLFWwindow* window, int attribute) {
 
 void GlfwWindow::State::AskWindow() {
     glfwGetWindowSize(window, &told.size.x, &told.size.y);
-    glfwGetFramebufferSize(window, &told.pixels.x, &told.pixels.y);
+    Point area;
+    glfwGetFramebufferSize(window, &area.x, &area.y);
+    pixels = area;
     told.focused = HasAttribute(window, GLFW_FOCUSED);
     told.iconified = HasAttribute(window, GLFW_ICONIFIED);
 }
 
 double GlfwWindow::State::Scale() const {
-    return told.size.x > 0 && told.pixels.x > 0 ? static_cast<double>(told.pixels.x) / told.size.x
-                                                : 1.0;
+    const int width = pixels.load().x;
+    return told.size.x > 0 && width > 0 ? static_cast<double>(width) / told.size.x : 1.0;
 }
 
 void GlfwWindow::State::AwaitSize(Point wanted) {
     const std::uint32_t start = clock.Milliseconds();
-    while ((told.pixels.x != wanted.x || told.pixels.y != wanted.y) &&
-           clock.Milliseconds() - start < patienceMilliseconds) {
+    while (pixels.load() != wanted && clock.Milliseconds() - start < patienceMilliseconds) {
         glfwWaitEventsTimeout(0.005);
     }
 }
@@ -80,8 +81,7 @@ void GlfwWindow::State::AwaitSize(Point wanted) {
 void GlfwWindow::State::AwaitPosition(Point position) {
     const std::uint32_t start = clock.Milliseconds();
     Point now = PositionOf(window);
-    while ((now.x != position.x || now.y != position.y) &&
-           clock.Milliseconds() - start < patienceMilliseconds) {
+    while (now != position && clock.Milliseconds() - start < patienceMilliseconds) {
         glfwWaitEventsTimeout(0.005);
         now = PositionOf(window);
     }
@@ -174,11 +174,11 @@ void GlfwWindow::State::ApplyIcon() {
 // Geometry.
 
 int GlfwWindow::ClientWidth() const {
-    return state->told.pixels.x;
+    return state->pixels.load().x;
 }
 
 int GlfwWindow::ClientHeight() const {
-    return state->told.pixels.y;
+    return state->pixels.load().y;
 }
 
 int GlfwWindow::ScreenWidth() const {
@@ -248,7 +248,7 @@ void GlfwWindow::SetClientSize(int width, int height) {
     }
     const double scale = state->Scale();
     const Point size{std::max(width, 1), std::max(height, 1)};
-    if (state->told.pixels.x == size.x && state->told.pixels.y == size.y) {
+    if (state->pixels.load() == size) {
         return;
     }
     glfwSetWindowSize(state->window, std::max(Scaled(size.x, 1.0 / scale), 1),
@@ -361,7 +361,7 @@ void GlfwWindow::WarpCursor(int screenX, int screenY) {
                      (screenY - ClientTop()) / scale);
     // The toolkit keeps quiet about moves of its own.
     const Point after = state->CursorPosition();
-    if (after.x != before.x || after.y != before.y) {
+    if (after != before) {
         state->input.AddMouseMove(after.x, after.y);
     }
 }

@@ -147,7 +147,7 @@ void GlfwWindow::State::ListenToEvents() {
     glfwSetWindowIconifyCallback(
         window, [](GLFWwindow* w, int on) { stateOf(w).told.iconified = on == GLFW_TRUE; });
     glfwSetFramebufferSizeCallback(window, [](GLFWwindow* w, int width, int height) {
-        stateOf(w).told.pixels = {width, height};
+        stateOf(w).pixels = Point{width, height};
         stateOf(w).input.AddEvent({.kind = EventKind::Resize});
     });
     glfwSetWindowCloseCallback(window, [](GLFWwindow* w) {
@@ -196,6 +196,7 @@ void GlfwWindow::Destroy() {
         state->window = nullptr;
         state->samples = 1;
         state->told = {};
+        state->pixels = Point{};
         state->input.Clear();
     }
 }

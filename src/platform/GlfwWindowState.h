@@ -3,6 +3,7 @@
 
 #include <GLFW/glfw3.h>
 
+#include <atomic>
 #include <map>
 #include <optional>
 #include <string>
@@ -18,6 +19,7 @@ namespace Platform {
 struct Point {
     int x = 0;
     int y = 0;
+    bool operator==(const Point&) const = default;
 };
 
 struct GlfwWindow::State {
@@ -27,12 +29,12 @@ struct GlfwWindow::State {
     /// What the window told of itself last: to ask costs a round trip to the display, and a
     /// frame would ask a dozen times. Empty without a window.
     struct Told {
-        Point size;    ///< of the client area, in the toolkit's units
-        Point pixels;  ///< of the framebuffer
+        Point size;  ///< of the client area, in the toolkit's units
         bool focused = false;
         bool iconified = false;
     };
     Told told;
+    std::atomic<Point> pixels;  ///< of the framebuffer; also asked by the thread that draws
 
     WindowInput input;
     FocusFilter focus;

@@ -74,8 +74,8 @@ public:
     // lists, to load with; false, with nothing changed, if there is none to be had. Then the
     // other thread calls `BorrowContext`, draws and swaps, and calls `ReturnContext`. When it
     // has ended, `ReclaimContext` makes the window's context the main thread's again and drops
-    // the hidden one; what was loaded in it stays. Meanwhile the main thread doesn't swap, and
-    // the other one asks the window for nothing.
+    // the hidden one; what was loaded in it stays. Meanwhile the main thread doesn't swap or
+    // destroy the window, and the other one asks it for nothing but the client size.
     virtual bool LendContext() { return false; }
     virtual void BorrowContext() {}
     virtual void ReturnContext() {}

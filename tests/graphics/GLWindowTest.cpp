@@ -128,6 +128,36 @@ TEST_F(GLWindowTest, LeavesAWindowAloneThatTheUserMinimised) {
     EXPECT_TRUE(recorder.Take().empty());
 }
 
+TEST_F(GLWindowTest, HoldsBackWhatWouldChangeTheWindow) {
+    GLWindow::HoldEvents();
+    GLWindow::SetListener(nullptr);
+    window.SetClientSize(640, 480);
+    window.SetForeground(false);
+    window.QueueEvent({.kind = EventKind::Close});
+    window.SetKey('A', true);
+    GLWindow::PumpMessages();
+    GLWindow::PumpMessages();
+    EXPECT_TRUE(GLWindow::IsOpen());
+    EXPECT_EQ(window.MinimiseCount(), 0);
+    EXPECT_EQ(window.ViewportWidth(), 800) << "of another context";
+    GLWindow::ReleaseEvents();
+    GLWindow::SetListener(&recorder);
+    EXPECT_TRUE(GLWindow::IsOpen());
+    GLWindow::PumpMessages();
+    EXPECT_EQ(recorder.Take(), (Heard{"resize", "close", "destroy"}));
+    EXPECT_FALSE(GLWindow::IsOpen());
+
+    GLWindow::Create("Game", 800, 600);
+    GLWindow::SetListener(&recorder);
+    GLWindow::HoldEvents();
+    window.SetForeground(false);
+    GLWindow::PumpMessages();
+    GLWindow::ReleaseEvents();
+    GLWindow::PumpMessages();
+    EXPECT_EQ(recorder.Take(), Heard{"focusLost"});
+    EXPECT_EQ(window.MinimiseCount(), 1);
+}
+
 TEST_F(GLWindowTest, WalksTowardsSixtyHertz) {
     EXPECT_EQ(BestRate({60, 75, 85}), 60);
     EXPECT_EQ(BestRate({85, 75, 60}), 60);

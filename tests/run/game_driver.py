@@ -37,10 +37,10 @@ class Driver:
     """A running game with a home, a configuration and a working directory of its own. It is
     played at once, without a stay in its main menu, unless `menu` is set. The opening film is
     passed over, as an empty one of the player's own comes before the game's; `intro` names
-    another film to play, and then nothing is waited for."""
+    another film to play. Nothing is waited for then, nor without `waits`."""
 
     def __init__(self, program, *arguments, size=(800, 600), settings=None, data=None,
-                 menu=False, intro=None, home=None):
+                 menu=False, intro=None, home=None, waits=True):
         self.keeps_home = home is not None
         self.home = home or tempfile.mkdtemp(prefix="vantrel-run-")
         self._write_settings({"cfg/console.cfg": "enableLogging true\nfontSize 8\n",
@@ -55,7 +55,7 @@ class Driver:
                                         stderr=subprocess.PIPE, text=True)
         self.window = wait_for(self._find_window, "the game's window")
         self.size = size
-        if intro:
+        if intro or not waits:
             return
         self.await_level()
         if not menu:
