@@ -29,11 +29,13 @@ void AddMovers(int count) {
 
 /// Areas all over the view that overlap each other, with effects that leave the water there.
 void AddTriggers(int count) {
-    const int types[] = {1, 200, 405, 502, 602};
+    constexpr TriggerKind kinds[] = {TriggerKind::ToWater, TriggerKind::ForceDirectional,
+                                     TriggerKind::MoverGoToEnd, TriggerKind::EmitterStart,
+                                     TriggerKind::CameraZoom};
     for (int i = 0; i < count; ++i) {
         const Vector2 at{static_cast<float>(i % 20) * 39.0f - 390.0f,
                          static_cast<float>(i / 20) * 55.0f - 270.0f};
-        TestWorld::AddTrigger(types[i % 5], at, at + Vector2{100.0f, 80.0f},
+        TestWorld::AddTrigger(kinds[i % 5], at, at + Vector2{100.0f, 80.0f},
                               static_cast<std::uint32_t>(i % 60));
     }
 }

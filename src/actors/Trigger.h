@@ -7,26 +7,17 @@
 
 #include "actors/IdIndex.h"
 #include "engine/Vector2.h"
+#include "level/TriggerTypes.h"
 
 class LevelPolygon;
 struct Emitter;
 struct Force;
 struct LevelObject;
 struct Mover;
-struct Trigger;
+struct TriggerFiring;
 
-/// What a trigger type does. `object` is a Particle where `kind` is 0 and a ParticleGroup where
-/// it is 1; null with kind 0 when the effect was delayed. `dt` in seconds, of the firing step.
-using TriggerEffect = void (*)(Trigger& trigger, void* object, unsigned kind, float dt);
-
-struct TriggerType {
-    int number = 0;  ///< in level files
-    const char* name = nullptr;
-    TriggerEffect effect = nullptr;
-    std::uint32_t fireLimit = 0;  ///< firings until the next reset; 0: any number
-    bool needsObject = false;     ///< acts on the water that fired it, so it can't be delayed
-    float repeatDelay = 0.0f;     ///< seconds between firings
-};
+/// What a trigger type does; see TriggerEffects.h.
+using TriggerEffect = void (*)(const TriggerFiring& firing);
 
 struct TriggerTriangle {
     /// Takes the corners, in an order that makes the normals point inwards.
@@ -52,6 +43,8 @@ struct Trigger {
     }
     /// Mean of the six corners of the triangles.
     Vector2 Centre() const;
+    /// The type's kind; of no enumerator if the number is unknown.
+    TriggerKind Kind() const { return static_cast<TriggerKind>(type); }
     bool IsSpent() const { return typeInfo->fireLimit != 0 && fireCount >= typeInfo->fireLimit; }
 
     TriggerTriangle triangleA;  ///< corners 0, 1, 2
@@ -65,7 +58,8 @@ struct Trigger {
     float boxReach = 0.0f;
     int type = 0;                           ///< as the level file says, known or not
     std::uint32_t targetId = 0;             ///< 0 binds nothing
-    const TriggerType* typeInfo = nullptr;  ///< never null once added
+    const TriggerType* typeInfo = nullptr;  ///< never null once added; that of Null if unknown
+    TriggerEffect effect = nullptr;         ///< never null once added
     float cooldown = 0.0f;                  ///< seconds until it may be tested again
     float delay = 0.0f;                     ///< seconds from firing to effect
     std::uint32_t fireCount = 0;            ///< since the last reset

@@ -1,5 +1,5 @@
 // The list of triggers, the test of the water against them, and delayed effects. What the
-// types do is in TriggerTypes.cpp.
+// types do is in TriggerEffects.cpp.
 
 #include "actors/TriggerManager.h"
 
@@ -11,7 +11,7 @@
 #include "actors/ForceManager.h"
 #include "actors/LevelObjectsManager.h"
 #include "actors/MoverManager.h"
-#include "actors/TriggerTypes.h"
+#include "actors/TriggerEffects.h"
 #include "actors/ViewSquare.h"
 #include "engine/Console.h"
 #include "engine/Text.h"
@@ -36,7 +36,6 @@ IdIndex<Mover> moverIndex;
 IdIndex<Emitter> emitterIndex;
 
 struct DelayedEffect {
-    TriggerEffect effect;
     Trigger* trigger;
     float dt;        // of the step of firing, seconds
     float timeLeft;  // seconds
@@ -69,7 +68,7 @@ void RunDelayedEffects(float dt) {
         delayed.timeLeft -= dt;
         if (delayed.timeLeft <= 0.0f) {
             for (std::uint32_t i = 0; i < delayed.times; ++i) {
-                delayed.effect(*delayed.trigger, nullptr, 0, delayed.dt);
+                delayed.trigger->effect({*delayed.trigger, {}, delayed.dt});
             }
         }
     }
@@ -86,7 +85,7 @@ void Delay(Trigger& trigger, float dt) {
             return;
         }
     }
-    delayedEffects.push_back({trigger.typeInfo->effect, &trigger, dt, trigger.delay, 1});
+    delayedEffects.push_back({&trigger, dt, trigger.delay, 1});
 }
 
 void CollectCandidates(float dt) {
@@ -107,17 +106,18 @@ void CollectCandidates(float dt) {
     }
 }
 
-void Fire(Trigger& trigger, void* object, unsigned kind, float dt) {
+void Fire(Trigger& trigger, WaterHit water, float dt) {
     ++trigger.fireCount;
     trigger.cooldown = trigger.typeInfo->repeatDelay;
     if (trigger.delay > 0.0f) {
         Delay(trigger, dt);
     } else {
-        trigger.typeInfo->effect(trigger, object, kind, dt);
+        trigger.effect({trigger, water, dt});
     }
 }
 
-void Test(Vector2 position, void* object, unsigned kind, float dt) {
+void Test(WaterHit water, float dt) {
+    const Vector2 position = water.Position();
     for (const Candidate& candidate : candidates) {
         if (position.x < candidate.minX || position.x > candidate.maxX ||
             position.y < candidate.minY || position.y > candidate.maxY) {
@@ -125,16 +125,16 @@ void Test(Vector2 position, void* object, unsigned kind, float dt) {
         }
         Trigger& trigger = *candidate.trigger;
         if (!trigger.IsSpent() && trigger.Contains(position)) {
-            Fire(trigger, object, kind, dt);
+            Fire(trigger, water, dt);
         }
     }
 }
 
 void PrintTypes() {
     Console::PrintBanner("Trigger types");
-    for (const TriggerType& type : TriggerTypes::All()) {
+    for (const TriggerType& type : TriggerTypes::all) {
         Console::Print("\nTrigger id: ");
-        Console::PrintInt(type.number);
+        Console::PrintInt(type.Number());
         Console::Print("\t\tTrigger name:   ");
         Console::Print(type.name);
     }
@@ -208,8 +208,10 @@ void Add(int type, std::uint32_t targetId, float delay, Vector2 corner0, Vector2
     trigger.SetCorners(corner0, corner1, corner2, corner3);
     trigger.targetId = targetId;
     trigger.type = type;
-    trigger.typeInfo = &TriggerTypes::Find(type);
-    trigger.delay = trigger.typeInfo->needsObject || !std::isfinite(delay) ? 0.0f : delay;
+    const TriggerType* const known = TriggerTypes::Find(type);
+    trigger.typeInfo = known != nullptr ? known : TriggerTypes::Find("Null_a");
+    trigger.effect = TriggerEffects::Of(trigger.Kind());
+    trigger.delay = trigger.typeInfo->needsWater || !std::isfinite(delay) ? 0.0f : delay;
     Bind(trigger);
 }
 
@@ -228,10 +230,10 @@ void Step(float dt) {
         return;
     }
     for (Particle& particle : ParticleManager::particles) {
-        Test(particle.position, &particle, 0, dt);
+        Test({.particle = &particle}, dt);
     }
     for (ParticleGroup& group : GroupedParticleMover::groups) {
-        Test(group.position, &group, 1, dt);
+        Test({.group = &group}, dt);
     }
 }
 

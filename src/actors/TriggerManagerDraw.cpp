@@ -33,7 +33,7 @@ void DrawTrigger(const Trigger& trigger, const ViewSquare& square) {
     DrawTriangle(trigger.triangleB, colour);
     char text[64];
     std::snprintf(text, sizeof text, "id: %1i name: %2s ", static_cast<int>(trigger.targetId),
-                  trigger.typeInfo->name);
+                  trigger.typeInfo->name.data());
     labels.Add(trigger.Centre(), text);
 }
 

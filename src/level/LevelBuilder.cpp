@@ -3,13 +3,10 @@
 #include <unordered_set>
 #include <vector>
 
+#include "level/TriggerTypes.h"
 #include "water/ParticleMover.h"
 
 namespace {
-
-// Trigger types that take polygons out of the level and put them back.
-constexpr std::uint32_t entityRemove = 300;
-constexpr std::uint32_t entityAdd = 301;
 
 /// Flags are a plain number; those without a meaning leave the polygon solid and visible.
 void SetFlags(LevelPolygon& polygon, std::uint32_t flags) {
@@ -40,7 +37,7 @@ LevelPolygon LevelBuilder::BuildPolygon(const LevelFile::Polygon& record) {
 void LevelBuilder::MarkPolygons(std::list<LevelPolygon>& polygons, const LevelFile& file) {
     std::unordered_set<std::uint32_t> toggled;
     for (const LevelFile::Trigger& trigger : file.triggers) {
-        if (trigger.type == entityRemove || trigger.type == entityAdd) {
+        if (TriggerTypes::Toggles(TriggerTypes::KindOf(trigger.type))) {
             toggled.insert(trigger.targetId);
         }
     }

@@ -42,10 +42,9 @@ void MapSegments() {
 
 /// Lets all looping sounds run but those that a trigger will start.
 void StartLoopingSounds() {
-    constexpr int soundPlay = 100;  // the trigger type that starts sounds
     std::vector<std::uint32_t> waiting;
     for (const Trigger& trigger : TriggerManager::triggers) {
-        if (trigger.type == soundPlay) {
+        if (trigger.Kind() == TriggerKind::SoundPlay) {
             waiting.push_back(trigger.targetId);
         }
     }

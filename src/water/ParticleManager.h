@@ -5,10 +5,7 @@
 
 #include <cstdint>
 
-#include "water/Particle.h"
-
-struct Trigger;
-
+#include "water/WaterHit.h"
 namespace ParticleManager {
 
 /// All free particles; a particle is in this list or in exactly one group.
@@ -40,8 +37,7 @@ void ClearAll();
 /// Reads the temperature triggers' speed and limits from cfg\water.cfg.
 void TemperatureChangeReadConfig();
 
-// Effects of the temperature triggers. `kind` 0: `target` is a Particle; 1: a ParticleGroup;
-// anything else does nothing. The trigger isn't read.
-void TemperatureTriggerToWater(Trigger& trigger, void* target, unsigned kind, float dt);
-void TemperatureTriggerToIce(Trigger& trigger, void* target, unsigned kind, float dt);
-void TemperatureTriggerToSteam(Trigger& trigger, void* target, unsigned kind, float dt);
+// What temperature triggers do to a particle or a lump in `dt` seconds; nothing to neither.
+void TemperatureTriggerToWater(WaterHit hit, float dt);
+void TemperatureTriggerToIce(WaterHit hit, float dt);
+void TemperatureTriggerToSteam(WaterHit hit, float dt);

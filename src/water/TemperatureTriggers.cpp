@@ -14,14 +14,6 @@ float changeSpeed = 0.0f;        // degrees per second
 float changeAmountIce = 0.0f;    // `ToIce` cools down to minus this
 float changeAmountSteam = 0.0f;  // `ToSteam` heats up to this
 
-/// The temperature of a particle (kind 0) or a group (kind 1), else null.
-float* TemperatureOf(void* target, unsigned kind) {
-    if (kind == 0) {
-        return &static_cast<Particle*>(target)->temperature;
-    }
-    return kind == 1 ? &static_cast<ParticleGroup*>(target)->temperature : nullptr;
-}
-
 float AtMost(float value, float limit) {
     return value > limit ? limit : value;
 }
@@ -39,35 +31,29 @@ void TemperatureChangeReadConfig() {
     changeAmountSteam = std::fabs(config.GetFloat("triggerTemperatureChangeAmountSteam"));
 }
 
-void TemperatureTriggerToWater(Trigger& /*trigger*/, void* target, unsigned kind, float dt) {
-    float* const temperature = TemperatureOf(target, kind);
-    if (temperature == nullptr) {
-        return;
-    }
+void TemperatureTriggerToWater(WaterHit hit, float dt) {
     const float change = dt * changeSpeed;
-    if (kind == 1) {
-        *temperature += change;
-    } else if (*temperature < waterTemperature) {
-        *temperature = AtMost(*temperature + change, waterTemperature);
-    } else {
-        *temperature = AtLeast(*temperature - change, waterTemperature);
+    if (hit.group) {
+        hit.group->temperature += change;
+    } else if (hit.particle) {
+        float& temperature = hit.particle->temperature;
+        temperature = temperature < waterTemperature
+                          ? AtMost(temperature + change, waterTemperature)
+                          : AtLeast(temperature - change, waterTemperature);
     }
 }
 
-void TemperatureTriggerToIce(Trigger& /*trigger*/, void* target, unsigned kind, float dt) {
-    float* const temperature = TemperatureOf(target, kind);
-    if (temperature != nullptr) {
-        *temperature = AtLeast(*temperature - dt * changeSpeed, -changeAmountIce);
+void TemperatureTriggerToIce(WaterHit hit, float dt) {
+    if (hit) {
+        hit.Temperature() = AtLeast(hit.Temperature() - dt * changeSpeed, -changeAmountIce);
     }
 }
 
-void TemperatureTriggerToSteam(Trigger& /*trigger*/, void* target, unsigned kind, float dt) {
-    float* const temperature = TemperatureOf(target, kind);
-    if (temperature == nullptr) {
-        return;
+void TemperatureTriggerToSteam(WaterHit hit, float dt) {
+    if (hit) {
+        hit.Temperature() += dt * changeSpeed;
     }
-    *temperature += dt * changeSpeed;
-    if (kind == 0) {
-        *temperature = AtMost(*temperature, changeAmountSteam);
+    if (hit.particle) {
+        hit.particle->temperature = AtMost(hit.particle->temperature, changeAmountSteam);
     }
 }

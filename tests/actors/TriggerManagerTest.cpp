@@ -7,7 +7,6 @@
 #include <limits>
 
 #include "actors/CheckPointTimesManager.h"
-#include "actors/TriggerTypes.h"
 #include "engine/Console.h"
 #include "game/LevelProgress.h"
 #include "level/Collision.h"
@@ -20,8 +19,8 @@ constexpr float dt = 0.02f;
 /// A trigger of the given type over (0, 0) to (100, 100) with particles in it, in view.
 class Triggers : public testing::Test {
 protected:
-    static Trigger& Make(int type, std::uint32_t targetId = 0, float delay = 0.0f) {
-        return TestWorld::AddTrigger(type, {0.0f, 0.0f}, {100.0f, 100.0f}, targetId, delay);
+    static Trigger& Make(TriggerKind kind, std::uint32_t targetId = 0, float delay = 0.0f) {
+        return TestWorld::AddTrigger(kind, {0.0f, 0.0f}, {100.0f, 100.0f}, targetId, delay);
     }
     static Particle& Inside() { return TestWorld::AddParticle({50.0f, 50.0f}); }
 
@@ -29,8 +28,8 @@ protected:
 };
 
 TEST_F(Triggers, FireOnceOrForAllWaterInEveryStep) {
-    const Trigger& once = Make(601);
-    const Trigger& always = Make(602);
+    const Trigger& once = Make(TriggerKind::CameraZoomOnce);
+    const Trigger& always = Make(TriggerKind::CameraZoom);
     for (int i = 0; i < 100; ++i) {
         Inside();
     }
@@ -46,8 +45,8 @@ TEST_F(Triggers, FireOnceOrForAllWaterInEveryStep) {
 
 TEST_F(Triggers, ReactOnlyNearTheCamera) {
     // The square reaches 440 units from the camera, whatever the zoom.
-    const Trigger& near = TestWorld::AddTrigger(-1, {440.0f, 0.0f}, {500.0f, 50.0f});
-    const Trigger& far = TestWorld::AddTrigger(-1, {440.5f, 0.0f}, {500.0f, 50.0f});
+    const Trigger& near = TestWorld::AddTrigger(TriggerKind::Null, {440.0f, 0.0f}, {500.0f, 50.0f});
+    const Trigger& far = TestWorld::AddTrigger(TriggerKind::Null, {440.5f, 0.0f}, {500.0f, 50.0f});
     TestWorld::AddParticle({470.0f, 20.0f});
     Camera::zoom = 2.5f;
     TriggerManager::Step(dt);
@@ -56,7 +55,7 @@ TEST_F(Triggers, ReactOnlyNearTheCamera) {
 }
 
 TEST_F(Triggers, HeatCoolAndKillWhatIsInside) {
-    Make(2);
+    Make(TriggerKind::ToSteam);
     Particle& particle = Inside();
     const Particle& outside = TestWorld::AddParticle({150.0f, 50.0f});
     ParticleGroup& ice = GroupedParticleMover::groups.emplace_back();
@@ -67,7 +66,7 @@ TEST_F(Triggers, HeatCoolAndKillWhatIsInside) {
     EXPECT_EQ(outside.temperature, 20.0f);
     EXPECT_EQ(ice.temperature, -10.0f + dt * 80.0f);
 
-    Make(701, 0, 3.0f);
+    Make(TriggerKind::Kill, 0, 3.0f);
     TriggerManager::Step(dt);
     EXPECT_EQ(particle.dying, 1);
     EXPECT_EQ(ice.dying, 1);
@@ -82,9 +81,9 @@ TEST_F(Triggers, TakeThingsOutOfTheLevelAndPutThemBack) {
     LevelObjectsManager::Add(object);
     TestWorld::Start();
     Inside();
-    for (const int type : {300, 301}) {
-        const int expected = type == 301 ? 1 : 0;
-        Make(type, 7);
+    for (const TriggerKind kind : {TriggerKind::EntityRemove, TriggerKind::EntityAdd}) {
+        const int expected = kind == TriggerKind::EntityAdd ? 1 : 0;
+        Make(kind, 7);
         TriggerManager::Step(dt);
         EXPECT_EQ(gate.solid, expected);
         EXPECT_EQ(gate.enabled, expected);
@@ -100,35 +99,37 @@ TEST_F(Triggers, ApplyEnabledForces) {
     ForceManager::Add(7, 50.0f, 20.0f, 0.0f, 1.0f, 30.0f);
     ForceManager::Add(8, 50.0f, 20.0f, 0.0f, 1.0f, 1000.0f);
     struct Case {
-        int type;
+        TriggerKind kind;
         Vector2 once;    // velocity with all forces of the id enabled
         Vector2 second;  // with the second alone
     };
     const float radial = std::sqrt(1.0f / 31.0f) * dt;
     for (const Case& c :
-         {Case{200, {1.0f + 60.0f * dt, 80.0f * dt + 30.0f * dt}, {1.0f, 30.0f * dt}},
-          Case{201, {0.0f, 30.0f}, {0.0f, 30.0f}},
-          Case{202, {1.0f, -radial * 130.0f}, {1.0f, -radial * 30.0f}},
-          Case{203, {1.0f, radial * 130.0f}, {1.0f, radial * 30.0f}}}) {
+         {Case{TriggerKind::ForceDirectional,
+               {1.0f + 60.0f * dt, 80.0f * dt + 30.0f * dt},
+               {1.0f, 30.0f * dt}},
+          Case{TriggerKind::ForceInstantaneous, {0.0f, 30.0f}, {0.0f, 30.0f}},
+          Case{TriggerKind::ForcePull, {1.0f, -radial * 130.0f}, {1.0f, -radial * 30.0f}},
+          Case{TriggerKind::ForcePush, {1.0f, radial * 130.0f}, {1.0f, radial * 30.0f}}}) {
         TriggerManager::Initialise();
         ParticleManager::particles.clear();
-        Make(c.type, 7);
+        Make(c.kind, 7);
         Particle& particle = Inside();
         for (const bool both : {true, false}) {
             ForceManager::forces.front().enabled = both ? 1 : 0;
             particle.velocity = {1.0f, 0.0f};
             TriggerManager::Step(dt);
             const Vector2 expected = both ? c.once : c.second;
-            EXPECT_NEAR(particle.velocity.x, expected.x, 1.0e-4f) << c.type;
-            EXPECT_NEAR(particle.velocity.y, expected.y, 1.0e-4f) << c.type;
+            EXPECT_NEAR(particle.velocity.x, expected.x, 1.0e-4f) << static_cast<int>(c.kind);
+            EXPECT_NEAR(particle.velocity.y, expected.y, 1.0e-4f) << static_cast<int>(c.kind);
         }
     }
 }
 
 TEST_F(Triggers, PullNothingThatStandsOnTheForceItself) {
     ForceManager::Add(7, 50.0f, 50.0f, 1.0f, 0.0f, 1.0e30f);
-    Make(202, 7);
-    Make(203, 7);
+    Make(TriggerKind::ForcePull, 7);
+    Make(TriggerKind::ForcePush, 7);
     const Particle& particle = Inside();
     TriggerManager::Step(dt);
     EXPECT_EQ(particle.velocity, Vector2{});
@@ -141,8 +142,9 @@ TEST_F(Triggers, KeepTheWaterFiniteUnderForcesWithoutMeasure) {
     for (const float strength : {3.0e38f, 1.0e30f, 1.0e17f, -9.0e17f, 1.0e12f}) {
         ForceManager::Add(7, 50.0f, 80.0f, 1.0f, 1.0f, strength);
     }
-    for (const int type : {200, 201, 202, 203}) {
-        Make(type, 7);
+    for (const TriggerKind kind : {TriggerKind::ForceDirectional, TriggerKind::ForceInstantaneous,
+                                   TriggerKind::ForcePull, TriggerKind::ForcePush}) {
+        Make(kind, 7);
     }
     TestWorld::Start();
     for (int i = 0; i < 60; ++i) {
@@ -162,16 +164,16 @@ TEST_F(Triggers, KeepTheWaterFiniteUnderForcesWithoutMeasure) {
 
 TEST_F(Triggers, BindWhatIsThereWhenTheyAreAdded) {
     ForceManager::Add(7, 0.0f, 0.0f, 1.0f, 0.0f, 10.0f);
-    const Trigger& early = Make(201, 7);
+    const Trigger& early = Make(TriggerKind::ForceInstantaneous, 7);
     ForceManager::Add(7, 0.0f, 0.0f, 1.0f, 0.0f, 20.0f);
     ForceManager::Add(0, 0.0f, 0.0f, 1.0f, 0.0f, 30.0f);
     const Particle& particle = Inside();
     TriggerManager::Step(dt);
     EXPECT_EQ(particle.velocity.x, 10.0f);
-    const Trigger& late = Make(201, 7);
+    const Trigger& late = Make(TriggerKind::ForceInstantaneous, 7);
     TriggerManager::Step(dt);
     EXPECT_EQ(particle.velocity.x, 20.0f);
-    const Trigger& none = Make(201, 0);
+    const Trigger& none = Make(TriggerKind::ForceInstantaneous, 0);
     EXPECT_EQ(early.forces.size(), 1u);
     EXPECT_EQ(late.forces.size(), 2u);
     EXPECT_EQ(none.forces.size(), 0u);
@@ -179,7 +181,7 @@ TEST_F(Triggers, BindWhatIsThereWhenTheyAreAdded) {
 
 TEST_F(Triggers, WaitForTheirDelay) {
     const Mover& mover = TestWorld::AddMover(7, {}, {100.0f, 0.0f}, 10.0f);
-    Make(402, 7, 0.05f);
+    Make(TriggerKind::MoverGoToEndOnce, 7, 0.05f);
     Inside();
     TriggerManager::Step(dt);
     ParticleManager::particles.clear();
@@ -201,8 +203,8 @@ TEST_F(Triggers, WaitForTheirDelay) {
 TEST_F(Triggers, QueueDelayedEffectsByStepsNotByParticles) {
     // Both directions at once: the order of the firings decides where the mover goes.
     const Mover& mover = TestWorld::AddMover(7, {}, {100.0f, 0.0f}, 10.0f);
-    Make(404, 7, 0.03f);
-    TestWorld::AddTrigger(405, {0.0f, 0.0f}, {40.0f, 100.0f}, 7, 0.03f);
+    Make(TriggerKind::MoverGoToStart, 7, 0.03f);
+    TestWorld::AddTrigger(TriggerKind::MoverGoToEnd, {0.0f, 0.0f}, {40.0f, 100.0f}, 7, 0.03f);
     TestWorld::AddParticle({20.0f, 50.0f});
     for (int i = 0; i < 500; ++i) {
         Inside();
@@ -223,7 +225,7 @@ TEST_F(Triggers, CountWaterInTheFinish) {
     for (int i = 0; i < 10; ++i) {
         Inside();
     }
-    Make(801);
+    Make(TriggerKind::LevelEnd);
     TriggerManager::Step(dt);
     LevelProgress::Step(dt);
     EXPECT_TRUE(LevelProgress::IsFinishing());

@@ -4,8 +4,8 @@
 
 #include "RenderedAudio.h"
 #include "actors/Camera.h"
+#include "actors/TriggerEffects.h"
 #include "actors/TriggerManager.h"
-#include "actors/TriggerTypes.h"
 #include "game/GameState.h"
 #include "level/LevelData.h"
 #include "support/TestLevelFile.h"
@@ -138,7 +138,7 @@ TEST_F(SoundSourceTest, LivesWithItsLevel) {
     Camera::position = {};
     const auto fire = [](std::size_t number) {
         Trigger& trigger = TriggerManager::triggers[number];
-        TriggerTypes::Find(trigger.type).effect(trigger, nullptr, 0, 0.0f);
+        trigger.effect({trigger, {}, 0.0f});
     };
     EXPECT_NEAR(Level(), 1.0, 0.02) << "the other waits for its trigger";
     fire(0);

@@ -108,9 +108,9 @@ bool Gallery::IsInBay(Vector2 point) const {
     return local.x >= 0.0f && local.x <= inside && local.y >= 0.0f && local.y <= inside;
 }
 
-Trigger& Gallery::TriggerOf(int type) const {
+Trigger& Gallery::TriggerOf(TriggerKind kind) const {
     return TheOneOf(TriggerManager::triggers, [&](const Trigger& trigger) {
-        return trigger.type == type && IsInBay(trigger.Centre());
+        return trigger.Kind() == kind && IsInBay(trigger.Centre());
     });
 }
 

@@ -39,7 +39,7 @@ protected:
     bool IsInBay(Vector2 point) const;
     /// From the bay's top left.
     Vector2 At(float x, float y) const { return origin + Vector2{x, y}; }
-    Trigger& TriggerOf(int type) const;
+    Trigger& TriggerOf(TriggerKind kind) const;
     Mover& MoverOf() const;
     Emitter& EmitterOf() const;
     LevelPolygon& PolygonOf(std::uint32_t id) const;

@@ -8,16 +8,15 @@
 
 #include "Gallery.h"
 #include "actors/ForceManager.h"
-#include "actors/TriggerTypes.h"
 #include "level/LevelPolygon.h"
 #include "water/GroupedParticleMover.h"
 
 namespace {
 
 TEST_F(Gallery, HasABayForEveryTriggerType) {
-    for (const TriggerType& type : TriggerTypes::All()) {
-        Enter(type.name);
-        EXPECT_EQ(TriggerOf(type.number).type, type.number) << type.name;
+    for (const TriggerType& type : TriggerTypes::all) {
+        Enter(std::string(type.name));
+        EXPECT_EQ(TriggerOf(type.kind).typeInfo, &type) << type.name;
     }
 }
 
@@ -53,17 +52,17 @@ TEST_F(Gallery, AnimationsLoopPlayOnceAndStop) {
 }
 
 TEST_F(Gallery, SoundTriggersFireOnce) {
-    for (const auto& [title, type] : {std::pair{"Sound_play_1", 100}, {"Sound_stop_1", 101}}) {
-        Pour(title);
+    for (const TriggerKind kind : {TriggerKind::SoundPlay, TriggerKind::SoundStop}) {
+        Pour(std::string(TriggerTypes::Find(static_cast<int>(kind))->name));
         Run(1.0f);
-        EXPECT_EQ(TriggerOf(type).fireCount, 1u);
+        EXPECT_EQ(TriggerOf(kind).fireCount, 1u);
         ParticleManager::ClearAll();
     }
 }
 
 TEST_F(Gallery, ShelfGoesWithItsLampAndLetsTheWaterFall) {
     Pour("Entity_remove_1");
-    const std::uint32_t id = TriggerOf(300).targetId;
+    const std::uint32_t id = TriggerOf(TriggerKind::EntityRemove).targetId;
     LevelPolygon& shelf = PolygonOf(id);
     const Force& force = *std::ranges::find(ForceManager::forces, id, &Force::id);
     Run(0.3f);
@@ -86,7 +85,7 @@ TEST_F(Gallery, ShelfGoesWithItsLampAndLetsTheWaterFall) {
 
 TEST_F(Gallery, ShelfComesBackAndHoldsWater) {
     Pour("Entity_add_1");
-    LevelPolygon& shelf = PolygonOf(TriggerOf(301).targetId);
+    LevelPolygon& shelf = PolygonOf(TriggerOf(TriggerKind::EntityAdd).targetId);
     EXPECT_TRUE(RunUntil([&] { return shelf.solid == 0; }, 0.5f));
     Run(2.5f);
     EXPECT_EQ(shelf.solid, 1);

@@ -22,7 +22,7 @@ bool AllFree(float low, float high) {
 TEST_F(Gallery, NothingHappensToWaterInANullTrigger) {
     Pour("Null_a");
     Run(3.0f);
-    EXPECT_GT(TriggerOf(-1).fireCount, 40u);
+    EXPECT_GT(TriggerOf(TriggerKind::Null).fireCount, 40u);
     EXPECT_EQ(Water().size(), 40u);
     EXPECT_TRUE(HoldsAllWater());
     EXPECT_TRUE(AllFree(0.0f, 100.0f));
@@ -116,7 +116,7 @@ TEST_F(Gallery, CheckPointMovesTheRespawnAndShowsItsTime) {
     EXPECT_TRUE(RunUntil(
         [] { return CheckPointTimesManager::state == CheckPointTimesManager::FadingInTime; },
         1.0f));
-    const Vector2 centre = TriggerOf(901).Centre();
+    const Vector2 centre = TriggerOf(TriggerKind::CheckPoint).Centre();
     EXPECT_EQ(LevelProgress::respawnX, centre.x);
     EXPECT_EQ(LevelProgress::respawnY, centre.y);
     EXPECT_EQ(LevelProgress::respawnAmount, 40u);

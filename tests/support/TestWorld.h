@@ -78,10 +78,10 @@ public:
         return MoverManager::movers.back();
     }
     /// A rectangular trigger.
-    static Trigger& AddTrigger(int type, Vector2 topLeft, Vector2 bottomRight,
+    static Trigger& AddTrigger(TriggerKind kind, Vector2 topLeft, Vector2 bottomRight,
                                std::uint32_t targetId = 0, float delay = 0.0f) {
-        TriggerManager::Add(type, targetId, delay, topLeft, {bottomRight.x, topLeft.y}, bottomRight,
-                            {topLeft.x, bottomRight.y});
+        TriggerManager::Add(static_cast<int>(kind), targetId, delay, topLeft,
+                            {bottomRight.x, topLeft.y}, bottomRight, {topLeft.x, bottomRight.y});
         return TriggerManager::triggers.back();
     }
     static Particle& AddParticle(Vector2 position, float temperature = 20.0f) {

@@ -4,6 +4,7 @@
 #include <chrono>
 
 #include "ToolRun.h"
+#include "level/TriggerTypes.h"
 
 namespace {
 
@@ -35,9 +36,11 @@ protected:
         EXPECT_EQ(outcome.status, problems.find("error: ") == std::string::npos ? 0 : 1);
         return problems;
     }
-    void AddTrigger(std::uint32_t type, std::uint32_t target) {
-        level.triggers.push_back(
-            {target, type, 0.0f, {{-900, 0}, {-890, 0}, {-890, 9}, {-900, 9}}});
+    void AddTrigger(TriggerKind kind, std::uint32_t target) {
+        level.triggers.push_back({target,
+                                  static_cast<std::uint32_t>(kind),
+                                  0.0f,
+                                  {{-900, 0}, {-890, 0}, {-890, 9}, {-900, 9}}});
     }
 
     LevelFile level;
@@ -73,7 +76,7 @@ TEST_F(Check, FindsOverlapsAndTwinsButNoTouching) {
     level.polygons[2].id = level.polygons[3].id = 5;
     level.polygons[3].flags = 3;
     level.movers = {{5, 1.0f, {0, 0}, {9, 9}}};
-    AddTrigger(402, 5);
+    AddTrigger(TriggerKind::MoverGoToEndOnce, 5);
     EXPECT_EQ(Problems(), "");
 }
 
@@ -92,12 +95,12 @@ TEST_F(Check, FindsEdgesInLineThatDiffer) {
 TEST_F(Check, FindsDeadTargetsAndTriggersWithoutArea) {
     level.polygons = {Box(0, 100, 10, 110)};
     level.polygons[0].id = 7;
-    AddTrigger(401, 7);
-    AddTrigger(300, 0);
-    AddTrigger(300, 8);
-    AddTrigger(100, 0);
-    AddTrigger(777, 0);
-    AddTrigger(801, 9);
+    AddTrigger(TriggerKind::MoverGoToStartOnce, 7);
+    AddTrigger(TriggerKind::EntityRemove, 0);
+    AddTrigger(TriggerKind::EntityRemove, 8);
+    AddTrigger(TriggerKind::SoundPlay, 0);
+    AddTrigger(static_cast<TriggerKind>(777), 0);
+    AddTrigger(TriggerKind::LevelEnd, 9);
     level.triggers.push_back({0, 801, 0.0f, {{0, 0}, {5, 5}, {9, 9}, {5, 5}}});
     EXPECT_EQ(Problems(),
               "error: trigger 0: no mover bears its target id 7\n"
@@ -124,7 +127,7 @@ TEST_F(Check, FindsTriggersInsideOfSolids) {
     EXPECT_EQ(Problems(), "");
     level.polygons.pop_back();
     level.polygons[0].id = 3;
-    AddTrigger(300, 3);
+    AddTrigger(TriggerKind::EntityRemove, 3);
     EXPECT_EQ(Problems(), "");
 }
 
@@ -137,11 +140,11 @@ TEST_F(Check, FindsTargetsWithoutEffect) {
     level.polygons[0].id = 6;
     level.movers = {{6, 1.0f, {0, 0}, {9, 9}}};
     level.forces = {{8, {}, {}, 1.0f}, {9, {}, {}, 1.0f}};
-    AddTrigger(3, 4);
-    AddTrigger(4, 5);
-    AddTrigger(301, 6);
-    AddTrigger(407, 6);
-    AddTrigger(202, 8);
+    AddTrigger(TriggerKind::AnimPlayLoop, 4);
+    AddTrigger(TriggerKind::AnimPlayOnce, 5);
+    AddTrigger(TriggerKind::EntityAdd, 6);
+    AddTrigger(TriggerKind::MoverLoopToStartOnce, 6);
+    AddTrigger(TriggerKind::ForcePull, 8);
     level.triggers[4].delay = 1.0f;
     EXPECT_EQ(Problems(),
               "warning: polygon 0: is moved and not solid at the start: no trigger makes it "
@@ -159,8 +162,8 @@ TEST_F(Check, FindsMoversThatDontWork) {
                     {6, 220.0f, {0, 0}, {9, 9}},
                     {7, 0.0f, {0, 0}, {0, 0}},
                     {6, -1.0f, {0, 0}, {9, 9}}};
-    AddTrigger(402, 6);
-    AddTrigger(401, 7);  // it stands there already
+    AddTrigger(TriggerKind::MoverGoToEndOnce, 6);
+    AddTrigger(TriggerKind::MoverGoToStartOnce, 7);  // it stands there already
     EXPECT_EQ(Problems(),
               "warning: polygon 0: is moved and runs the other way round: it crushes no water\n"
               "warning: mover 0: is faster than 220 units a second: what its polygons push dies\n"
@@ -193,7 +196,7 @@ TEST_F(Check, FindsLevelsWithoutFinishAndWithAnOpenBottom) {
     level.polygons.push_back(Box(100, 190, 120, 200));
     EXPECT_EQ(ProblemsOf(level), noFinish);
     level.polygons[6].id = 2;
-    AddTrigger(300, 2);
+    AddTrigger(TriggerKind::EntityRemove, 2);
     EXPECT_EQ(ProblemsOf(level), open);
     level.triggers.push_back({0, 702, 0.0f, {{100, 190}, {120, 190}, {120, 200}, {100, 200}}});
     EXPECT_EQ(ProblemsOf(level), noFinish);

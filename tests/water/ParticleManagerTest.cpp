@@ -72,14 +72,13 @@ TEST(ParticleManager, LetsHostileValuesGoWithoutHangingOrSpreading) {
 
 TEST(TemperatureTriggers, HeatAndCoolToTheirLimits) {
     const WaterWorld world;
-    Trigger trigger;
     Particle particle;
     ParticleGroup group;
     const auto apply = [&](auto effect, float from, float dt) {
         particle.temperature = group.temperature = from;
-        effect(trigger, &particle, 0, dt);
-        effect(trigger, &group, 1, dt);
-        effect(trigger, &particle, 2, dt);
+        effect(WaterHit{.particle = &particle}, dt);
+        effect(WaterHit{.group = &group}, dt);
+        effect(WaterHit{}, dt);
         return Vector2{particle.temperature, group.temperature};
     };
     // 80 degrees a second.

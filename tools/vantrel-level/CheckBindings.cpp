@@ -7,17 +7,23 @@
 #include "Check.h"
 #include "Names.h"
 #include "Outline.h"
+#include "level/TriggerTypes.h"
 
 namespace {
 
 /// Units a second. A faster platform overtakes the water before it, which then dies inside.
 constexpr float crushingSpeed = 220.0f;
 
-std::int32_t TypeOf(const LevelFile::Trigger& trigger) {
-    return static_cast<std::int32_t>(trigger.type);
+TriggerKind KindOf(const LevelFile::Trigger& trigger) {
+    return TriggerTypes::KindOf(trigger.type);
 }
 
-/// Which kinds of records bear an id, as bits of Names::Target.
+/// The trigger's row, or null for an unknown type.
+const TriggerType* TypeOf(const LevelFile::Trigger& trigger) {
+    return TriggerTypes::Find(static_cast<std::int32_t>(trigger.type));
+}
+
+/// Which kinds of records bear an id, as bits of TriggerTarget.
 std::map<std::uint32_t, unsigned> BearersOfIds(const LevelFile& level) {
     std::map<std::uint32_t, unsigned> bearers;
     const auto add = [&](const auto& records, unsigned kind) {
@@ -25,12 +31,12 @@ std::map<std::uint32_t, unsigned> BearersOfIds(const LevelFile& level) {
             bearers[record.id] |= kind;
         }
     };
-    add(level.polygons, Names::TargetPolygon);
-    add(level.objects, Names::TargetObject);
-    add(level.forces, Names::TargetForce);
-    add(level.movers, Names::TargetMover);
-    add(level.sounds, Names::TargetSound);
-    add(level.emitters, Names::TargetEmitter);
+    add(level.polygons, TargetPolygon);
+    add(level.objects, TargetObject);
+    add(level.forces, TargetForce);
+    add(level.movers, TargetMover);
+    add(level.sounds, TargetSound);
+    add(level.emitters, TargetEmitter);
     return bearers;
 }
 
@@ -47,15 +53,15 @@ std::string ListOfTargets(unsigned targets) {
 
 void CheckTarget(const LevelFile::Trigger& trigger, std::size_t number, unsigned bearers,
                  Problems& problems) {
-    const auto* type = Names::FindTriggerType(TypeOf(trigger));
+    const TriggerType* const type = TypeOf(trigger);
     if (type == nullptr) {
         problems.Warning("trigger", number,
-                         Message("has the unknown type ", TypeOf(trigger), " and does nothing"));
+                         Message("has the unknown type ", static_cast<std::int32_t>(trigger.type),
+                                 " and does nothing"));
         return;
     }
-    const bool isToggle = type->number == 300 || type->number == 301;
-    const bool actsOnSounds = type->targets == Names::TargetSound;
-    if (trigger.targetId == 0 && isToggle) {
+    const bool actsOnSounds = type->targets == TargetSound;
+    if (trigger.targetId == 0 && TriggerTypes::Toggles(type->kind)) {
         problems.Warning("trigger", number,
                          "has target id 0: it acts on nothing, but takes all polygons of id 0 "
                          "out of the edge cleaning");
@@ -75,13 +81,14 @@ void CheckTarget(const LevelFile::Trigger& trigger, std::size_t number, unsigned
 /// Targets of the right kind on which the type still has no effect.
 void CheckEffect(const LevelFile& level, const LevelFile::Trigger& trigger, std::size_t number,
                  Problems& problems) {
-    const std::int32_t type = TypeOf(trigger);
-    const bool isOnWater =
-        (type >= 0 && type <= 2) || (type >= 200 && type <= 203) || type == 701 || type == 702;
-    if (isOnWater && trigger.delay > 0.0f) {
+    const TriggerType* const type = TypeOf(trigger);
+    if (type == nullptr) {
+        return;
+    }
+    if (type->needsWater && trigger.delay > 0.0f) {
         problems.Warning("trigger", number, "has a delay, which its type doesn't heed");
     }
-    if (type < 3 || type > 5 || trigger.targetId == 0) {
+    if (type->targets != TargetObject || trigger.targetId == 0) {
         return;
     }
     const LevelFile::Object* still = nullptr;
@@ -181,24 +188,19 @@ void CheckTriggers(const LevelFile& level, const std::list<LevelPolygon>& polygo
                              Message("lies inside polygon ", *solid, ", where no water comes"));
             canFire = false;
         }
-        hasFinish = hasFinish || (canFire && TypeOf(trigger) == 801);
+        hasFinish = hasFinish || (canFire && KindOf(trigger) == TriggerKind::LevelEnd);
     }
     if (!hasFinish) {
         problems.Warning("level", 0, "has no finish: water reaches no Level_end_a");
     }
 }
 
-/// Whether a trigger of one of these types names the id.
-template <typename HasType>
-bool IsNamed(const LevelFile& level, std::uint32_t id, HasType hasType) {
+/// Whether a trigger of one of these kinds names the id.
+template <typename HasKind>
+bool IsNamed(const LevelFile& level, std::uint32_t id, HasKind hasKind) {
     return id != 0 && std::ranges::any_of(level.triggers, [&](const LevelFile::Trigger& trigger) {
-               return trigger.targetId == id && hasType(TypeOf(trigger));
+               return trigger.targetId == id && hasKind(KindOf(trigger));
            });
-}
-
-/// A mover stands at its start, so only types that send it to its end or to and fro move it.
-bool SetsGoing(std::int32_t type) {
-    return type == 402 || type == 405 || (type >= 407 && type <= 410);
 }
 
 void CheckMovers(const LevelFile& level, const std::list<LevelPolygon>& polygons,
@@ -217,7 +219,8 @@ void CheckMovers(const LevelFile& level, const std::list<LevelPolygon>& polygons
                              "is moved and runs the other way round: it crushes no water");
         }
         if (polygon.movedByMover && !polygon.solid &&
-            IsNamed(level, level.polygons[number].id, [](auto type) { return type == 301; })) {
+            IsNamed(level, level.polygons[number].id,
+                    [](TriggerKind kind) { return kind == TriggerKind::EntityAdd; })) {
             problems.Warning("polygon", number,
                              "is moved and not solid at the start: no trigger makes it solid");
         }
@@ -232,7 +235,7 @@ void CheckMovers(const LevelFile& level, const std::list<LevelPolygon>& polygons
         if (mover.start == mover.end) {
             problems.Warning("mover", i, "has a path of no length");
         }
-        if (!IsNamed(level, mover.id, SetsGoing)) {
+        if (!IsNamed(level, mover.id, TriggerTypes::SetsGoing)) {
             problems.Warning("mover", i, "no trigger sets it going");
         }
         if (mover.speed == 0.0f) {
@@ -249,8 +252,7 @@ void CheckMovers(const LevelFile& level, const std::list<LevelPolygon>& polygons
 
 void CheckForces(const LevelFile& level, Problems& problems) {
     for (std::size_t i = 0; i < level.forces.size(); ++i) {
-        const auto isForce = [](std::int32_t type) { return type >= 200 && type <= 203; };
-        if (!IsNamed(level, level.forces[i].id, isForce)) {
+        if (!IsNamed(level, level.forces[i].id, TriggerTypes::LetsForcesAct)) {
             problems.Warning("force", i, "no trigger lets it act");
         }
     }

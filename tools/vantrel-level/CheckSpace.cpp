@@ -12,6 +12,7 @@
 #include "Check.h"
 #include "Outline.h"
 #include "level/BspEdges.h"
+#include "level/TriggerTypes.h"
 
 namespace {
 
@@ -110,7 +111,7 @@ void CheckThickness(const LevelFile& level, const Edges& edges,
 }
 
 bool IsKill(const LevelFile::Trigger& trigger) {
-    return trigger.type == 701 || trigger.type == 702;
+    return TriggerTypes::Kills(TriggerTypes::KindOf(trigger.type));
 }
 
 /// A coarse grid over the level and a little to its sides, with the start of the water in the

@@ -11,6 +11,7 @@
 
 #include "Names.h"
 #include "Outline.h"
+#include "level/TriggerTypes.h"
 
 namespace {
 
@@ -215,10 +216,10 @@ void Writer::WriteTriggers(const LevelFile& level) {
         properties.Id("target", trigger.targetId);
         properties.Float("delay", trigger.delay, 0.0f);
         const auto number = static_cast<std::int32_t>(trigger.type);
-        if (const Names::TriggerType* type = Names::FindTriggerType(number); type == nullptr) {
+        if (const TriggerType* type = TriggerTypes::Find(number); type == nullptr) {
             properties.Put("type", "int", number);
-        } else if (number != -1) {
-            properties.Enum("type", "TriggerType", type->word);
+        } else if (type->kind != TriggerKind::Null) {
+            properties.Enum("type", "TriggerType", type->name);
         }
         if (IsRectangle(trigger)) {
             const Point corner = trigger.corners[0];

@@ -23,47 +23,6 @@ constexpr std::array layerWords = {
     Word{3, "3 front"},    Word{4, "4 foremost"},
 };
 
-constexpr unsigned targetEntity = TargetPolygon | TargetObject | TargetForce;
-
-constexpr std::array triggerTypeWords = {
-    TriggerType{-1, "Null_a", TargetNone},
-    TriggerType{0, "To_ice_a", TargetNone},
-    TriggerType{1, "To_water_a", TargetNone},
-    TriggerType{2, "To_steam_a", TargetNone},
-    TriggerType{3, "Anim_play_loop_1", TargetObject},
-    TriggerType{4, "Anim_play_once_1", TargetObject},
-    TriggerType{5, "Anim_stop_1", TargetObject},
-    TriggerType{100, "Sound_play_1", TargetSound},
-    TriggerType{101, "Sound_stop_1", TargetSound},
-    TriggerType{200, "Force_directional_a", TargetForce},
-    TriggerType{201, "Force_instantenous_a", TargetForce},
-    TriggerType{202, "Force_multi_dir_pull_a", TargetForce},
-    TriggerType{203, "Force_multi_dir_push_a", TargetForce},
-    TriggerType{300, "Entity_remove_1", targetEntity},
-    TriggerType{301, "Entity_add_1", targetEntity},
-    TriggerType{401, "Mover_goto_start_1", TargetMover},
-    TriggerType{402, "Mover_goto_end_1", TargetMover},
-    TriggerType{403, "Mover_stop_1", TargetMover},
-    TriggerType{404, "Mover_goto_start_a", TargetMover},
-    TriggerType{405, "Mover_goto_end_a", TargetMover},
-    TriggerType{406, "Mover_stop_a", TargetMover},
-    TriggerType{407, "Mover_goto_start_loop_1", TargetMover},
-    TriggerType{408, "Mover_goto_end_loop_1", TargetMover},
-    TriggerType{409, "Mover_goto_start_loop_a", TargetMover},
-    TriggerType{410, "Mover_goto_end_loop_a", TargetMover},
-    TriggerType{501, "Emitter_create_burst_1", TargetEmitter},
-    TriggerType{502, "Emitter_start_1", TargetEmitter},
-    TriggerType{503, "Emitter_stop_1", TargetEmitter},
-    TriggerType{601, "Camera_zoom_1", TargetNone},
-    TriggerType{602, "Camera_zoom_a", TargetNone},
-    TriggerType{603, "Camera_shake_1", TargetNone},
-    TriggerType{604, "Camera_shake_a", TargetNone},
-    TriggerType{701, "Particle_kill_a", TargetNone},
-    TriggerType{702, "Particle_kill_random_a", TargetNone},
-    TriggerType{801, "Level_end_a", TargetNone},
-    TriggerType{901, "Checkpoint_1", TargetNone},
-};
-
 constexpr std::string_view hexDigits = "0123456789ABCDEF";
 
 int HexValue(char c) {
@@ -108,12 +67,6 @@ std::size_t CharacterLength(std::string_view bytes, std::size_t at) {
 const std::span<const Word> surfaces = surfaceWords;
 const std::span<const Word> flags = flagWords;
 const std::span<const Word> layers = layerWords;
-const std::span<const TriggerType> triggerTypes = triggerTypeWords;
-
-const TriggerType* FindTriggerType(std::int32_t number) {
-    const auto found = std::ranges::find(triggerTypes, number, &TriggerType::number);
-    return found == triggerTypes.end() ? nullptr : &*found;
-}
 
 std::optional<std::int64_t> NumberOf(std::span<const Word> words, std::string_view word) {
     const auto found = std::ranges::find(words, word, &Word::word);

@@ -19,28 +19,6 @@ extern const std::span<const Word> surfaces;
 extern const std::span<const Word> flags;
 extern const std::span<const Word> layers;
 
-/// What a trigger type acts on, as a set of bits.
-enum Target : unsigned {
-    TargetNone = 0,
-    TargetPolygon = 1,
-    TargetObject = 2,
-    TargetForce = 4,
-    TargetMover = 8,
-    TargetSound = 16,
-    TargetEmitter = 32,
-};
-
-struct TriggerType {
-    std::int32_t number;
-    std::string_view word;
-    unsigned targets;
-};
-
-extern const std::span<const TriggerType> triggerTypes;
-
-/// The type of that number, or null.
-const TriggerType* FindTriggerType(std::int32_t number);
-
 std::optional<std::int64_t> NumberOf(std::span<const Word> words, std::string_view word);
 std::optional<std::string_view> WordOf(std::span<const Word> words, std::int64_t number);
 /// All words with commas between, for messages.

@@ -6,6 +6,8 @@
 #include <limits>
 #include <optional>
 
+#include "level/TriggerTypes.h"
+
 namespace {
 
 /// Whole numbers also in float or text form: Tiled's own whole numbers end at 2147483647.
@@ -170,12 +172,12 @@ std::uint32_t ObjectReader::TriggerType() {
                                                   std::numeric_limits<std::uint32_t>::max(), -1));
     }
     Take("type");
-    const auto type = std::ranges::find(Names::triggerTypes, *text, &Names::TriggerType::word);
-    if (type == Names::triggerTypes.end()) {
+    const auto* const type = TriggerTypes::Find(*text);
+    if (type == nullptr) {
         Fail("there is no trigger type \"" + Names::ToText(*text) + "\"");
         return 0;
     }
-    return static_cast<std::uint32_t>(type->number);
+    return static_cast<std::uint32_t>(type->Number());
 }
 
 std::int32_t ObjectReader::Layer() {

@@ -224,9 +224,8 @@ void FlowSpace::BarWalls() {
 }
 
 void FlowSpace::BarKills() {
-    constexpr int kill = 701;
     for (const Trigger& trigger : TriggerManager::triggers) {
-        if (trigger.type == kill) {
+        if (trigger.Kind() == TriggerKind::Kill) {
             for (const std::size_t cell : CellsIn(trigger)) {
                 BarCell(cell, always);
             }
@@ -261,8 +260,10 @@ void FlowSpace::BarSwitches() {
 
 void FlowSpace::LiftByForces() {
     for (const Trigger& trigger : TriggerManager::triggers) {
-        const bool directed = trigger.type == 200 || trigger.type == 201;
-        const bool radial = trigger.type == 202 || trigger.type == 203;
+        const TriggerKind kind = trigger.Kind();
+        const bool directed =
+            kind == TriggerKind::ForceDirectional || kind == TriggerKind::ForceInstantaneous;
+        const bool radial = kind == TriggerKind::ForcePull || kind == TriggerKind::ForcePush;
         for (const Force* const force : trigger.forces) {
             // Sideways forces save no height.
             if (radial || (directed && force->direction.y < -0.3f)) {
@@ -300,12 +301,11 @@ void FlowSpace::LiftByMovers() {
 
 /// Steam rises from where it is made, and some way to the sides.
 void FlowSpace::LiftBySteam() {
-    constexpr int toSteam = 2;
     constexpr int sideways = 40;  // cells
     std::vector<int> left(CellCount(), -1);
     std::deque<std::size_t> waiting;
     for (const Trigger& trigger : TriggerManager::triggers) {
-        if (trigger.type == toSteam) {
+        if (trigger.Kind() == TriggerKind::ToSteam) {
             for (const std::size_t cell : CellsIn(trigger)) {
                 left[cell] = sideways;
                 waiting.push_back(cell);
@@ -340,9 +340,8 @@ void FlowSpace::FindGround() {
 }
 
 void FlowSpace::CollectAreas() {
-    constexpr int levelEnd = 801;
     for (const Trigger& trigger : TriggerManager::triggers) {
-        if (trigger.type == levelEnd) {
+        if (trigger.Kind() == TriggerKind::LevelEnd) {
             const std::vector<std::size_t> cells = CellsIn(trigger);
             finish.insert(finish.end(), cells.begin(), cells.end());
         }

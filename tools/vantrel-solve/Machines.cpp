@@ -20,15 +20,15 @@ bool IsNear(const Mover& mover, Vector2 place) {
     return Distance(mover.start + mover.direction * along, place) < reach;
 }
 
-/// Whether the mover does, or has done, what a trigger of the type tells it.
-bool Obeys(const Mover& mover, int type) {
+/// Whether the mover does, or has done, what a trigger of the kind tells it.
+bool Obeys(const Mover& mover, TriggerKind kind) {
     constexpr float there = 0.5f;
-    switch (type) {
-        case 401:
+    switch (kind) {
+        case TriggerKind::MoverGoToStartOnce:
             return mover.state == Mover::GoingToStart || mover.distance < there;
-        case 402:
+        case TriggerKind::MoverGoToEndOnce:
             return mover.state == Mover::GoingToEnd || mover.distance > mover.length - there;
-        case 403:
+        case TriggerKind::MoverStopOnce:
             return mover.state == Mover::Stopped;
         default:
             return mover.state >= Mover::LoopingToStart;
@@ -41,12 +41,12 @@ bool IsUsedUp(const Trigger& trigger) {
     if (trigger.fireCount == 0 || trigger.typeInfo->fireLimit == 0) {
         return false;
     }
-    if (trigger.type == 300 || trigger.type == 301) {
+    if (TriggerTypes::Toggles(trigger.Kind())) {
         return trigger.polygons.size() != 0 || trigger.forces.size() != 0;
     }
-    return trigger.type >= 401 && trigger.type <= 410 &&
+    return TriggerTypes::SteersMovers(trigger.Kind()) &&
            !std::all_of(trigger.movers.begin(), trigger.movers.end(),
-                        [&](const Mover* mover) { return Obeys(*mover, trigger.type); });
+                        [&](const Mover* mover) { return Obeys(*mover, trigger.Kind()); });
 }
 
 }  // namespace

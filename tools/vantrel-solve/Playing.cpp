@@ -87,7 +87,9 @@ void ReadFiredOnce(Outcome& outcome) {
     std::size_t index = 0;
     for (const Trigger& trigger : TriggerManager::triggers) {
         // Sounds, pictures and the like change nothing for the water.
-        const bool matters = trigger.type == 901 || (trigger.type >= 300 && trigger.type < 500);
+        const TriggerKind kind = trigger.Kind();
+        const bool matters = kind == TriggerKind::CheckPoint || TriggerTypes::Toggles(kind) ||
+                             TriggerTypes::SteersMovers(kind);
         if (matters && trigger.typeInfo->fireLimit != 0) {
             Kind::Mix(outcome.fired, trigger.fireCount);
             if (trigger.fireCount != 0 && index < Outcome::mostTriggers) {

@@ -15,13 +15,6 @@ std::vector<Switch> all;
 
 namespace {
 
-constexpr int removeEntity = 300;
-
-/// Whether a trigger of the type sends a mover away from its start.
-bool SendsAway(int type) {
-    return type == 402 || type == 405 || (type >= 407 && type <= 410);
-}
-
 void AddPolygons(Switch& fresh) {
     for (const LevelPolygon& polygon : LevelData::polygons) {
         if (polygon.id == fresh.id && polygon.solid != 0) {
@@ -35,8 +28,9 @@ void AddPolygons(Switch& fresh) {
 void Collect() {
     std::map<std::uint32_t, Switch> found;
     for (const Trigger& trigger : TriggerManager::triggers) {
-        const bool moves = SendsAway(trigger.type) && trigger.movers.size() != 0;
-        if (moves || (trigger.type == removeEntity && trigger.polygons.size() != 0)) {
+        const bool moves = TriggerTypes::SetsGoing(trigger.Kind()) && trigger.movers.size() != 0;
+        if (moves ||
+            (trigger.Kind() == TriggerKind::EntityRemove && trigger.polygons.size() != 0)) {
             Switch& which = found[trigger.targetId];
             which.id = trigger.targetId;
             which.openers.push_back(&trigger);
