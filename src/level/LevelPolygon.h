@@ -25,6 +25,10 @@ public:
     void Triangulate(std::uint8_t tryWinding);
     /// Fewer than 3 points, or an outline that crosses itself.
     bool IsInvalid() const;
+    /// The outline that the triangles fill: the points without those inside of straight runs, the
+    /// seam's included. It can leave the outline by some units where many small bends make up one
+    /// run. The chain runs from the first point to the last; the closing side isn't part of it.
+    std::vector<Vector2> DrawnOutline() const;
     /// Whether ab crosses a side of the outline, the closing side included.
     bool EdgeCrossesOutline(Vector2 a, Vector2 b) const;
     /// Debug view: the sides of all triangles (LevelPolygonDraw.cpp).

@@ -21,32 +21,6 @@ bool IsStraight(Vector2 a, Vector2 b, Vector2 c) {
     return Dot(Direction(a, b), Direction(b, c)) >= straight;
 }
 
-/// The outline's points without those inside of straight runs, the seam's included. The chain
-/// runs from the first point to the last; the closing side isn't part of it.
-std::vector<Vector2> MergedChain(const LevelPolygon& polygon) {
-    std::vector<Vector2> chain;
-    chain.reserve(polygon.PointCount());
-    for (std::size_t i = 0; i < polygon.PointCount(); ++i) {
-        const Vector2 point = polygon.Point(i);
-        const std::size_t size = chain.size();
-        if (size >= 2 && IsStraight(chain[size - 2], chain[size - 1], point)) {
-            chain.back() = point;
-        } else {
-            chain.push_back(point);
-        }
-    }
-    if (chain.size() >= 3) {
-        const Vector2 last = chain.back();
-        const Vector2 closing = Direction(last, chain[0]);
-        if (Dot(Direction(chain[0], chain[1]), closing) >= straight &&
-            Dot(Direction(chain[chain.size() - 2], last), closing) >= straight) {
-            chain[0] = last;
-            chain.pop_back();
-        }
-    }
-    return chain;
-}
-
 /// Across a side, towards the polygon if it turns by `winding`.
 Vector2 SideNormal(Vector2 side, std::uint8_t winding) {
     return winding == 1 ? Vector2{-side.y, side.x} : Vector2{side.y, -side.x};
@@ -132,13 +106,37 @@ void MakeNormals(LevelPolygon& polygon) {
 
 }  // namespace
 
+std::vector<Vector2> LevelPolygon::DrawnOutline() const {
+    std::vector<Vector2> chain;
+    chain.reserve(PointCount());
+    for (std::size_t i = 0; i < PointCount(); ++i) {
+        const Vector2 point = Point(i);
+        const std::size_t size = chain.size();
+        if (size >= 2 && IsStraight(chain[size - 2], chain[size - 1], point)) {
+            chain.back() = point;
+        } else {
+            chain.push_back(point);
+        }
+    }
+    if (chain.size() >= 3) {
+        const Vector2 last = chain.back();
+        const Vector2 closing = Direction(last, chain[0]);
+        if (Dot(Direction(chain[0], chain[1]), closing) >= straight &&
+            Dot(Direction(chain[chain.size() - 2], last), closing) >= straight) {
+            chain[0] = last;
+            chain.pop_back();
+        }
+    }
+    return chain;
+}
+
 void LevelPolygon::Triangulate(std::uint8_t tryWinding) {
     ClearTriangles(*this);
     if (IsInvalid()) {
         return;
     }
     winding = tryWinding;
-    const std::vector<Vector2> chain = MergedChain(*this);
+    const std::vector<Vector2> chain = DrawnOutline();
     if (chain.size() < 3) {
         return;
     }

@@ -1,5 +1,6 @@
 // Takes from a polygon what nearer ones hide, by winding numbers: its own outline counts one,
-// each of theirs takes one away, and what shows are the regions that count above zero.
+// each of theirs takes one away, and what shows are the regions that count above zero. Outlines
+// are those that are drawn: whatever hides a place is also filled there.
 
 #include "level/VisibleParts.h"
 
@@ -21,15 +22,19 @@ constexpr std::size_t mostCrossings = 4'000'000;
 /// How far pieces reach over their sides, world units. More than rounding moves a corner, and
 /// less than a fiftieth of a pixel.
 constexpr float overlap = 0.02f;
+/// What is hidden reaches so far under what hides it, world units: where two nearer polygons
+/// meet in a line without sharing its ends, a pixel of the line can belong to neither.
+constexpr float tuck = 0.05f;
 /// Acute corners reach farther, up to so many times.
 constexpr float longestReach = 8.0f;
 
+using Outline = std::vector<Vector2>;
+
 /// Above zero for outlines that turn from x to y.
-double SignedArea(const LevelPolygon& polygon) {
+double SignedArea(const Outline& outline) {
     double area = 0.0;
-    Vector2 a = polygon.Point(polygon.PointCount() - 1);
-    for (std::size_t i = 0; i < polygon.PointCount(); ++i) {
-        const Vector2 b = polygon.Point(i);
+    Vector2 a = outline.back();
+    for (const Vector2 b : outline) {
         area += static_cast<double>(a.x) * b.y - static_cast<double>(b.x) * a.y;
         a = b;
     }
@@ -49,12 +54,11 @@ public:
         gluTessBeginPolygon(tessellator.get(), this);
     }
 
-    void Add(const LevelPolygon& polygon, bool counts) {
-        const bool turns = (SignedArea(polygon) > 0.0) == counts;
-        const std::size_t count = polygon.PointCount();
+    void Add(const Outline& outline, bool counts) {
+        const std::size_t count = outline.size();
         gluTessBeginContour(tessellator.get());
         for (std::size_t i = 0; i < count; ++i) {
-            const Vector2 at = polygon.Point(turns ? i : count - 1 - i);
+            const Vector2 at = outline[counts ? i : count - 1 - i];
             GLdouble* const kept = Keep(at.x, at.y);
             gluTessVertex(tessellator.get(), kept, kept);
         }
@@ -116,6 +120,38 @@ Vector2 Grown(Vector2 before, Vector2 corner, Vector2 after) {
     return corner - Normalised(a + b) * (overlap * reach);
 }
 
+Vector2 InwardNormal(Vector2 from, Vector2 to) {
+    return Normalised({from.y - to.y, to.x - from.x});
+}
+
+/// A corner moved in so that both sides move by `tuck`.
+Vector2 Shrunk(Vector2 before, Vector2 corner, Vector2 after) {
+    const Vector2 sum = InwardNormal(before, corner) + InwardNormal(corner, after);
+    const float cosOfHalf = Length(sum) * 0.5f;
+    const float reach = std::min(1.0f / std::max(cosOfHalf, 1e-6f), longestReach);
+    return corner + Normalised(sum) * (tuck * reach);
+}
+
+/// The outline that the polygon is drawn in, turned from x to y.
+Outline OutlineOf(const LevelPolygon& polygon) {
+    Outline outline = polygon.DrawnOutline();
+    if (SignedArea(outline) < 0.0) {
+        std::reverse(outline.begin(), outline.end());
+    }
+    return outline;
+}
+
+Outline Shrunk(const Outline& outline) {
+    const std::size_t count = outline.size();
+    Outline shrunk;
+    shrunk.reserve(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        shrunk.push_back(
+            Shrunk(outline[(i + count - 1) % count], outline[i], outline[(i + 1) % count]));
+    }
+    return shrunk;
+}
+
 void AppendGrown(const std::vector<Vector2>& pieces, std::vector<Vector2>& corners) {
     for (std::size_t i = 0; i + 2 < pieces.size(); i += 3) {
         for (std::size_t c = 0; c < 3; ++c) {
@@ -139,8 +175,8 @@ VisibleParts::VisibleParts(std::span<const Entry> drawn)
     for (const Entry& entry : entries) {
         Box box = none;
         bool isCut = entry.opaque;
-        for (std::size_t i = 0; i < entry.polygon->PointCount(); ++i) {
-            const Vector2 at = entry.polygon->Point(i);
+        outlines.push_back(OutlineOf(*entry.polygon));
+        for (const Vector2 at : outlines.back()) {
             isCut = isCut && std::fabs(at.x) < farthest && std::fabs(at.y) < farthest;
             box = {std::min(box.left, at.x), std::min(box.top, at.y), std::max(box.right, at.x),
                    std::max(box.bottom, at.y)};
@@ -165,7 +201,7 @@ std::vector<std::size_t> VisibleParts::HidersOf(std::size_t index) const {
 
 /// Spends the crossings that there may be, if they are left.
 bool VisibleParts::MayCut(std::size_t index, const std::vector<std::size_t>& hiders) {
-    const auto cornersOf = [this](std::size_t i) { return entries[i].polygon->PointCount(); };
+    const auto cornersOf = [this](std::size_t i) { return outlines[i].size(); };
     std::size_t crossings = 0;
     for (std::size_t i = 0; i < hiders.size() && crossings <= crossingsLeft; ++i) {
         std::size_t corners = cornersOf(index);
@@ -189,9 +225,9 @@ void VisibleParts::AppendTriangles(std::size_t index, std::vector<Vector2>& corn
         return;
     }
     Winding winding;
-    winding.Add(polygon, true);
+    winding.Add(outlines[index], true);
     for (const std::size_t hider : hiders) {
-        winding.Add(*entries[hider].polygon, false);
+        winding.Add(Shrunk(outlines[hider]), false);
     }
     if (winding.Finish()) {
         AppendGrown(winding.corners, corners);

@@ -33,6 +33,7 @@ private:
     bool MayCut(std::size_t index, const std::vector<std::size_t>& hiders);
 
     std::span<const Entry> entries;
+    std::vector<std::vector<Vector2>> outlines;  ///< of the entries, as they are drawn
     std::vector<Box> boxes;  ///< of the entries; of negative width if it neither hides nor is cut
     std::size_t crossingsLeft;  ///< that may still be looked at
 };

@@ -117,6 +117,35 @@ TEST(VisibleParts, ShowsTheSamePicture) {
     }
 }
 
+TEST(VisibleParts, LeavesNoGapBetweenWhatIsCutAndWhatHidesIt) {
+    // A bow of 0.7 degrees a corner, which is drawn as few long chords.
+    std::vector<Vector2> bow{{900.0f, 900.0f}, {100.0f, 900.0f}};
+    for (int i = 0; i <= 16; ++i) {
+        const float x = 50.0f * static_cast<float>(i) - 400.0f;
+        bow.push_back({x + 500.0f, 300.0f + x * x * 0.00012f});
+    }
+    const LevelPolygon wall = Box(0.0f, 0.0f, 1000.0f, 1000.0f);
+    const LevelPolygon hill = Polygon(bow);
+    ASSERT_LT(hill.triangleCount + 2, hill.PointCount());
+    // Their common side has no common ends.
+    const LevelPolygon plank = Box(333.0f, 100.0f, 377.0f, 200.0f);
+    const LevelPolygon beam = Box(200.0f, 80.0f, 700.0f, 100.0f);
+    const std::vector<VisibleParts::Entry> entries{
+        {&wall, true}, {&hill, true}, {&plank, true}, {&beam, true}};
+    VisibleParts parts(entries);
+    std::vector<Vector2> drawn;
+    for (std::size_t i = 0; i < 2; ++i) {
+        parts.AppendTriangles(i, drawn);
+    }
+    for (float x = 1.0f; x < 1000.0f; x += 7.0f) {
+        for (float y = 290.0f; y < 400.0f; y += 0.25f) {
+            ASSERT_TRUE(Holds(drawn, {x, y})) << x << ", " << y;
+        }
+    }
+    EXPECT_TRUE(Holds(drawn, {350.0f, 100.0f})) << "behind the seam";
+    EXPECT_FALSE(Holds(drawn, {350.0f, 90.0f}));
+}
+
 TEST(VisibleParts, LeavesOutOnlyWhatOpaquePolygonsInFrontHide) {
     const LevelPolygon wall = Box(0.0f, 0.0f, 1000.0f, 1000.0f);
     const LevelPolygon rock = Box(0.0f, 200.0f, 1000.0f, 1000.0f);
