@@ -2,6 +2,8 @@
 
 #include "graphics/ImageReader.h"
 
+#include <new>
+
 namespace {
 
 using Channel = Platform::ImageFile::Channel;
@@ -44,7 +46,11 @@ ConvertedImage ConvertImage(const Platform::ImageFile& image) {
     }
     result.bytesPerPixel = depth;
     result.hasAlpha = depth == 4 || (depth == 1 && image.hasColourKey);
-    result.pixels.reserve(std::size_t{image.width} * image.height);
+    try {
+        result.pixels.reserve(std::size_t{image.width} * image.height);
+    } catch (const std::bad_alloc&) {
+        return result;
+    }
     for (std::size_t y = 0; y < image.height; ++y) {
         const std::byte* row = image.pixels.data() + y * image.pitch;
         for (std::size_t x = 0; x < image.width; ++x) {

@@ -14,5 +14,6 @@ struct ConvertedImage {
     std::vector<std::uint32_t> pixels;
 };
 
-/// Empty pixels if the image's rows don't fill its buffer or its depth isn't 8, 16, 24 or 32.
+/// Empty pixels if the image's rows don't fill its buffer, its depth isn't 8, 16, 24 or 32, or
+/// memory runs out.
 ConvertedImage ConvertImage(const Platform::ImageFile& image);

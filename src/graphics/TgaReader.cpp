@@ -7,11 +7,12 @@
 #include <new>
 #include <span>
 
+#include "platform/ImageBounds.h"
+
 namespace {
 
 constexpr std::size_t bytesPerPixel = 4;
 constexpr std::uint32_t smallestSide = 4;
-constexpr std::size_t longestRun = 128;
 
 struct Header {
     std::size_t idLength;
@@ -37,22 +38,45 @@ bool ReadHeader(BufferedFile& file, TgaImage& image, Header& header) {
     header.runLength = type == 10;
     header.topFirst = (descriptor & 0x20) != 0;
     return bytes[1] == 0 && (type == 2 || type == 10) && image.width >= smallestSide &&
-           image.height >= smallestSide && bytes[16] == 32 && (descriptor & 1) == 0;
+           image.height >= smallestSide && Platform::IsBearableImage(image.width, image.height) &&
+           bytes[16] == 32 && (descriptor & 1) == 0;
 }
 
-/// The fewest bytes that can hold the picture; what is shorter is refused before any memory
-/// is taken for it.
-std::size_t FewestBytes(const TgaImage& image, bool runLength) {
-    if (!runLength) {
-        return std::size_t{image.width} * image.height * bytesPerPixel;
+/// Goes over one row's packets; false if the file ends before the row does.
+bool SkipRow(BufferedFile& file, std::size_t width) {
+    for (std::size_t x = 0; x < width;) {
+        std::uint8_t packet = 0;
+        file.Read(&packet, 1);
+        const std::size_t length = (packet & 0x7Fu) + 1u;
+        const std::size_t stored = packet & 0x80u ? 1 : length;
+        file.Seek(static_cast<std::ptrdiff_t>(stored * bytesPerPixel), BufferedFile::FromHere);
+        if (file.HasFailed()) {
+            return false;
+        }
+        x += length;
     }
-    const std::size_t packetsPerRow = (image.width + longestRun - 1) / longestRun;
-    return packetsPerRow * image.height * (1 + bytesPerPixel);
+    return true;
 }
 
-/// Decodes one row. A run that goes on beyond the row is cut there: the format forbids it, and
-/// the rows below must stay in place.
-bool DecodeRow(BufferedFile& file, std::span<std::uint32_t> row) {
+/// Whether all rows are there, told before any memory is taken for them: a few bytes announce
+/// megabytes. Leaves the cursor where it was.
+bool HoldsPicture(BufferedFile& file, const TgaImage& image, bool runLength) {
+    const std::size_t before = file.Remaining();
+    if (!runLength) {
+        return before / bytesPerPixel >= std::size_t{image.width} * image.height;
+    }
+    for (std::uint32_t y = 0; y < image.height; ++y) {
+        if (!SkipRow(file, image.width)) {
+            return false;
+        }
+    }
+    file.Seek(static_cast<std::ptrdiff_t>(before), BufferedFile::BackFromEnd);
+    return !file.HasFailed();
+}
+
+/// Decodes one row that is there. A run that goes on beyond the row is cut there: the format
+/// forbids it, and the rows below must stay in place.
+void DecodeRow(BufferedFile& file, std::span<std::uint32_t> row) {
     std::size_t x = 0;
     while (x < row.size()) {
         std::uint8_t packet = 0;
@@ -68,12 +92,8 @@ bool DecodeRow(BufferedFile& file, std::span<std::uint32_t> row) {
             file.Seek(static_cast<std::ptrdiff_t>((length - shown) * bytesPerPixel),
                       BufferedFile::FromHere);
         }
-        if (file.HasFailed()) {
-            return false;
-        }
         x += shown;
     }
-    return true;
 }
 
 }  // namespace
@@ -85,7 +105,7 @@ bool ReadTga(BufferedFile& file, TgaImage& image) {
         return false;
     }
     file.Seek(static_cast<std::ptrdiff_t>(header.idLength), BufferedFile::FromHere);
-    if (file.HasFailed() || file.Remaining() < FewestBytes(image, header.runLength)) {
+    if (file.HasFailed() || !HoldsPicture(file, image, header.runLength)) {
         return false;
     }
     try {
@@ -97,10 +117,7 @@ bool ReadTga(BufferedFile& file, TgaImage& image) {
         const std::size_t place = header.topFirst ? y : image.height - 1 - y;
         const std::span row(image.pixels.data() + place * image.width, image.width);
         if (header.runLength) {
-            if (!DecodeRow(file, row)) {
-                image.pixels.clear();
-                return false;
-            }
+            DecodeRow(file, row);
         } else {
             file.Read(row.data(), row.size() * bytesPerPixel);
         }

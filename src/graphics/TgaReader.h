@@ -14,6 +14,6 @@ struct TgaImage {
     std::vector<std::uint32_t> pixels;  ///< BGRA in memory, the top row first
 };
 
-/// False if the header asks for more than this reader does, or if the block is too short for
-/// the picture that the header announces. Never takes more memory than the block could fill.
+/// False if the header asks for more than this reader does, or for a picture beyond the bounds
+/// of platform/ImageBounds.h, or if the block doesn't hold all of it; no memory is taken then.
 bool ReadTga(BufferedFile& file, TgaImage& image);

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <new>
 #include <string>
 #include <utility>
 
@@ -44,6 +45,33 @@ Surface WithKnownDepth(Surface surface) {
     return Surface(SDL_ConvertSurface(surface.get(), &wanted, SDL_SWSURFACE));
 }
 
+/// By the decoder of that kind alone: the library would else try all that it knows.
+Surface Decode(std::span<const std::byte> file, ImageKind kind) {
+    constexpr std::size_t longest = 1u << 30;  // the library counts in int
+    struct SourceCloser {
+        void operator()(SDL_RWops* source) const { SDL_RWclose(source); }
+    };
+    const std::unique_ptr<SDL_RWops, SourceCloser> source(
+        file.size() > longest ? nullptr
+                              : SDL_RWFromConstMem(file.data(), static_cast<int>(file.size())));
+    if (!source) {
+        return nullptr;
+    }
+    switch (kind) {
+        case ImageKind::Png:
+            return Surface(IMG_LoadPNG_RW(source.get()));
+        case ImageKind::Gif:
+            return Surface(IMG_LoadGIF_RW(source.get()));
+        case ImageKind::Jpeg:
+            return Surface(IMG_LoadJPG_RW(source.get()));
+        case ImageKind::Bmp:
+            return Surface(IMG_LoadBMP_RW(source.get()));
+        case ImageKind::Tga:
+            return Surface(IMG_LoadTGA_RW(source.get()));
+    }
+    return nullptr;
+}
+
 void CopyPalette(const SDL_PixelFormat& format, ImageFile& image) {
     image.palette.fill(0xFF000000);
     if (!format.palette) {
@@ -64,18 +92,12 @@ std::optional<ImageFile> ReadImageFile(const std::filesystem::path& path) {
     const auto bytes = ReadWholeFile(path);
     std::string extension = path.extension().string();
     extension.erase(0, 1);
-    if (!bytes || bytes->empty() || !CouldHoldItsPicture(*bytes, extension)) {
-        return std::nullopt;
-    }
-    constexpr std::size_t longest = 1u << 30;  // the library counts in int
-    SDL_RWops* source = bytes->size() > longest
-                            ? nullptr
-                            : SDL_RWFromConstMem(bytes->data(), static_cast<int>(bytes->size()));
-    if (!source) {
-        return std::nullopt;
-    }
-    // What IMG_Load does with a file; it closes the source.
-    Surface surface(IMG_LoadTyped_RW(source, 1, extension.data()));
+    return bytes ? DecodeImage(*bytes, extension) : std::nullopt;
+}
+
+std::optional<ImageFile> DecodeImage(std::span<const std::byte> file, std::string_view extension) {
+    const auto kind = CheckedImageKind(file, extension);
+    Surface surface = kind ? Decode(file, *kind) : nullptr;
     if (!surface || surface->w < 1 || surface->h < 1) {
         return std::nullopt;
     }
@@ -102,11 +124,16 @@ std::optional<ImageFile> ReadImageFile(const std::filesystem::path& path) {
         return std::nullopt;
     }
     const auto* first = static_cast<const std::byte*>(surface->pixels);
-    image.pixels.assign(first, first + std::size_t{image.pitch} * image.height);
+    bool copied = true;
+    try {
+        image.pixels.assign(first, first + std::size_t{image.pitch} * image.height);
+    } catch (const std::bad_alloc&) {
+        copied = false;
+    }
     if (SDL_MUSTLOCK(surface.get())) {
         SDL_UnlockSurface(surface.get());
     }
-    return image;
+    return copied ? std::optional(std::move(image)) : std::nullopt;
 }
 
 }  // namespace Platform

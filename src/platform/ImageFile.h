@@ -1,13 +1,16 @@
 #pragma once
-// Image files of any kind that SDL_image reads, given as the file holds them: depth, masks,
-// palette and colour key. Turning them into pixels for the screen is the caller's work
-// (graphics/ImageReader.h). A file that can't be read gives nothing; no message is printed.
+// PNG, GIF, JPEG, BMP and TGA files, given as the file holds them: depth, masks, palette and
+// colour key. Turning them into pixels for the screen is the caller's work
+// (graphics/ImageReader.h). What platform/ImageHeader.h refuses or can't be decoded gives nothing;
+// no message is printed.
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <optional>
+#include <span>
+#include <string_view>
 #include <vector>
 
 namespace Platform {
@@ -35,5 +38,7 @@ struct ImageFile {
 };
 
 std::optional<ImageFile> ReadImageFile(const std::filesystem::path& path);
+/// The same from a file's bytes and the extension of its name, without the point.
+std::optional<ImageFile> DecodeImage(std::span<const std::byte> file, std::string_view extension);
 
 }  // namespace Platform

@@ -1,11 +1,15 @@
-// Announced sizes of the common kinds of image files.
+// Announced sizes and forms of the kinds of image files that go to a decoder. The walks below
+// step through a file as the decoders do, so that both come upon the same picture.
 
 #include "platform/ImageHeader.h"
 
 #include <algorithm>
+#include <array>
 #include <cctype>
 #include <cstdint>
 #include <optional>
+
+#include "platform/ImageBounds.h"
 
 namespace Platform {
 
@@ -44,17 +48,27 @@ private:
     std::span<const std::byte> file;
 };
 
-/// Pixels announced, and how many of them a byte of the file can stand for at best. Without a
-/// width or a height the header isn't whole: decoders would go on with whatever lies in memory.
+/// Pixels announced, and how many of them a byte of the file can stand for at best. Sizes of 0
+/// are what a header gives that isn't whole or that no decoder should see.
 struct Announced {
     std::uint64_t width = 0;
     std::uint64_t height = 0;
     std::uint64_t perByte = 1;
 };
 
+/// The header comes first of all, whole.
+Announced Png(const Bytes& file) {
+    constexpr std::uint64_t headerMark = 0x0000000D49484452;  // 13 bytes, "IHDR"
+    // Deflate reaches 1,032 to 1, with 8 pixels to a byte at best.
+    return file.Big(8, 8) == headerMark
+               ? Announced{file.Big(16, 4), file.Big(20, 4), std::uint64_t{1032} * 8}
+               : Announced{};
+}
+
 /// The size stands with the first image, behind any number of extension blocks.
 Announced Gif(const Bytes& file) {
     constexpr std::uint64_t perByte = 4096;  // LZW: one code for as many pixels
+    constexpr std::uint64_t timingLabel = 0xF9;
     const auto tableSize = [&file](std::size_t place) {
         const std::uint64_t flags = file.At(place);
         return flags & 0x80 ? std::size_t{3} << ((flags & 7) + 1) : std::size_t{0};
@@ -68,6 +82,10 @@ Announced Gif(const Bytes& file) {
             ++at;  // the decoder skips what it doesn't know, byte by byte
             continue;
         }
+        const bool emptyTiming = file.At(at + 1) == timingLabel && file.At(at + 2) == 0;
+        if (emptyTiming) {
+            return {};  // the decoder doesn't take this for the block's end
+        }
         at += 2;
         while (at < file.Size() && file.At(at) != 0) {
             at += 1 + static_cast<std::size_t>(file.At(at));
@@ -77,10 +95,21 @@ Announced Gif(const Bytes& file) {
     return {};
 }
 
+/// How often the file's pixels are gone over: 1, or more when they are coded in steps. Within
+/// coded pixels the mark of a scan can't occur.
+std::uint64_t Scans(const Bytes& file, std::size_t at) {
+    std::uint64_t scans = 0;
+    for (; at + 1 < file.Size(); ++at) {
+        scans += file.Big(at, 2) == 0xFFDA;
+    }
+    return scans;
+}
+
 /// The size stands in the frame header, one of the segments behind the start.
 Announced Jpeg(const Bytes& file) {
     // A block of 64 pixels takes a bit or two at least, and half of that when coded in steps.
     constexpr std::uint64_t perByte = 4096;
+    constexpr std::uint64_t mostWork = 16 * mostImagePixels;  // some seconds
     std::size_t at = 2;
     while (at + 4 <= file.Size()) {
         const std::uint64_t marker = file.At(at + 1);
@@ -88,23 +117,37 @@ Announced Jpeg(const Bytes& file) {
             ++at;
             continue;
         }
+        const bool lone = marker <= 0x01 || (marker >= 0xD0 && marker <= 0xD7);
         const bool frame =
             marker >= 0xC0 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 && marker != 0xCC;
         if (frame) {
-            return Announced{file.Big(at + 7, 2), file.Big(at + 5, 2), perByte};
+            const Announced result{file.Big(at + 7, 2), file.Big(at + 5, 2), perByte};
+            // Four components are printing colours, whose meaning the decoder doesn't tell.
+            const std::uint64_t components = file.At(at + 9);
+            const bool fine = (components == 1 || components == 3) &&
+                              IsBearableImage(result.width, result.height) &&
+                              Scans(file, at) * result.width * result.height <= mostWork;
+            return fine ? result : Announced{};
         }
-        at += 2 + static_cast<std::size_t>(file.Big(at + 2, 2));
+        if (marker >= 0xD8 && marker <= 0xDA) {
+            return {};  // no picture may start, end or go on before the frame header
+        }
+        at += lone ? 2 : 2 + std::max<std::size_t>(2, file.Big(at + 2, 2));
     }
     return {};
 }
 
 Announced Bitmap(const Bytes& file) {
+    constexpr std::size_t oldHeader = 12;
     const std::uint64_t headerSize = file.Little(14, 4);
     const std::uint64_t pixelsAt = file.Little(10, 4);
-    if (file.Size() < 26 || headerSize > file.Size() - 14 || pixelsAt >= file.Size()) {
+    const std::uint64_t depth = file.Little(headerSize == oldHeader ? 24 : 28, 2);
+    constexpr std::array<std::uint64_t, 6> depths{1, 4, 8, 16, 24, 32};
+    if (file.Size() < 26 || headerSize > file.Size() - 14 || pixelsAt >= file.Size() ||
+        std::ranges::find(depths, depth) == depths.end()) {
         return {};
     }
-    if (headerSize == 12) {
+    if (headerSize == oldHeader) {
         return Announced{file.Little(18, 2), file.Little(20, 2), 8};
     }
     // Heights below 0 mean rows from the top.
@@ -113,44 +156,97 @@ Announced Bitmap(const Bytes& file) {
     return Announced{file.Little(18, 4), static_cast<std::uint64_t>(rows < 0 ? -rows : rows), 128};
 }
 
+/// Whether run-length packets from `at` on stand for that many pixels. Runs may go on into the
+/// next row.
+bool PacketsFill(const Bytes& file, std::size_t at, std::uint64_t pixels, std::size_t pixelBytes) {
+    while (pixels > 0) {
+        const std::uint64_t packet = file.At(at);
+        const std::uint64_t length = std::min((packet & 0x7F) + 1, pixels);
+        at += 1 + (packet & 0x80 ? pixelBytes : static_cast<std::size_t>(length) * pixelBytes);
+        if (at > file.Size()) {
+            return false;
+        }
+        pixels -= length;
+    }
+    return true;
+}
+
+/// Nothing checks a read while the pixels are decoded, so all of them must be there.
+Announced Targa(const Bytes& file) {
+    constexpr std::size_t headerSize = 18;
+    const bool hasTable = file.At(1) != 0;
+    const std::uint64_t type = file.At(2);
+    const std::uint64_t plainType = type & ~std::uint64_t{8};
+    const std::uint64_t entries = file.Little(5, 2);
+    const std::size_t tableSize = hasTable ? entries * ((file.At(7) + 7) / 8) : 0;
+    const std::uint64_t depth = file.At(16);
+    const Announced result{file.Little(12, 2), file.Little(14, 2), 128};
+    const bool indexed = plainType == 1 && hasTable && entries <= 256 && depth == 8;
+    const bool coloured =
+        plainType == 2 && (depth == 15 || depth == 16 || depth == 24 || depth == 32);
+    const bool grey = plainType == 3 && depth == 8;
+    if (!(indexed || coloured || grey) || !IsBearableImage(result.width, result.height)) {
+        return {};
+    }
+    const std::size_t pixelBytes = (depth + 7) / 8;
+    const std::size_t start = headerSize + file.At(0) + tableSize;
+    const std::uint64_t pixels = result.width * result.height;
+    const bool whole = type == plainType ? start + pixels * pixelBytes <= file.Size()
+                                         : PacketsFill(file, start, pixels, pixelBytes);
+    return whole ? result : Announced{};
+}
+
 bool IsTga(std::string_view extension) {
     constexpr std::string_view tga = "tga";
     return std::equal(extension.begin(), extension.end(), tga.begin(), tga.end(),
                       [](unsigned char a, unsigned char b) { return std::tolower(a) == b; });
 }
 
-std::optional<Announced> Announcement(const Bytes& file, std::string_view extension) {
-    if (file.StartsWith("\x89PNG")) {
-        // Deflate reaches 1,032 to 1, with 8 pixels to a byte at best.
-        return Announced{file.Big(16, 4), file.Big(20, 4), 1032 * 8};
+std::optional<ImageKind> KindOf(const Bytes& file, std::string_view extension) {
+    if (IsTga(extension)) {
+        return ImageKind::Tga;
     }
-    if (file.StartsWith("GIF8")) {
-        return Gif(file);
+    if (file.StartsWith("\x89PNG\r\n\x1A\n")) {
+        return ImageKind::Png;
+    }
+    if (file.StartsWith("GIF87a") || file.StartsWith("GIF89a")) {
+        return ImageKind::Gif;
     }
     if (file.StartsWith("\xFF\xD8")) {
-        return Jpeg(file);
+        return ImageKind::Jpeg;
     }
     if (file.StartsWith("BM")) {
-        return Bitmap(file);
-    }
-    if (IsTga(extension)) {
-        if (file.Size() <= 18) {
-            return Announced{};
-        }
-        return Announced{file.Little(12, 2), file.Little(14, 2), 128};
+        return ImageKind::Bmp;
     }
     return std::nullopt;
 }
 
+Announced Announcement(const Bytes& file, ImageKind kind) {
+    switch (kind) {
+        case ImageKind::Png:
+            return Png(file);
+        case ImageKind::Gif:
+            return Gif(file);
+        case ImageKind::Jpeg:
+            return Jpeg(file);
+        case ImageKind::Bmp:
+            return Bitmap(file);
+        case ImageKind::Tga:
+            return Targa(file);
+    }
+    return {};
+}
+
 }  // namespace
 
-bool CouldHoldItsPicture(std::span<const std::byte> file, std::string_view extension) {
-    const auto announced = Announcement(Bytes(file), extension);
-    if (!announced) {
-        return true;  // for the decoder to judge
-    }
-    return announced->width > 0 && announced->height > 0 &&
-           announced->height <= file.size() * announced->perByte / announced->width;
+std::optional<ImageKind> CheckedImageKind(std::span<const std::byte> file,
+                                          std::string_view extension) {
+    const Bytes bytes(file);
+    const auto kind = KindOf(bytes, extension);
+    const Announced announced = kind ? Announcement(bytes, *kind) : Announced{};
+    const bool fine = IsBearableImage(announced.width, announced.height) &&
+                      announced.height <= file.size() * announced.perByte / announced.width;
+    return fine ? kind : std::nullopt;
 }
 
 }  // namespace Platform

@@ -53,6 +53,8 @@ def main():
     image.save(TARGET / "rgb.png")
     image.resize((32, 32), Image.NEAREST).save(TARGET / "large.png")
     image.save(TARGET / "rgb.bmp")
+    image.save(TARGET / "rgb.jpg", quality=92, subsampling=0)
+    image.convert("CMYK").save(TARGET.parent / "refused" / "cmyk.jpg")
     image.quantize(8).save(TARGET / "palette.png")
     clear = image.convert("RGBA")
     clear.putdata([(*p[:3], 0 if p[:3] == WHITE else 255) for p in clear.getdata()])
