@@ -143,10 +143,11 @@ void Create(const std::string& title, int width, int height) {
     state.samples = 1;
     window.SetPixelProjection(ClientWidth(), ClientHeight());
     state.lastKey = 0;
-    Centre();
+    Centre();  // so that it doesn't come up in a corner first; its frame isn't known yet
     window.Show();
     BringToFront();
     SetClientSize(width, height);
+    Centre();
     SetTitle(title);
     NoticeFocus();
 }
@@ -160,11 +161,8 @@ void Close() {
     if (state.listener != nullptr) {
         state.listener->OnDestroy();
     }
-    if (state.fullscreen) {
-        SetFullscreen(false, 640, 480);
-        state.fullscreen = false;
-    }
     Platform::TheWindow().Destroy();
+    state.fullscreen = false;
     state.listener = nullptr;
     state.cursorKind = 1;
     state.closing = false;

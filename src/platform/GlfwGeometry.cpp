@@ -6,12 +6,16 @@
 #include <cmath>
 
 #include "platform/GlfwWindowState.h"
+#include "platform/X11Window.h"
 
 namespace Platform {
 
 namespace {
 
 constexpr std::uint32_t patienceMilliseconds = 150;
+/// Until the window is shown, on which more depends: where it goes, and whether it can fill the
+/// screen.
+constexpr std::uint32_t showPatienceMilliseconds = 500;
 
 /// Top left corner of the primary monitor, in the toolkit's units.
 Point ScreenOrigin() {
@@ -26,19 +30,6 @@ Point ScreenSize() {
     GLFWmonitor* monitor = glfwGetPrimaryMonitor();
     const GLFWvidmode* mode = monitor != nullptr ? glfwGetVideoMode(monitor) : nullptr;
     return mode != nullptr ? Point{mode->width, mode->height} : Point{};
-}
-
-struct Frame {
-    int left = 0;
-    int top = 0;
-    int right = 0;
-    int bottom = 0;
-};
-
-Frame FrameOf(GLFWwindow* window) {
-    Frame frame;
-    glfwGetWindowFrameSize(window, &frame.left, &frame.top, &frame.right, &frame.bottom);
-    return frame;
 }
 
 Point PositionOf(GLFWwindow* window) {
@@ -87,6 +78,28 @@ void GlfwWindow::State::AwaitPosition(Point position) {
     }
 }
 
+bool GlfwWindow::State::AwaitVisible() {
+    const std::uint32_t start = clock.Milliseconds();
+    while (!HasAttribute(window, GLFW_VISIBLE)) {
+        if (clock.Milliseconds() - start >= showPatienceMilliseconds) {
+            return false;
+        }
+        glfwWaitEventsTimeout(0.005);
+    }
+    return true;
+}
+
+Frame GlfwWindow::State::CurrentFrame() {
+    if (glfwGetWindowMonitor(window) != nullptr) {
+        return {};
+    }
+    if (!told.iconified && HasAttribute(window, GLFW_VISIBLE)) {
+        glfwGetWindowFrameSize(window, &windowedFrame.left, &windowedFrame.top,
+                               &windowedFrame.right, &windowedFrame.bottom);
+    }
+    return windowedFrame;
+}
+
 void GlfwWindow::State::PaintPlainly() {
     if (glfwGetCurrentContext() != window) {
         return;
@@ -102,7 +115,10 @@ void GlfwWindow::State::PaintPlainly() {
 
 void GlfwWindow::Show() {
     if (IsOpen()) {
-        glfwShowWindow(state->window);
+        if (!RequestShow(state->window)) {
+            glfwShowWindow(state->window);
+        }
+        state->AwaitVisible();
         state->Poll();
         state->PaintPlainly();
     }
@@ -140,7 +156,11 @@ void GlfwWindow::Minimise() {
 }
 
 void GlfwWindow::Restore() {
-    if (IsOpen()) {
+    if (!IsOpen()) {
+        return;
+    }
+    // The toolkit shows a minimised window only by waiting for it.
+    if (HasAttribute(state->window, GLFW_VISIBLE) || !RequestShow(state->window)) {
         glfwRestoreWindow(state->window);
     }
 }
@@ -198,18 +218,18 @@ int GlfwWindow::ClientTop() const {
 }
 
 int GlfwWindow::OuterLeft() const {
-    return IsOpen() ? ClientLeft() - Scaled(FrameOf(state->window).left, state->Scale()) : 0;
+    return IsOpen() ? ClientLeft() - Scaled(state->CurrentFrame().left, state->Scale()) : 0;
 }
 
 int GlfwWindow::OuterTop() const {
-    return IsOpen() ? ClientTop() - Scaled(FrameOf(state->window).top, state->Scale()) : 0;
+    return IsOpen() ? ClientTop() - Scaled(state->CurrentFrame().top, state->Scale()) : 0;
 }
 
 int GlfwWindow::OuterWidth() const {
     if (!IsOpen()) {
         return 0;
     }
-    const Frame frame = FrameOf(state->window);
+    const Frame frame = state->CurrentFrame();
     return ClientWidth() + Scaled(frame.left + frame.right, state->Scale());
 }
 
@@ -217,7 +237,7 @@ int GlfwWindow::OuterHeight() const {
     if (!IsOpen()) {
         return 0;
     }
-    const Frame frame = FrameOf(state->window);
+    const Frame frame = state->CurrentFrame();
     return ClientHeight() + Scaled(frame.top + frame.bottom, state->Scale());
 }
 
@@ -226,7 +246,7 @@ void GlfwWindow::MoveOuter(int left, int top) {
         return;
     }
     const double scale = state->Scale();
-    const Frame frame = FrameOf(state->window);
+    const Frame frame = state->CurrentFrame();
     const Point origin = ScreenOrigin();
     const Point position{Scaled(left, 1.0 / scale) + frame.left + origin.x,
                          Scaled(top, 1.0 / scale) + frame.top + origin.y};
@@ -282,7 +302,8 @@ std::vector<DisplayMode> GlfwWindow::DisplayModes() const {
 
 bool GlfwWindow::EnterFullscreen(const DisplayMode& mode) {
     GLFWmonitor* monitor = glfwGetPrimaryMonitor();
-    if (!IsOpen() || monitor == nullptr) {
+    // A window that isn't shown would have the toolkit wait until it is.
+    if (!IsOpen() || monitor == nullptr || !state->AwaitVisible()) {
         return false;
     }
     if (glfwGetWindowMonitor(state->window) == nullptr) {

@@ -22,6 +22,14 @@ struct Point {
     bool operator==(const Point&) const = default;
 };
 
+/// What a desktop puts around the client area, in the toolkit's units.
+struct Frame {
+    int left = 0;
+    int top = 0;
+    int right = 0;
+    int bottom = 0;
+};
+
 struct GlfwWindow::State {
     GLFWwindow* window = nullptr;
     GLFWwindow* loader = nullptr;  ///< never shown; only its context counts
@@ -44,6 +52,8 @@ struct GlfwWindow::State {
     std::map<unsigned, bool> offers;  ///< answers of OffersSamples
     bool hasSwapControl = false;
     int swapInterval = -1;
+
+    Frame windowedFrame;  ///< the last one known
 
     std::optional<Cursor> cursor;
     GLFWcursor* arrow = nullptr;
@@ -72,6 +82,10 @@ struct GlfwWindow::State {
     /// it may never grant it.
     void AwaitSize(Point wanted);
     void AwaitPosition(Point position);
+    /// Whether the window is on the screen, though maybe under others; waits for a moment.
+    bool AwaitVisible();
+    /// Asked only of a window that is shown: the toolkit waits for a hidden one's.
+    Frame CurrentFrame();
 };
 
 }  // namespace Platform

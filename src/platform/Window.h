@@ -45,6 +45,7 @@ public:
 
     // Life. `Create` makes window and context and makes the context current.
     virtual WindowError Create(const WindowSettings& settings) = 0;
+    /// Gives back the display mode, too.
     virtual void Destroy() = 0;
     virtual bool IsOpen() const = 0;
     virtual unsigned Samples() const = 0;  ///< in force; 1 for none
@@ -103,7 +104,8 @@ public:
     /// The client area's top left corner on the screen.
     virtual int ClientLeft() const = 0;
     virtual int ClientTop() const = 0;
-    /// The outer window's corner and size, decoration included as far as it is known.
+    /// The outer window's corner and size, decoration included as far as it is known: of a
+    /// window that isn't shown, as it was last.
     virtual int OuterLeft() const = 0;
     virtual int OuterTop() const = 0;
     virtual int OuterWidth() const = 0;

@@ -1,4 +1,5 @@
-"""The window of the real program at awkward moments: closed, left and resized while it loads.
+"""The window of the real program at awkward moments: closed or left while it loads, closed while
+it is minimised.
 
     with_display.sh python3 test_window.py PROGRAM
 """
@@ -16,6 +17,12 @@ from game_driver import Driver, wait_for, x
 
 PROGRAM = sys.argv.pop(1)
 SPLASH = (255, 0, 255)
+
+
+def shown(game):
+    told = subprocess.run(["xwininfo", "-id", game.window], capture_output=True, text=True,
+                          check=True).stdout
+    return re.search("Map State: (.*)", told).group(1)
 
 
 class WhileLoading(unittest.TestCase):
@@ -47,19 +54,29 @@ class WhileLoading(unittest.TestCase):
         game = self.start()
         other = subprocess.Popen(["xmessage", "-geometry", "+0+0", "another window"])
         self.addCleanup(lambda: (other.kill(), other.wait()))
-        wait_for(lambda: self.shown(game) == "IsUnMapped", "the game to minimise")
+        wait_for(lambda: shown(game) == "IsUnMapped", "the game to minimise")
         self.assertIn("Game initialisation", game.log())
         x("windowactivate", game.window)
-        wait_for(lambda: self.shown(game) == "IsViewable", "the game to come back")
+        wait_for(lambda: shown(game) == "IsViewable", "the game to come back")
         game.toggle_console()
         game.command("Version", "1.03")
         self.assertEqual(game.close(), 0)
 
-    @staticmethod
-    def shown(game):
-        told = subprocess.run(["xwininfo", "-id", game.window], capture_output=True, text=True,
-                              check=True).stdout
-        return re.search("Map State: (.*)", told).group(1)
+
+class Closing(unittest.TestCase):
+    def test_a_minimised_fullscreen_game_closes_on_a_busy_desktop(self):
+        """Desktops set properties of windows at any time: events that nobody waits for."""
+        game = Driver(PROGRAM)
+        self.addCleanup(game.close)
+        game.toggle_console()
+        game.command("Fullscreen true", "Fullscreen is now true")
+        x("windowminimize", game.window)
+        wait_for(lambda: shown(game) == "IsUnMapped", "the game to minimise")
+        busy = subprocess.Popen(
+            ["sh", "-c", f"while xprop -id {game.window} -f _BUSY 32c -set _BUSY 1; do :; done"],
+            stderr=subprocess.DEVNULL)
+        self.addCleanup(lambda: (busy.kill(), busy.wait()))
+        self.assertEqual(game.close(), 0)
 
 
 if __name__ == "__main__":

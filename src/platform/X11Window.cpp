@@ -1,0 +1,28 @@
+// The X server, for the toolkit's window.
+
+#include "platform/X11Window.h"
+
+#include <X11/Xlib.h>
+
+// Of the toolkit, but not in all of its builds. Its own header for them wants more of X11.
+extern "C" {
+[[gnu::weak]] Display* glfwGetX11Display();
+[[gnu::weak]] Window glfwGetX11Window(GLFWwindow* window);
+}
+
+namespace Platform {
+
+bool RequestShow(GLFWwindow* window) {
+    if (&glfwGetX11Display == nullptr || &glfwGetX11Window == nullptr) {
+        return false;
+    }
+    Display* display = glfwGetX11Display();
+    if (display == nullptr) {
+        return false;
+    }
+    XMapWindow(display, glfwGetX11Window(window));
+    XFlush(display);
+    return true;
+}
+
+}  // namespace Platform
