@@ -197,7 +197,10 @@ void AddWaterAtFinish(std::uint32_t count) {
 void SetRespawn(float x, float y) {
     respawnX = x;
     respawnY = y;
-    respawnAmount = WaterAtFinish();
+    // A delayed check point may find all water lost: nothing would ever come back then.
+    if (const std::uint32_t water = WaterAtFinish(); water > 0) {
+        respawnAmount = water;
+    }
 }
 
 std::uint32_t WaterAtFinish() {

@@ -24,7 +24,8 @@ bool IsFinished();
 bool IsFinishing();
 /// Counts water that stands in the finish during this step.
 void AddWaterAtFinish(std::uint32_t count);
-/// Lost water comes back here from now on, as much of it as there is now.
+/// Lost water comes back here from now on, as much of it as there is now; if all of it is lost
+/// just now, as much as before.
 void SetRespawn(float x, float y);
 /// All water in the level, of any state.
 std::uint32_t WaterAtFinish();

@@ -15,6 +15,7 @@ constexpr std::uint32_t entityRemove = 300;
 constexpr std::uint32_t moverToEnd = 402;
 constexpr std::uint32_t particleKill = 701;
 constexpr std::uint32_t levelEnd = 801;
+constexpr std::uint32_t checkPoint = 901;
 
 bool IsFlightOver() {
     return !Camera::IsOpeningFlight();
@@ -62,6 +63,20 @@ TEST(LevelLoss, BringsAllWaterBackAtTheStart) {
     for (const Particle& particle : ParticleManager::particles) {
         EXPECT_LE(Distance(particle.position, {0.0f, -100.0f}), 10.01f);
     }
+}
+
+TEST(LevelLoss, BringsTheFormerAmountBackFromACheckPointThatFindsNoWater) {
+    TestGame game;
+    LevelFile level = Room();
+    // Killed water and the delayed check point run out in the same step.
+    level.triggers = {Area(particleKill, -200, -150, 200, 150),
+                      Area(checkPoint, -60, -60, 100, 60)};
+    level.triggers[1].delay = 0.2f;
+    game.Start(level);
+    ASSERT_TRUE(game.FramesUntil(IsFlightOver));
+    ASSERT_TRUE(game.FramesUntil(Camera::IsOpeningFlight));
+    EXPECT_EQ(LevelProgress::respawnX, 20.0f) << "the check point is taken all the same";
+    EXPECT_EQ(LevelProgress::WaterAtFinish(), 128u);
 }
 
 TEST(LevelScore, FallsEvenlyWithTimeAndRisesWithWater) {
