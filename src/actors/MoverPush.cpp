@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <vector>
 
 #include "actors/MoverManager.h"
@@ -119,6 +120,29 @@ bool MeetsWater(const MoverCollider& collider, Vector2 from, Vector2 to) {
     return std::ranges::any_of(freeParticles, meets) || std::ranges::any_of(freeGroups, meets);
 }
 
+/// Where a collider's box must be to catch any of the water that is free now.
+Box CatchReach() {
+    constexpr float none = std::numeric_limits<float>::infinity();
+    Box box{none, -none, none, -none};
+    const auto include = [&box](const auto* body) {
+        const float reach = BoxReach(Reach(*body), 0.0f);
+        box.Include(body->position - Vector2{reach, reach});
+        box.Include(body->position + Vector2{reach, reach});
+    };
+    std::ranges::for_each(freeParticles, include);
+    std::ranges::for_each(freeGroups, include);
+    return box;
+}
+
+/// False if nothing within `reach` can be caught at `at`; rounding is allowed for twice over.
+bool MayCatch(const MoverCollider& collider, Vector2 at, const Box& reach) {
+    const Box box = BoxAt(collider, at);
+    const float slack =
+        2.0f * (box.Rounding() + reach.Rounding() + 2.0e-6f * (std::fabs(at.x) + std::fabs(at.y)));
+    return box.minX <= reach.maxX + slack && reach.minX <= box.maxX + slack &&
+           box.minY <= reach.maxY + slack && reach.minY <= box.maxY + slack;
+}
+
 void MoveLoad(Vector2 delta) {
     for (Particle* const particle : carriedParticles) {
         particle->position += delta;
@@ -196,10 +220,15 @@ void Push(const MoverCollider& collider, float dt) {
     carriedParticles.clear();
     carriedGroups.clear();
     Catch(collider, at);
+    const Box reach = CatchReach();
     while (left > 0.0f) {
         const float part = std::min(left, longestPart);
         const Vector2 delta = unit * part;
         at += delta;
+        if (carriedParticles.empty() && carriedGroups.empty() && !MayCatch(collider, at, reach)) {
+            left -= part;  // the way to the water may be long
+            continue;
+        }
         MoveLoad(delta);
         Catch(collider, at);
         left -= part;

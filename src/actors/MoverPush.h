@@ -11,8 +11,8 @@ namespace MoverPush {
 
 /// Longest part of a move, world units: 0.85 of a particle's radius.
 constexpr float longestPart = 1.7f;
-/// A move of more parts than this in one step is a jump, out of any view: it pushes nothing.
-constexpr int mostParts = 4096;
+/// A move of more parts than this in one step, 1.7 million units, is a jump: it pushes nothing.
+constexpr int mostParts = 1 << 20;
 
 /// Pushes the water with every solid collider near the camera that moved since the last call,
 /// then notes where all colliders are. `dt` in seconds.

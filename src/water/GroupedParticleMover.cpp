@@ -27,10 +27,6 @@ float iceGravityStrenght = 0.0f;          // factor on the gravity of groups
 
 /// Longest move between two collision queries, as a share of the radius.
 constexpr float hopShare = 0.75f;
-/// A move of so many hops has left any view, and so the group is about to go. It bounds what
-/// a velocity beyond reason can cost.
-constexpr int mostHops = 4096;
-
 /// What one step does to all groups.
 struct GroupStep {
     explicit GroupStep(float dt)
@@ -52,24 +48,42 @@ void Hop(ParticleGroup& group, Vector2 hop) {
     }
 }
 
+/// Moves the group by `length`, longer than a hop, along the unit vector `direction`.
+void HopAlong(ParticleGroup& group, Vector2 direction, float length) {
+    const float hop = group.radius * hopShare;
+    if (length - hop == length) {
+        // So long that a hop is lost in its rounding: counted off, it would never end. So many
+        // hops go further than anything can be seen.
+        length = hop * 0x1p16f;
+    }
+    const Vector2 move = direction * hop;
+    while (length > hop) {
+        const Vector2 before = group.position;
+        Hop(group, move);
+        length -= hop;
+        if (group.position == before) {
+            // It lies where it is stopped, and would be put back there by each further hop.
+            while (length > hop) {
+                length -= hop;
+            }
+        }
+    }
+    Hop(group, direction * length);
+}
+
 /// Moves the group in hops, and takes from its velocity what the last query touched. Ice
-/// slides: there is no friction.
+/// slides: there is no friction. Unlike a particle's, the move isn't cut.
 void Move(ParticleGroup& group, float dt) {
     const Vector2 velocity = group.velocity + group.pushVelocity;
     if (velocity.x == 0.0f && velocity.y == 0.0f) {
         return;
     }
     const Vector2 move = velocity * dt;
-    const float hop = group.radius * hopShare;
-    float length = Length(move);
-    if (length <= hop) {
-        Hop(group, move);
+    const float length = Length(move);
+    if (length > group.radius * hopShare && std::isfinite(length)) {
+        HopAlong(group, move / length, length);
     } else {
-        const Vector2 direction = move / length;
-        for (int hops = 0; length > 0.0f && hops < mostHops; ++hops) {
-            Hop(group, direction * (length > hop ? hop : length));
-            length = length > hop ? length - hop : 0.0f;
-        }
+        Hop(group, move);
     }
     const Vector2 normal = Collision::ContactNormal();
     group.velocity -= normal * Dot(normal, group.velocity);

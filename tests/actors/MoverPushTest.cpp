@@ -65,6 +65,19 @@ TEST(MoverPush, TakesInWhatTouchesItsLoad) {
     EXPECT_EQ(far.pushVelocity, Vector2{});
 }
 
+TEST(MoverPush, SweepsInFromAnywhereInOneStep) {
+    TestWorld world({100000.0f, 0.0f});
+    TestWorld::Add(Box(-20.0f, -20.0f, 0.0f, 20.0f), 1);
+    TestWorld::AddMover(1, {0.0f, 0.0f}, {100000.0f, 0.0f}, 1.0e7f, Mover::GoingToEnd);
+    TestWorld::Start();
+    const Particle& met = TestWorld::AddParticle({99990.0f, 0.0f});
+    const Particle& missed = TestWorld::AddParticle({99990.0f, 40.0f});
+    MoverManager::Step(1.0f / 60.0f);
+    EXPECT_GT(met.position.x, 99999.0f);
+    EXPECT_GT(met.pushVelocity.x, 0.0f);
+    EXPECT_EQ(missed.position, (Vector2{99990.0f, 40.0f}));
+}
+
 TEST(MoverPush, CrushesNothingWithAPolygonThatTurnsTheOtherWay) {
     TestWorld world;
     TestWorld::Add(TestLevel::Polygon(

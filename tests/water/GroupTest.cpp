@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+
 #include "engine/Console.h"
+#include "level/Collision.h"
 #include "water/WaterWorld.h"
 
 using GroupedParticleMover::groups;
@@ -121,4 +124,55 @@ TEST(Groups, LeaveWithTheViewAndItsMargin) {
     groups.front().position.x += 0.01f;
     GroupedParticleMover::Step(0.01f, ParticleManager::particles);
     EXPECT_TRUE(groups.empty());
+}
+
+namespace {
+
+/// The plain form of a lump's move: a query after each hop, to the end.
+Vector2 HopThrough(Vector2 position, float radius, Vector2 move) {
+    float length = Length(move);
+    const Vector2 direction = move / length;
+    while (length > 0.0f) {
+        position += direction * std::min(length, radius * 0.75f);
+        Collision::CollideCircle(position, radius);
+        length = length > radius * 0.75f ? length - radius * 0.75f : 0.0f;
+    }
+    return position;
+}
+
+}  // namespace
+
+TEST(Groups, GoToTheEndOfTheirMoveHoweverFarItIs) {
+    std::list<LevelPolygon> level;
+    level.push_back(TestLevel::Box(-50.0f, 20000.0f, 50.0f, 20040.0f));
+    level.push_back(TestLevel::Polygon({{0.0f, 40.0f}, {90.0f, 20.0f}, {90.0f, 60.0f}}));
+    const WaterWorld world(std::move(level));
+    ParticleManager::gravity = 0.0f;
+    constexpr float dt = 1.0f / 64.0f;
+    for (const Vector2 velocity :
+         {Vector2{0.0f, 1.2e6f}, Vector2{0.0f, 4.0e6f}, Vector2{-3.0e5f, 9.0e5f},
+          Vector2{2.0e6f, 7.0e5f}, Vector2{1.0e3f, 1.0e8f}, Vector2{64.0f, 2.0e3f}}) {
+        for (const std::size_t members : {1u, 30u}) {
+            groups.clear();
+            ParticleGroup& group = AddGroup({-30.0f, 10.0f}, members);
+            group.velocity = velocity;
+            const Vector2 end = HopThrough(group.position, group.radius, velocity * dt);
+            GroupedParticleMover::Step(dt, ParticleManager::particles);
+            EXPECT_EQ(group.position, end) << velocity.x << ' ' << velocity.y << ' ' << members;
+        }
+    }
+}
+
+TEST(Groups, ComeToAnEndOfAMoveWithout) {
+    const WaterWorld world;
+    const auto before = std::chrono::steady_clock::now();
+    for (const float speed : {3.0e9f, 1.0e14f}) {
+        AddGroup({0.0f, 0.0f}, 1).velocity = {0.0f, speed};
+        GroupedParticleMover::Step(0.02f, ParticleManager::particles);
+        ASSERT_EQ(groups.size(), 1u);
+        EXPECT_GT(groups.front().position.y, 9.0e4f);
+        GroupedParticleMover::Step(0.02f, ParticleManager::particles);
+        EXPECT_TRUE(groups.empty()) << "it has left the view";
+    }
+    EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::seconds(10));
 }
