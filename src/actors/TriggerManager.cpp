@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "actors/DelayedEffects.h"
 #include "actors/ForceManager.h"
 #include "actors/LevelObjectsManager.h"
 #include "actors/MoverManager.h"
@@ -35,18 +36,18 @@ IdIndex<LevelPolygon> polygonIndex;
 IdIndex<Mover> moverIndex;
 IdIndex<Emitter> emitterIndex;
 
-struct DelayedEffect {
-    Trigger* trigger;
-    float dt;        // of the step of firing, seconds
-    float timeLeft;  // seconds
-    std::uint32_t times;
-};
-std::vector<DelayedEffect> delayedEffects;
+DelayedEffects delayedEffects;
+std::vector<DelayedEffects::Firing> fired;  // those of this step
+std::uint32_t delayedFirings = 0;           // in this step so far
 
 /// A trigger that is tested in this step, with the box outside of which it contains nothing.
 struct Candidate {
     float minX, maxX, minY, maxY;
     Trigger* trigger;
+    // Its delayed firings in this step: how many, and when the first and the last came.
+    std::uint32_t firings = 0;
+    std::uint32_t first = 0;
+    std::uint32_t last = 0;
 };
 std::vector<Candidate> candidates;  // keeps its storage from step to step
 
@@ -61,31 +62,6 @@ void Bind(Trigger& trigger) {
     trigger.polygons = polygonIndex.Bind(LevelData::polygons, id);
     trigger.movers = moverIndex.Bind(MoverManager::movers, id);
     trigger.emitters = emitterIndex.Bind(FxParticleManager::emitters, id);
-}
-
-void RunDelayedEffects(float dt) {
-    for (DelayedEffect& delayed : delayedEffects) {
-        delayed.timeLeft -= dt;
-        if (delayed.timeLeft <= 0.0f) {
-            for (std::uint32_t i = 0; i < delayed.times; ++i) {
-                delayed.trigger->effect({*delayed.trigger, {}, delayed.dt});
-            }
-        }
-    }
-    std::erase_if(delayedEffects, [](const DelayedEffect& d) { return d.timeLeft <= 0.0f; });
-}
-
-/// A trigger full of water fires for every particle; what is queued right behind its like
-/// shares an entry, so that the queue grows with steps, not with particles.
-void Delay(Trigger& trigger, float dt) {
-    if (!delayedEffects.empty()) {
-        DelayedEffect& last = delayedEffects.back();
-        if (last.trigger == &trigger && last.timeLeft == trigger.delay && last.dt == dt) {
-            ++last.times;
-            return;
-        }
-    }
-    delayedEffects.push_back({&trigger, dt, trigger.delay, 1});
 }
 
 void CollectCandidates(float dt) {
@@ -106,26 +82,49 @@ void CollectCandidates(float dt) {
     }
 }
 
-void Fire(Trigger& trigger, WaterHit water, float dt) {
+void Fire(Candidate& candidate, WaterHit water, float dt) {
+    Trigger& trigger = *candidate.trigger;
     ++trigger.fireCount;
     trigger.cooldown = trigger.typeInfo->repeatDelay;
-    if (trigger.delay > 0.0f) {
-        Delay(trigger, dt);
-    } else {
+    if (!(trigger.delay > 0.0f)) {
         trigger.effect({trigger, water, dt});
+        return;
     }
+    candidate.last = delayedFirings++;
+    if (candidate.firings++ == 0) {
+        candidate.first = candidate.last;
+    }
+}
+
+/// Hands the step's delayed firings over, in their order.
+void DelayFired(float dt) {
+    if (delayedFirings == 0) {
+        return;
+    }
+    fired.clear();
+    for (const Candidate& candidate : candidates) {
+        if (candidate.firings > 0) {
+            fired.push_back({candidate.trigger, candidate.first, 1});
+        }
+        if (candidate.firings > 1) {
+            fired.push_back({candidate.trigger, candidate.last, candidate.firings - 1});
+        }
+    }
+    std::ranges::sort(fired, {}, &DelayedEffects::Firing::order);
+    delayedEffects.Add(fired, dt);
+    delayedFirings = 0;
 }
 
 void Test(WaterHit water, float dt) {
     const Vector2 position = water.Position();
-    for (const Candidate& candidate : candidates) {
+    for (Candidate& candidate : candidates) {
         if (position.x < candidate.minX || position.x > candidate.maxX ||
             position.y < candidate.minY || position.y > candidate.maxY) {
             continue;
         }
-        Trigger& trigger = *candidate.trigger;
+        const Trigger& trigger = *candidate.trigger;
         if (!trigger.IsSpent() && trigger.Contains(position)) {
-            Fire(trigger, water, dt);
+            Fire(candidate, water, dt);
         }
     }
 }
@@ -192,7 +191,7 @@ void Shutdown() {
     Console::RemoveCommand("TriggerDraw");
     Console::RemoveCommand("TriggerCount");
     triggers.clear();
-    delayedEffects.clear();
+    delayedEffects.Clear();
     candidates.clear();
     objectIndex.Clear();
     animatedObjectIndex.Clear();
@@ -216,7 +215,7 @@ void Add(int type, std::uint32_t targetId, float delay, Vector2 corner0, Vector2
 }
 
 void Reset() {
-    delayedEffects.clear();
+    delayedEffects.Clear();
     for (Trigger& trigger : triggers) {
         trigger.cooldown = 0.0f;
         trigger.fireCount = 0;
@@ -224,7 +223,7 @@ void Reset() {
 }
 
 void Step(float dt) {
-    RunDelayedEffects(dt);
+    delayedEffects.Run(dt);
     CollectCandidates(dt);
     if (candidates.empty()) {
         return;
@@ -235,10 +234,11 @@ void Step(float dt) {
     for (ParticleGroup& group : GroupedParticleMover::groups) {
         Test({.group = &group}, dt);
     }
+    DelayFired(dt);
 }
 
 std::size_t DelayedCount() {
-    return delayedEffects.size();
+    return delayedEffects.Count();
 }
 
 float ActiveHalfSize() {

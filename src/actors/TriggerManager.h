@@ -27,7 +27,7 @@ void Add(int type, std::uint32_t targetId, float delay, Vector2 corner0, Vector2
 /// Level restart: drops delayed effects and lets spent triggers fire again.
 void Reset();
 void Step(float dt);
-/// Effects that wait for their time; those of one step and one trigger in a row count once.
+/// Entries of effects that wait for their time: two at most for a trigger and a step.
 std::size_t DelayedCount();
 /// Half the side of the square round the camera in which triggers react; zoom doesn't widen it.
 float ActiveHalfSize();

@@ -200,23 +200,6 @@ TEST_F(Triggers, WaitForTheirDelay) {
     EXPECT_EQ(TriggerManager::DelayedCount(), 0u);
 }
 
-TEST_F(Triggers, QueueDelayedEffectsByStepsNotByParticles) {
-    // Both directions at once: the order of the firings decides where the mover goes.
-    const Mover& mover = TestWorld::AddMover(7, {}, {100.0f, 0.0f}, 10.0f);
-    Make(TriggerKind::MoverGoToStart, 7, 0.03f);
-    TestWorld::AddTrigger(TriggerKind::MoverGoToEnd, {0.0f, 0.0f}, {40.0f, 100.0f}, 7, 0.03f);
-    TestWorld::AddParticle({20.0f, 50.0f});
-    for (int i = 0; i < 500; ++i) {
-        Inside();
-    }
-    TriggerManager::Step(dt);
-    EXPECT_EQ(TriggerManager::DelayedCount(), 3u);
-    ParticleManager::particles.clear();
-    TriggerManager::Step(dt);
-    TriggerManager::Step(dt);
-    EXPECT_EQ(mover.state, Mover::GoingToStart);
-}
-
 TEST_F(Triggers, CountWaterInTheFinish) {
     LevelProgress::Initialise();
     ParticleGroup& ice = GroupedParticleMover::groups.emplace_back();

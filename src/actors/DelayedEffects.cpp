@@ -1,0 +1,82 @@
+#include "actors/DelayedEffects.h"
+
+#include <algorithm>
+#include <tuple>
+
+#include "actors/TriggerEffects.h"
+#include "engine/Console.h"
+
+namespace {
+
+/// Whether steps of up to a second leave the delay as it is, in floats.
+bool IsForEver(float delay) {
+    return delay - 1.0f == delay;
+}
+
+}  // namespace
+
+void DelayedEffects::TakeDue(Line& line) {
+    while (!line.timeLeft.IsEmpty() && line.timeLeft.Front() <= 0.0f) {
+        const Batch batch = line.batches.Front();
+        for (std::uint32_t i = 0; i < batch.size; ++i) {
+            due.push_back({batch.step, batch.dt, line.firings.Front()});
+            line.firings.Pop();
+        }
+        line.timeLeft.Pop();
+        line.batches.Pop();
+    }
+}
+
+void DelayedEffects::Run(float dt) {
+    ++step;
+    if (waiting == 0) {
+        return;
+    }
+    due.clear();
+    for (auto& [delay, line] : lines) {
+        for (float& timeLeft : line.timeLeft.All()) {
+            timeLeft -= dt;
+        }
+        TakeDue(line);
+    }
+    waiting -= due.size();
+    std::ranges::sort(due, {}, [](const Due& d) { return std::tuple(d.step, d.firing.order); });
+    for (const Due& d : due) {
+        for (std::uint32_t i = 0; i < d.firing.times; ++i) {
+            d.firing.trigger->effect({*d.firing.trigger, {}, d.dt});
+        }
+    }
+}
+
+void DelayedEffects::Add(std::span<const Firing> fired, float dt) {
+    for (const Firing& firing : fired) {
+        const float delay = firing.trigger->delay;
+        if (IsForEver(delay)) {
+            continue;
+        }
+        if (waiting == mostWaiting) {
+            if (!hasComplained) {
+                Console::Print(
+                    "\nToo many delayed trigger effects wait; more are dropped. Limit is ");
+                Console::PrintUnsigned(static_cast<std::uint32_t>(mostWaiting));
+                Console::Print(".");
+            }
+            hasComplained = true;
+            return;
+        }
+        Line& line = lines[delay];
+        if (line.batches.IsEmpty() || line.batches.Back().step != step) {
+            line.batches.Push({step, dt, 0});
+            line.timeLeft.Push(delay);
+        }
+        ++line.batches.Back().size;
+        line.firings.Push(firing);
+        ++waiting;
+    }
+}
+
+void DelayedEffects::Clear() {
+    lines.clear();
+    waiting = 0;
+    hasComplained = false;
+}

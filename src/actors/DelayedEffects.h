@@ -1,0 +1,82 @@
+#pragma once
+// Effects of triggers that wait for their delay. A repeating trigger fires for all the water in
+// it, in every step; what it fires in one step is kept in two entries at most: the first firing,
+// and the last with the number of all that followed the first. That is all that the order of
+// effects comes to: what a repeating effect sets, its last call in a step sets again; what it
+// begins, its first call begins; and what it counts, it counts.
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <span>
+#include <vector>
+
+#include "actors/Trigger.h"
+
+class DelayedEffects {
+public:
+    /// Firings of one trigger in a row.
+    struct Firing {
+        Trigger* trigger;
+        std::uint32_t order;  ///< among the firings of the step
+        std::uint32_t times;
+    };
+
+    /// More entries don't wait: firings beyond are dropped, and the console says so, once.
+    static constexpr std::size_t mostWaiting = 1u << 20;
+
+    /// Ages what waits by a step of `dt` seconds, then has the effects whose time has come, in
+    /// the order of their firing.
+    void Run(float dt);
+    /// Takes in what fired in a step of `dt` seconds, in ascending order.
+    void Add(std::span<const Firing> fired, float dt);
+    void Clear();
+    std::size_t Count() const { return waiting; }
+
+private:
+    /// A queue that keeps its storage.
+    template <class T>
+    class Fifo {
+    public:
+        bool IsEmpty() const { return head == items.size(); }
+        T& Front() { return items[head]; }
+        T& Back() { return items.back(); }
+        std::span<T> All() { return std::span(items).subspan(head); }
+        void Push(const T& item) { items.push_back(item); }
+        void Pop() {
+            if (++head * 2 > items.size()) {
+                items.erase(items.begin(), items.begin() + static_cast<std::ptrdiff_t>(head));
+                head = 0;
+            }
+        }
+
+    private:
+        std::vector<T> items;
+        std::size_t head = 0;
+    };
+    /// What fired in one step with one delay.
+    struct Batch {
+        std::uint64_t step;
+        float dt;  // of that step, seconds
+        std::uint32_t size;
+    };
+    /// All that waits for one delay: what fired earlier never has more time left.
+    struct Line {
+        Fifo<float> timeLeft;  // seconds, per batch
+        Fifo<Batch> batches;
+        Fifo<Firing> firings;
+    };
+    struct Due {
+        std::uint64_t step;
+        float dt;
+        Firing firing;
+    };
+
+    void TakeDue(Line& line);
+
+    std::map<float, Line> lines;  // by delay
+    std::vector<Due> due;         // keeps its storage from step to step
+    std::uint64_t step = 0;
+    std::size_t waiting = 0;
+    bool hasComplained = false;
+};
