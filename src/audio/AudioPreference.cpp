@@ -7,7 +7,6 @@
 
 #include "engine/PreferenceStore.h"
 #include "engine/Text.h"
-#include "game/Startup.h"
 
 std::optional<bool> AudioPreference(std::string_view name) {
     const std::string text = PreferenceStore::OpenKey(preferencesPath).GetValue(name);

@@ -8,6 +8,9 @@
 #include <string_view>
 #include <vector>
 
+/// Where the program's own preferences are kept in the store.
+inline constexpr std::string_view preferencesPath = "software/Vantrel/Preferences";
+
 /// A key of the store. A value: copies stand for the same key.
 class PreferenceKey {
 public:

@@ -14,11 +14,13 @@
 #include "engine/ConfigFile.h"
 #include "engine/Console.h"
 #include "engine/Presentation.h"
+#include "game/GameMenuHost.h"
 #include "game/GameState.h"
 #include "game/LevelProgress.h"
 #include "game/RunRecorder.h"
 #include "graphics/GLWindow.h"
 #include "level/LevelData.h"
+#include "menus/MenuHost.h"
 #include "menus/MenuManager.h"
 #include "platform/Clock.h"
 #include "water/FxParticleManager.h"
@@ -229,6 +231,7 @@ bool CostMeter::Add(std::uint64_t begin, std::uint64_t end) {
 void Game::Initialise(const std::string& mapName) {
     ResetRequests();
     Presentation::Current().BeginLoading();
+    MenuHost::Use(&GameMenuHost());
     MenuManager::Initialise();
     MenuManager::Show(MenuManager::Main);
     ReadSettings();

@@ -3,29 +3,12 @@
 // written back at program end. Nothing saves in between. Whatever the file holds, the table
 // stays valid; no failure prints.
 
-#include <array>
 #include <cstdint>
 #include <span>
-#include <string>
-#include <string_view>
+
+#include "menus/HighScoreRow.h"
 
 class GuiScreen;
-
-/// One row, with the bytes of its name as the file has them: foreign files may hold any.
-struct HighScoreRow {
-    static constexpr std::size_t longestName = 20;
-
-    std::array<char, longestName + 1> name{};  ///< zeros behind the text
-    std::array<char, 3> reserved{};
-    std::uint32_t score = 0;
-
-    HighScoreRow() = default;
-    /// The name is cut to 20 characters, and at its first zero.
-    HighScoreRow(std::string_view rowName, std::uint32_t rowScore);
-
-    /// The name up to its zero, or all of it if it has none.
-    std::string Name() const;
-};
 
 namespace HighScoreTable {
 

@@ -19,9 +19,6 @@ struct StartupSettings {
 
 extern StartupSettings startupSettings;
 
-/// Where the preferences are kept in the store.
-inline constexpr std::string_view preferencesPath = "software/Vantrel/Preferences";
-
 /// Reads the store; what is missing or badly formed leaves its setting as it was.
 void LoadPreferences();
 /// Reads "-DETAIL", "-RESOLUTION", "-MAP", "-FULLSCREEN", "-SOUND", "-MUSIC", "-RECORD" and

@@ -5,8 +5,8 @@
 #include <cinttypes>
 #include <cstdio>
 
-#include "game/HighScoreTable.h"
 #include "menus/GuiTextWidget.h"
+#include "menus/MenuHost.h"
 
 namespace {
 
@@ -44,7 +44,7 @@ void GuiHighScores::DrawTable(float left, float top, const GuiColour& colour) co
 
     float rowTop = top + firstRow * titleFontSize;
     int rank = 1;
-    for (const HighScoreRow& row : HighScoreTable::Rows()) {
+    for (const HighScoreRow& row : MenuHost::Current().HighScores()) {
         char number[16];
         std::snprintf(number, sizeof number, "%d", rank);
         painter.DrawText(font, number, left, rowTop, entryFontSize, colour);

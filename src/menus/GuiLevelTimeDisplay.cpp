@@ -7,8 +7,8 @@
 #include <cstdint>
 #include <cstdio>
 
-#include "game/LevelProgress.h"
 #include "menus/GuiScoreLabel.h"
+#include "menus/MenuHost.h"
 
 void GuiLevelTimeDisplay::SetRampTime(float seconds) {
     ramp.rampTime = std::max(seconds, 0.01f);
@@ -20,7 +20,7 @@ void GuiLevelTimeDisplay::OnPaint() {
     std::uint32_t shown = 0;  // milliseconds
     if (predecessor && predecessor->ramp.IsDone()) {
         const auto share = static_cast<double>(ramp.Advance());
-        shown = static_cast<std::uint32_t>(static_cast<double>(LevelProgress::ElapsedMs()) * share);
+        shown = static_cast<std::uint32_t>(MenuHost::Current().Result().elapsedMs * share);
     }
     // Hours are dropped: there is room for two digits each.
     char text[16];

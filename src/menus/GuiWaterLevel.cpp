@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "game/LevelProgress.h"
+#include "menus/MenuHost.h"
 
 namespace {
 
@@ -22,7 +22,7 @@ void GuiWaterLevel::SetRampTime(float seconds) {
 void GuiWaterLevel::OnPaint() {
     ramp.Tick();
     const float t = ramp.Advance();
-    const float share = static_cast<float>(LevelProgress::WaterAtFinish()) / fullBody;
+    const float share = static_cast<float>(MenuHost::Current().Result().waterAtFinish) / fullBody;
     const auto left = static_cast<float>(x);
     const auto h = static_cast<float>(height);
     const float top = static_cast<float>(y) + (1.0f - share * t) * h;

@@ -7,7 +7,7 @@
 
 #include "audio/Sound.h"
 #include "engine/ConfigFile.h"
-#include "game/LevelProgress.h"
+#include "menus/MenuHost.h"
 #include "menus/Menu_Credits.h"
 #include "menus/Menu_HighScores.h"
 #include "menus/Menu_InGame.h"
@@ -55,12 +55,11 @@ void StartCurrent() {
     }
 }
 
-/// The time in menus doesn't count as time played.
 void BackToGame() {
     if (backgroundSound) {
         backgroundSound->Stop();
     }
-    LevelProgress::SkipTime();
+    MenuHost::Current().MenusClosed();
 }
 
 }  // namespace

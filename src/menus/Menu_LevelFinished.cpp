@@ -4,16 +4,13 @@
 
 #include <algorithm>
 
-#include "game/Game.h"
-#include "game/HighScoreTable.h"
-#include "game/LevelProgress.h"
-#include "game/RunRecorder.h"
 #include "menus/GuiLevelTimeDisplay.h"
 #include "menus/GuiScoreLabel.h"
 #include "menus/GuiWaterLevel.h"
 #include "menus/LogicalSpace.h"
 #include "menus/MenuAction.h"
 #include "menus/MenuBuilder.h"
+#include "menus/MenuHost.h"
 
 namespace {
 
@@ -28,14 +25,18 @@ void SubmitAndGoOn(GuiAnimatedButton& button) {
     }
     // Typing a name paints this screen, and must not find a second press on it.
     button.owner->FlushPending();
-    if (!RunRecorder::WasReplayed()) {
-        HighScoreTable::Submit(LevelProgress::TotalScore(), button.owner);
-    }
-    Game::RequestRestart();
+    MenuHost::Current().EnterScore(button.owner);
+    MenuHost::Current().RequestRestart();
     scoreSubmitted = true;
     // The table shows, with the main menu as its way back.
     MenuManager::Show(MenuManager::Main);
     MenuManager::Show(MenuManager::HighScores);
+}
+
+/// One of the numbers of the level's result.
+template <std::uint32_t LevelResult::*number>
+std::uint32_t Result() {
+    return MenuHost::Current().Result().*number;
 }
 
 GuiScoreLabel& AddCounter(GuiScreen& screen, const MenuBuilder& builder, const std::string& name,
@@ -85,8 +86,8 @@ void Menu_LevelFinished::AddCounters(MenuBuilder& builder) {
     const float timeRamp = builder.Own().GetFloat("timeRampUpTime");
 
     builder.AddLabel("waterScoreLabel", "Water score:");
-    waterScoreCount = &AddCounter(*this, builder, "waterScoreCount", LevelProgress::WaterScore,
-                                  "waterRampUpSound");
+    waterScoreCount = &AddCounter(*this, builder, "waterScoreCount",
+                                  Result<&LevelResult::waterScore>, "waterRampUpSound");
 
     auto& time = Add<GuiLevelTimeDisplay>();
     builder.StyleText(time);
@@ -97,21 +98,21 @@ void Menu_LevelFinished::AddCounters(MenuBuilder& builder) {
     time.predecessor = waterScoreCount;
 
     builder.AddLabel("timeScoreLabel", "Time  score:");
-    GuiScoreLabel& timeScore =
-        AddCounter(*this, builder, "timeScoreCount", LevelProgress::TimeScore, "timeRampUpSound");
+    GuiScoreLabel& timeScore = AddCounter(*this, builder, "timeScoreCount",
+                                          Result<&LevelResult::timeScore>, "timeRampUpSound");
     timeScore.SetRampTime(timeRamp);
     timeScore.predecessor = waterScoreCount;
 
     builder.AddLabel("totalScoreLabel", "Total score:");
     GuiScoreLabel& totalScore = AddCounter(*this, builder, "totalScoreCount",
-                                           LevelProgress::TotalScore, "totalRampUpSound");
+                                           Result<&LevelResult::totalScore>, "totalRampUpSound");
     totalScore.SetRampTime(builder.Own().GetFloat("totalRampUpTime"));
     totalScore.predecessor = &timeScore;
 }
 
 void Menu_LevelFinished::Reset() {
     scoreSubmitted = false;
-    const float share = static_cast<float>(LevelProgress::WaterAtFinish()) / fullBody;
+    const float share = static_cast<float>(Result<&LevelResult::waterAtFinish>()) / fullBody;
     waterScoreCount->SetRampTime(waterRampTime * share);
     waterLevel->SetRampTime(waterRampTime * share);
     GuiScreen::Reset();

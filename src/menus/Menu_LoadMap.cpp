@@ -2,9 +2,9 @@
 
 #include "menus/Menu_LoadMap.h"
 
-#include "game/Game.h"
 #include "menus/MenuAction.h"
 #include "menus/MenuBuilder.h"
+#include "menus/MenuHost.h"
 #include "platform/Paths.h"
 
 namespace {
@@ -18,7 +18,8 @@ std::vector<std::string> levelNames;
 /// fails as any missing level does.
 void LoadSelected(GuiAnimatedButton& /*button*/) {
     const std::size_t index = mapChooser->selected;
-    Game::RequestMap(levelFolder + (index < levelNames.size() ? levelNames[index] : ""));
+    MenuHost::Current().RequestMap(levelFolder +
+                                   (index < levelNames.size() ? levelNames[index] : ""));
 }
 
 }  // namespace

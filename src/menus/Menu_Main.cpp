@@ -3,16 +3,16 @@
 #include "menus/Menu_Main.h"
 
 #include "audio/MusicPlayer.h"
-#include "game/Game.h"
 #include "graphics/GLWindow.h"
 #include "menus/MenuAction.h"
 #include "menus/MenuColumn.h"
+#include "menus/MenuHost.h"
 
 namespace {
 
 void StartGame(GuiAnimatedButton& /*button*/) {
     MenuManager::Show(MenuManager::None);
-    MusicPlayer::Play(Game::MusicName(), true);
+    MusicPlayer::Play(MenuHost::Current().MusicName(), true);
     GLWindow::WarpCursorToCentre();
 }
 

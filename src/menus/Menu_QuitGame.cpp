@@ -2,10 +2,18 @@
 
 #include "menus/Menu_QuitGame.h"
 
-#include "game/Game.h"
+#include "menus/MenuHost.h"
 #include "menus/MenuQuestion.h"
+
+namespace {
+
+void Quit() {
+    MenuHost::Current().RequestQuit();
+}
+
+}  // namespace
 
 Menu_QuitGame::Menu_QuitGame() {
     MenuBuilder builder(*this, "cfg\\menu_quitGame.cfg");
-    MenuQuestion::Ask<Game::RequestQuit>(*this, builder, "quitLabel", "Quit game: are you sure?");
+    MenuQuestion::Ask<Quit>(*this, builder, "quitLabel", "Quit game: are you sure?");
 }

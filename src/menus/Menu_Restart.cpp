@@ -3,15 +3,15 @@
 #include "menus/Menu_Restart.h"
 
 #include "audio/MusicPlayer.h"
-#include "game/Game.h"
 #include "graphics/GLWindow.h"
+#include "menus/MenuHost.h"
 #include "menus/MenuQuestion.h"
 
 namespace {
 
 void BeginAgain() {
-    MusicPlayer::Play(Game::MusicName(), true);
-    Game::RequestRestart();
+    MusicPlayer::Play(MenuHost::Current().MusicName(), true);
+    MenuHost::Current().RequestRestart();
     MenuManager::Show(MenuManager::None);
     GLWindow::WarpCursorToCentre();
 }

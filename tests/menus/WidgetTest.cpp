@@ -1,13 +1,12 @@
 #include <gtest/gtest.h>
 
 #include "MenuTest.h"
-#include "game/LevelProgress.h"
 #include "menus/GuiLevelTimeDisplay.h"
 #include "menus/GuiOptionChooser.h"
 #include "menus/GuiScoreLabel.h"
 #include "menus/GuiTextBox.h"
+#include "menus/MenuHost.h"
 #include "platform/VirtualKeys.h"
-#include "water/ParticleManager.h"
 
 namespace {
 
@@ -102,10 +101,10 @@ TEST_F(WidgetTest, CountsScoresUpOneAfterTheOther) {
 }
 
 TEST_F(WidgetTest, TellsTheTimeOnceItsPredecessorIsDone) {
-    ParticleManager::particles.emplace_front();
-    LevelProgress::Initialise();
-    clock.Advance(3723456);
-    LevelProgress::Step(0.01f);
+    class OneHourLevel : public MenuHost {
+        LevelResult Result() const override { return {.elapsedMs = 3723456}; }
+    } host;
+    MenuHost::Use(&host);
     GuiScoreLabel before;
     GuiLevelTimeDisplay display;
     display.SetRampTime(1.0f);
@@ -121,8 +120,7 @@ TEST_F(WidgetTest, TellsTheTimeOnceItsPredecessorIsDone) {
     EXPECT_NE(painter.LastText(), "00:00:00");
     PaintAfter(display, 3000);
     EXPECT_EQ(painter.LastText(), "02:03:45");  // the hour is dropped
-    LevelProgress::Shutdown();
-    ParticleManager::particles.clear();
+    MenuHost::Use(nullptr);
 }
 
 }  // namespace

@@ -17,6 +17,7 @@
 #include <utility>
 #include <vector>
 
+#include "game/GameMenuHost.h"
 #include "game/HighScoreTable.h"
 #include "game/HighScores.h"
 #include "game/LevelProgress.h"
@@ -24,6 +25,7 @@
 #include "graphics/ImageReader.h"
 #include "graphics/TextureDeviceDraw.h"
 #include "menus/GuiPainterDraw.h"
+#include "menus/MenuHost.h"
 #include "menus/MenuManager.h"
 #include "menus/Menu_LevelFinished.h"
 #include "platform/Clock.h"
@@ -141,11 +143,13 @@ protected:
         HighScoreTable::Insert({"Ada", 500000});
         HighScoreTable::Insert({"wide mmm WWW 0123456", 4294967295});
         FinishALevel();
+        MenuHost::Use(&GameMenuHost());
         MenuManager::Initialise();
     }
     void TearDown() override {
         EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
         MenuManager::Shutdown();
+        MenuHost::Use(nullptr);
         LevelProgress::Shutdown();
         ParticleManager::particles.clear();
         GuiPainter::Use(nullptr);
