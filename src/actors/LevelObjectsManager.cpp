@@ -9,6 +9,7 @@
 #include "actors/ViewSquare.h"
 #include "engine/ConfigFile.h"
 #include "engine/Console.h"
+#include "engine/ConsoleCommands.h"
 #include "engine/Text.h"
 #include "game/Game.h"
 #include "graphics/TextureManager.h"
@@ -68,28 +69,24 @@ void EmptyQueues() {
     }
 }
 
-template <bool& flag>
-bool Access(bool value, bool isSet) {
-    if (isSet) {
-        flag = value;
-    }
-    return flag;
-}
-
-void CreateFromText(std::string text) {
-    const std::vector<std::string> words = SplitWords(text);
-    if (words.size() != 4 || !IsNumber(words[0]) || !IsNumber(words[1]) || !IsInteger(words[2])) {
-        Console::Print(
-            "\nUSAGE: ObjectCreate < x : number > < y : number > < object id : integer > "
-            "< textureName : string >");
-        return;
-    }
+void Create(float x, float y, std::uint32_t id, const std::string& textureName) {
     LevelObject object;
-    object.position = {ToNumber(words[0]), ToNumber(words[1])};
-    object.id = static_cast<std::uint32_t>(ToInteger(words[2]));
-    object.SetTexture(words[3]);
+    object.position = {x, y};
+    object.id = id;
+    object.SetTexture(textureName);
     Add(object);
 }
+
+const Console::CommandTable commands{
+    {"ObjectsDraw", Console::Variable<objectsDraw>, "Shows or hides the level's sprites."},
+    {"ObjectsCull", Console::Variable<objectsCull>,
+     "Leaves out sprites out of view; without it, disabled ones show too."},
+    {"ObjectsDrawIds", Console::Variable<objectsDrawIds>, "Shows the ids of the sprites."},
+    {"ObjectsCount", [] { return static_cast<int>(objects.size() + animatedObjects.size()); },
+     "How many sprites there are."},
+    {"ObjectCreate", Console::Words<Create>, "Adds a sprite with its middle at (x, y).",
+     "< x : number > < y : number > < object id : integer > < textureName : string >"},
+};
 
 /// At most one frame passes, however long the step is.
 void StepAnimation(LevelObject& object, float dt) {
@@ -142,12 +139,7 @@ void Initialise() {
     Shutdown();
     Console::Print("\nInitialising level objects manager..");
     ResetFlags();
-    Console::AddCommand("ObjectsDraw", Access<objectsDraw>);
-    Console::AddCommand("ObjectsCull", Access<objectsCull>);
-    Console::AddCommand("ObjectsDrawIds", Access<objectsDrawIds>);
-    Console::AddCommand("ObjectsCount",
-                        [] { return static_cast<int>(objects.size() + animatedObjects.size()); });
-    Console::AddCommand("ObjectCreate", CreateFromText);
+    commands.Add();
     animationSpeeds = std::fabs(ConfigFile("cfg\\animation.cfg").GetFloat("animationSpeeds"));
 }
 
@@ -156,10 +148,7 @@ void Shutdown() {
     EmptyQueues();
     objects.clear();
     animatedObjects.clear();
-    for (const char* const command :
-         {"ObjectsDraw", "ObjectsCull", "ObjectsDrawIds", "ObjectsCount", "ObjectCreate"}) {
-        Console::RemoveCommand(command);
-    }
+    commands.Remove();
 }
 
 void Add(const LevelObject& object) {

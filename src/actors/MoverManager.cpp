@@ -12,6 +12,7 @@
 #include "actors/MoverPush.h"
 #include "actors/ViewSquare.h"
 #include "engine/Console.h"
+#include "engine/ConsoleCommands.h"
 #include "game/Game.h"
 #include "level/Collision.h"
 #include "level/LevelData.h"
@@ -123,13 +124,6 @@ void MoveCarried() {
     }
 }
 
-bool SwitchFlag(bool& flag, bool value, bool isSet) {
-    if (isSet) {
-        flag = value;
-    }
-    return flag;
-}
-
 void ClearLists() {
     movers.clear();
     colliders.clear();
@@ -142,6 +136,14 @@ void ClearLists() {
     nearEdgePointers.clear();
 }
 
+const Console::CommandTable commands{
+    {"MoverCount", Console::Count<movers>, "How many movers there are."},
+    {"MoverDraw", Console::Variable<moverDraw>,
+     "Shows the paths of the movers, with id and speed."},
+    {"DynamicNodeDraw", Console::Variable<dynamicNodeDraw>,
+     "Shows the edges that move: green ones collide, red ones don't."},
+};
+
 }  // namespace
 
 void Initialise() {
@@ -149,12 +151,7 @@ void Initialise() {
     moverDraw = false;
     dynamicNodeDraw = false;
     Console::Print("\nInitialising down mover manager..");
-    Console::AddCommand("MoverCount", [] { return static_cast<int>(movers.size()); });
-    Console::AddCommand("MoverDraw",
-                        [](bool value, bool isSet) { return SwitchFlag(moverDraw, value, isSet); });
-    Console::AddCommand("DynamicNodeDraw", [](bool value, bool isSet) {
-        return SwitchFlag(dynamicNodeDraw, value, isSet);
-    });
+    commands.Add();
     Collision::UseMovingSegments(&nearEdgePointers);
 }
 
@@ -162,9 +159,7 @@ void Shutdown() {
     Console::Print("\nShutting down mover manager..");
     Collision::UseMovingSegments(nullptr);
     ClearLists();
-    Console::RemoveCommand("MoverCount");
-    Console::RemoveCommand("MoverDraw");
-    Console::RemoveCommand("DynamicNodeDraw");
+    commands.Remove();
 }
 
 void Add(const Mover& mover) {

@@ -8,7 +8,7 @@
 #include "actors/Camera.h"
 #include "audio/LoopLevel.h"
 #include "engine/Console.h"
-#include "engine/Text.h"
+#include "engine/ConsoleCommands.h"
 #include "game/LevelProgress.h"
 
 namespace SoundSourceManager {
@@ -41,30 +41,26 @@ void ForEach(SourceMap& sources, Visit visit) {
     }
 }
 
-void PrintUsage() {
-    Console::Print(
-        "\nUSAGE: SoundSourceCreate "
-        "< x : number > "
-        "< y : number > "
-        "< strenght : number > "
-        "< looping : true OR false > "
-        "< id : integer > "
-        "< fileName > ");
-}
-
-void CreateFromText(const char* text) {
-    const std::vector<std::string> words = SplitWords(text);
-    if (words.size() != 6 || !IsNumber(words[0]) || !IsNumber(words[1]) || !IsNumber(words[2]) ||
-        !IsBoolean(words[3]) || !IsInteger(words[4])) {
-        PrintUsage();
-        return;
-    }
-    const std::uint8_t looping = ToBoolean(words[3]) ? 1 : 0;
-    const auto id = static_cast<std::uint32_t>(ToInteger(words[4]));
-    Add({ToNumber(words[0]), ToNumber(words[1]), ToNumber(words[2]), Sound(words[5]), looping, 1,
-         id});
+void Create(float x, float y, float strength, bool looping, std::uint32_t id,
+            const std::string& fileName) {
+    Add({x, y, strength, Sound(fileName), static_cast<std::uint8_t>(looping ? 1 : 0), 1, id});
     Step();
 }
+
+int CountIds() {
+    return static_cast<int>(loopingSources.size() + oneShotSources.size());
+}
+
+const Console::CommandTable commands{
+    {"SoundSourceCreate", Console::Words<Create>,
+     "Places a sound, which a trigger with its id may start.",
+     "< x : number > < y : number > < strenght : number > < looping : true OR false > "
+     "< id : integer > < fileName > "},
+    {"SoundSourceCount", CountIds,
+     "How many ids placed sounds have; several under one id count once."},
+    {"SoundSourceDraw", Console::Variable<soundSourceDraw>,
+     "Shows the placed sounds, with id and file."},
+};
 
 /// Sets the source's sound to where other copies of its sample are. A copy that rests ends the
 /// search: where sources rest, there is nothing to be in phase with.
@@ -107,25 +103,14 @@ void Initialise() {
     Shutdown();
     Console::Print("\nInitialising sound source manager..");
     soundSourceDraw = false;
-    Console::AddCommand("SoundSourceCreate", CreateFromText);
-    Console::AddCommand("SoundSourceCount", [] {
-        return static_cast<int>(loopingSources.size() + oneShotSources.size());
-    });
-    Console::AddCommand("SoundSourceDraw", [](bool value, bool isSet) {
-        if (isSet) {
-            soundSourceDraw = value;
-        }
-        return soundSourceDraw;
-    });
+    commands.Add();
 }
 
 void Shutdown() {
     Console::Print("\nShutting down sound source manager..");
     loopingSources.clear();
     oneShotSources.clear();
-    Console::RemoveCommand("SoundSourceCreate");
-    Console::RemoveCommand("SoundSourceCount");
-    Console::RemoveCommand("SoundSourceDraw");
+    commands.Remove();
 }
 
 void Add(const SoundSource& source) {

@@ -15,7 +15,7 @@
 #include "actors/TriggerEffects.h"
 #include "actors/ViewSquare.h"
 #include "engine/Console.h"
-#include "engine/Text.h"
+#include "engine/ConsoleCommands.h"
 #include "game/Game.h"
 #include "level/LevelData.h"
 #include "water/FxParticleManager.h"
@@ -139,33 +139,23 @@ void PrintTypes() {
     }
 }
 
-void PrintUsage() {
-    Console::Print(
-        "\nUSAGE: TriggerCreate "
-        "< id : integer > "
-        "< target id : integer > "
-        "< x : number > "
-        "< y : number > "
-        "< w : number > "
-        "< h : number > ");
+void Create(int type, std::uint32_t targetId, float x, float y, float w, float h) {
+    const Vector2 at{x, y};
+    const Vector2 width{w, 0.0f};
+    const Vector2 height{0.0f, h};
+    Add(type, targetId, 0.0f, at, at + width, at + width + height, at + height);
 }
 
-void CreateFromText(std::string text) {
-    const std::vector<std::string> words = SplitWords(text);
-    bool valid = words.size() == 6 && IsInteger(words[0]) && IsInteger(words[1]);
-    for (std::size_t i = 2; valid && i < words.size(); ++i) {
-        valid = IsNumber(words[i]);
-    }
-    if (!valid) {
-        PrintUsage();
-        return;
-    }
-    const Vector2 at{ToNumber(words[2]), ToNumber(words[3])};
-    const Vector2 width{ToNumber(words[4]), 0.0f};
-    const Vector2 height{0.0f, ToNumber(words[5])};
-    Add(ToInteger(words[0]), static_cast<std::uint32_t>(ToInteger(words[1])), 0.0f, at, at + width,
-        at + width + height, at + height);
-}
+const Console::CommandTable commands{
+    {"TriggerTypeList", PrintTypes, "Lists the types that there are."},
+    {"TriggerCreate", Console::Words<Create>,
+     "Adds a rectangular trigger with its top left at (x, y).",
+     "< id : integer > < target id : integer > < x : number > < y : number > < w : number > "
+     "< h : number > "},
+    {"TriggerDraw", Console::Variable<triggerDraw>,
+     "Shows the triggers: white ones can be fired by water, red ones are too far from the camera."},
+    {"TriggerCount", Console::Count<triggers>, "How many triggers there are."},
+};
 
 }  // namespace
 
@@ -173,23 +163,12 @@ void Initialise() {
     Shutdown();
     Console::Print("\nInitialising down trigger manager..");
     triggerDraw = false;
-    Console::AddCommand("TriggerTypeList", PrintTypes);
-    Console::AddCommand("TriggerCreate", CreateFromText);
-    Console::AddCommand("TriggerDraw", [](bool value, bool isSet) {
-        if (isSet) {
-            triggerDraw = value;
-        }
-        return triggerDraw;
-    });
-    Console::AddCommand("TriggerCount", [] { return static_cast<int>(triggers.size()); });
+    commands.Add();
 }
 
 void Shutdown() {
     Console::Print("\nShutting down trigger manager..");
-    Console::RemoveCommand("TriggerTypeList");
-    Console::RemoveCommand("TriggerCreate");
-    Console::RemoveCommand("TriggerDraw");
-    Console::RemoveCommand("TriggerCount");
+    commands.Remove();
     triggers.clear();
     delayedEffects.Clear();
     candidates.clear();

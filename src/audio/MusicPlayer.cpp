@@ -6,6 +6,7 @@
 
 #include "audio/AudioPreference.h"
 #include "engine/Console.h"
+#include "engine/ConsoleCommands.h"
 #include "platform/Audio.h"
 #include "platform/Paths.h"
 
@@ -22,11 +23,7 @@ Platform::MusicStream& Stream() {
     return Platform::TheAudio().Music();
 }
 
-void MusicPlay(const char* fileName) {
-    if (*fileName == '\0') {
-        Console::Print("\nUSAGE: MusicPlay < file name >");
-        return;
-    }
+void MusicPlay(const std::string& fileName) {
     Console::Print(Play(fileName, true) ? "\nFile opened successfully." : "\nFailed to open file.");
 }
 
@@ -43,6 +40,13 @@ int MusicVolume(int value, bool isSet) {
     return Volume();
 }
 
+const Console::CommandTable commands{
+    {"MusicSystemInitialised", [] { return initialised; },
+     "Tells whether there is a device for music."},
+    {"MusicPlay", Console::SomeText<MusicPlay>, "Plays a piece over and over.", "< file name >"},
+    {"MusicVolume", MusicVolume, "How loud the music is, 0 to 255."},
+};
+
 }  // namespace
 
 void Initialise() {
@@ -55,9 +59,7 @@ void Initialise() {
     Console::Print(initialised ? "\nMusic subsystem initialised successfully."
                                : "\nError initialising music subsystem.");
     volume = 255;
-    Console::AddCommand("MusicSystemInitialised", [] { return initialised; });
-    Console::AddCommand("MusicPlay", MusicPlay);
-    Console::AddCommand("MusicVolume", MusicVolume);
+    commands.Add();
     ApplyPreference();
 }
 
@@ -68,9 +70,7 @@ void Shutdown() {
         started = false;
         initialised = false;
     }
-    Console::RemoveCommand("MusicSystemInitialised");
-    Console::RemoveCommand("MusicPlay");
-    Console::RemoveCommand("MusicVolume");
+    commands.Remove();
 }
 
 bool Play(const std::string& fileName, bool loop) {

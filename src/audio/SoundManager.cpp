@@ -8,6 +8,7 @@
 #include "audio/AudioPreference.h"
 #include "audio/WavFile.h"
 #include "engine/Console.h"
+#include "engine/ConsoleCommands.h"
 #include "engine/Text.h"
 #include "platform/Paths.h"
 
@@ -53,6 +54,12 @@ void PrintMemory() {
     Console::Print(" bytes.");
 }
 
+const Console::CommandTable commands{
+    {"SoundList", ListSounds,
+     "Lists the samples in use; \"(loading failed)\" marks those that can't be heard."},
+    {"SoundMemory", PrintMemory, "Tells how much memory the samples take."},
+};
+
 }  // namespace
 
 void Initialise() {
@@ -84,14 +91,12 @@ bool HasDevice() {
 
 void InitialiseCache() {
     ReleaseAll();
-    Console::AddCommand("SoundList", ListSounds);
-    Console::AddCommand("SoundMemory", PrintMemory);
+    commands.Add();
 }
 
 void ShutdownCache() {
     ReleaseAll();
-    Console::RemoveCommand("SoundList");
-    Console::RemoveCommand("SoundMemory");
+    commands.Remove();
 }
 
 void SetMasterVolume(float volume) {

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "engine/ConfigFile.h"
+#include "engine/ConsoleCommands.h"
 #include "engine/ConsoleParts.h"
 
 namespace Console {

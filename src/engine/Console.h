@@ -1,32 +1,14 @@
 #pragma once
 // The developer's window into the running program, and its only log: a text ring, a line
-// editor with history and completion, and a registry of typed commands. Printing is valid
-// at any moment. Messages start with "\n" and don't end with one.
+// editor with history and completion, and typed commands (ConsoleCommands.h). Printing is
+// valid at any moment. Messages start with "\n" and don't end with one.
 //
 // Everything runs on the main thread. Drawing lies in graphics/ConsoleDraw.h.
 
 #include <array>
 #include <cstdint>
-#include <map>
-#include <optional>
 #include <string>
 #include <string_view>
-#include <variant>
-
-/// A registered command: the function's signature decides how a typed line is converted.
-struct ConsoleCommand {
-    using Action = void (*)();
-    /// A text that a function may decline to give; then nothing stands behind "is".
-    using Text = std::optional<std::string>;
-    using Function =
-        std::variant<Action, int (*)(), bool (*)(), float (*)(), std::string (*)(), Text (*)(),
-                     void (*)(int), void (*)(bool), void (*)(float), void (*)(std::string),
-                     void (*)(const char*), int (*)(int, bool), bool (*)(bool, bool),
-                     float (*)(float, bool), std::string (*)(std::string), Text (*)(const char*)>;
-
-    std::string name;  ///< as registered, in its own case
-    Function function;
-};
 
 namespace Console {
 
@@ -46,13 +28,6 @@ void PrintFloat(float value);
 void PrintDouble(double value);
 /// The text as a heading, between two lines of 64 asterisks.
 void PrintBanner(std::string_view text);
-
-/// Binds `function`, a function pointer or a lambda without captures, to `name`, replacing an
-/// earlier binding. Ignored if the name is empty or holds a blank, or the function is null. An
-/// accessor (the two-argument forms) stores its
-/// value only if its second argument is true, and always returns the current value.
-void AddCommand(std::string_view name, ConsoleCommand::Function function);
-void RemoveCommand(std::string_view name);
 
 /// Copies what is printed to ConsoleLog.txt in the working directory, from now on. A write
 /// that fails ends it, with a message.
@@ -95,8 +70,6 @@ struct Settings {
 };
 extern Settings settings;
 
-/// All bindings, by upper-cased name.
-const std::map<std::string, ConsoleCommand>& Commands();
 /// The ring's text from the oldest character on, without the line feeds that filled it at
 /// the start. For tests and for the end of a run without a screen.
 std::string OutputText();

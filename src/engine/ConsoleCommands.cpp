@@ -1,27 +1,19 @@
-// The console's registry: parses a typed line, converts its argument to what the bound
+// The console's registry: parses a typed line, converts its arguments to what the bound
 // function takes, and prints what it returns.
 
+#include "engine/ConsoleCommands.h"
+
 #include <algorithm>
-#include <cmath>
 #include <limits>
-#include <type_traits>
+#include <utility>
 
 #include "engine/Console.h"
-#include "engine/ConsoleParts.h"
 #include "engine/Text.h"
 #include "platform/System.h"
 
-namespace Console {
-
 namespace {
 
-std::map<std::string, ConsoleCommand> commands;
-
-// The argument of a typed line: the words for numbers and flags, the whole text for text.
-struct Argument {
-    std::string text;
-    std::vector<std::string> words;
-};
+using Console::Print;
 
 // What a value of each type is called in usage lines, and how a word becomes one.
 
@@ -61,19 +53,47 @@ struct Form<float> {
     }
 };
 
+template <>
+struct Form<std::string> {
+    static constexpr const char* name = "text";
+};
+template <>
+struct Form<const char*> : Form<std::string> {};
+
 template <typename Value>
-std::optional<Value> OneWord(const Argument& argument) {
-    return argument.words.size() == 1 ? Form<Value>::From(argument.words.front()) : std::nullopt;
+constexpr bool isText = !std::is_arithmetic_v<Value>;
+
+// What can be typed behind the name, for each shape of function.
+struct Describe {
+    std::string operator()(ConsoleCommand::Action) const { return {}; }
+    std::string operator()(ConsoleCommand::Call) const { return {}; }
+    template <typename Value>
+    std::string operator()(Value (*)()) const {
+        return {};
+    }
+    template <typename Value>
+    std::string operator()(void (*)(Value)) const {
+        return std::string("< ") + Form<Value>::name + (isText<Value> ? " OR nothing >" : " >");
+    }
+    template <typename Result, typename Value, typename... IsSet>
+    std::string operator()(Result (*)(Value, IsSet...)) const {
+        return std::string("< ") + Form<Value>::name + " OR nothing >";
+    }
+};
+
+template <typename Value>
+std::optional<Value> OneWord(const ConsoleArguments& arguments) {
+    return arguments.words.size() == 1 ? Form<Value>::From(arguments.words.front()) : std::nullopt;
 }
 
 void PrintValue(int value) {
-    PrintInt(value);
+    Console::PrintInt(value);
 }
 void PrintValue(bool value) {
-    PrintBool(value);
+    Console::PrintBool(value);
 }
 void PrintValue(float value) {
-    PrintFloat(value);
+    Console::PrintFloat(value);
 }
 void PrintValue(const std::string& value) {
     Print(value);
@@ -82,73 +102,71 @@ void PrintValue(const ConsoleCommand::Text& value) {
     Print(value.value_or(""));
 }
 
-// Runs one command with one argument: an overload per shape of function.
+// Runs one command with one line's arguments: an overload per shape of function.
 struct Dispatch {
-    const std::string& name;
-    const Argument& argument;
+    const ConsoleCommand& command;
+    const ConsoleArguments& arguments;
 
-    template <typename Value>
-    static constexpr bool isText = !std::is_arithmetic_v<Value>;
-
-    void Usage(const char* what, const char* alternative = "") const {
-        for (const char* part : {"\nUSAGE: ", name.c_str(), " < ", what, alternative, " >"}) {
-            Print(part);
-        }
-    }
+    void Usage() const { Print(command.UsageLine()); }
 
     template <typename Value>
     void Reply(const char* verb, const Value& value) const {
         Print("\n");
-        Print(name);
+        Print(command.name);
         Print(verb);
         PrintValue(value);
     }
 
     void operator()(ConsoleCommand::Action action) const {
-        if (argument.words.empty()) {
+        if (arguments.words.empty()) {
             action();
         } else {
-            Usage("nothing");
+            Usage();
+        }
+    }
+    void operator()(ConsoleCommand::Call call) const {
+        if (!call(arguments)) {
+            Usage();
         }
     }
 
     template <typename Value>
     void operator()(Value (*read)()) const {
-        if (isText<Value> ? argument.text.empty() : argument.words.empty()) {
+        if (isText<Value> ? arguments.text.empty() : arguments.words.empty()) {
             Reply(" is ", read());
         } else {
-            Usage("nothing");
+            Usage();
         }
     }
 
     template <typename Value>
     void operator()(void (*act)(Value)) const {
-        if (const auto value = OneWord<Value>(argument)) {
+        if (const auto value = OneWord<Value>(arguments)) {
             act(*value);
         } else {
-            Usage(Form<Value>::name);
+            Usage();
         }
     }
-    void operator()(void (*act)(std::string)) const { act(argument.text); }
-    void operator()(void (*act)(const char*)) const { act(argument.text.c_str()); }
+    void operator()(void (*act)(std::string)) const { act(arguments.text); }
+    void operator()(void (*act)(const char*)) const { act(arguments.text.c_str()); }
 
     template <typename Value>
     void operator()(Value (*access)(Value, bool)) const {
-        if (argument.words.empty()) {
+        if (arguments.words.empty()) {
             Reply(" is ", access(Value{}, false));
-        } else if (const auto value = OneWord<Value>(argument)) {
+        } else if (const auto value = OneWord<Value>(arguments)) {
             Reply(" is now ", access(*value, true));
         } else {
-            Usage(Form<Value>::name, " OR nothing");
+            Usage();
         }
     }
 
-    const char* Verb() const { return argument.text.empty() ? " is " : " is now "; }
+    const char* Verb() const { return arguments.text.empty() ? " is " : " is now "; }
     void operator()(std::string (*filter)(std::string)) const {
-        Reply(Verb(), filter(argument.text));
+        Reply(Verb(), filter(arguments.text));
     }
     void operator()(ConsoleCommand::Text (*filter)(const char*)) const {
-        Reply(Verb(), filter(argument.text.c_str()));
+        Reply(Verb(), filter(arguments.text.c_str()));
     }
 };
 
@@ -156,9 +174,16 @@ std::string_view WithoutLeadingBlanks(std::string_view text) {
     return text.substr(std::min(text.find_first_not_of(' '), text.size()));
 }
 
+// Made by the first table, so that it outlives them all.
+std::map<std::string, ConsoleCommand>& Registry() {
+    static std::map<std::string, ConsoleCommand> commands;
+    return commands;
+}
+
 void ListCommands(const char* text) {
-    PrintBanner("Command list: Use Commands < term > to filter listings");
+    Console::PrintBanner("Command list: Use Commands < term > to filter listings");
     const std::string term = UpperCased(WithoutLeadingBlanks(text));
+    const auto& commands = Registry();
     for (auto entry = commands.lower_bound(term);
          entry != commands.end() && entry->first.starts_with(term); ++entry) {
         Print("\n");
@@ -171,10 +196,10 @@ void PrintMemory() {
     const Platform::MemoryStatus memory = Platform::PhysicalMemory();
     const auto line = [](const char* what, std::uint64_t bytes) {
         Print(what);
-        PrintUnsigned(bytes);
+        Console::PrintUnsigned(bytes);
         Print("\t bytes");
     };
-    PrintBanner("Memory usage");
+    Console::PrintBanner("Memory usage");
     Print("\nSystem memory usage: \n");
     line("\nTotal : ", memory.totalBytes);
     line("\nFree  : ", memory.freeBytes);
@@ -184,38 +209,106 @@ void PrintMemory() {
 
 bool LogConsole(bool value, bool isSet) {
     if (isSet) {
-        SetLogging(value);
+        Console::SetLogging(value);
     }
-    return IsLogging();
+    return Console::IsLogging();
 }
+
+const Console::CommandTable builtInCommands{
+    {"Clear", Console::Clear, "Empties the console's text and the line being typed."},
+    {"Commands", ListCommands, "Lists all commands, or those that begin with the term.",
+     "< term OR nothing >"},
+    {"Memory", PrintMemory, "Tells how much of the machine's memory is in use."},
+    {"LogConsole", LogConsole, "Copies all text to ConsoleLog.txt from now on, or no longer."},
+};
 
 }  // namespace
 
+std::string ConsoleCommand::Arguments() const {
+    if (!usage.empty()) {
+        return usage.substr(std::min(usage.find('<'), usage.size()));
+    }
+    return std::visit(Describe{}, function);
+}
+
+std::string ConsoleCommand::UsageLine() const {
+    if (usage.starts_with('\n')) {
+        return usage;
+    }
+    const std::string arguments = Arguments();
+    return "\nUSAGE: " + name + ' ' + (arguments.empty() ? "< nothing >" : arguments);
+}
+
+namespace Console {
+
 const std::map<std::string, ConsoleCommand>& Commands() {
-    return commands;
+    return Registry();
+}
+
+void AddCommand(ConsoleCommand command) {
+    const bool isNull =
+        std::visit([](auto pointer) { return pointer == nullptr; }, command.function);
+    if (command.name.empty() || isNull || command.name.find(' ') != std::string::npos) {
+        return;
+    }
+    Registry().insert_or_assign(UpperCased(command.name), std::move(command));
 }
 
 void AddCommand(std::string_view name, ConsoleCommand::Function function) {
-    const bool isNull = std::visit([](auto pointer) { return pointer == nullptr; }, function);
-    if (name.empty() || isNull || name.find(' ') != std::string_view::npos) {
-        return;
-    }
-    commands.insert_or_assign(UpperCased(name), ConsoleCommand{std::string(name), function});
+    AddCommand({std::string(name), function});
 }
 
 void RemoveCommand(std::string_view name) {
-    commands.erase(UpperCased(name));
+    Registry().erase(UpperCased(name));
 }
 
 void RemoveAllCommands() {
-    commands.clear();
+    Registry().clear();
 }
 
 void AddBuiltInCommands() {
-    AddCommand("Clear", Clear);
-    AddCommand("Commands", ListCommands);
-    AddCommand("Memory", PrintMemory);
-    AddCommand("LogConsole", LogConsole);
+    builtInCommands.Add();
+}
+
+CommandTable::CommandTable(std::initializer_list<ConsoleCommand> commands) : rows(commands) {
+    Registry();
+}
+
+void CommandTable::Add() const {
+    for (const ConsoleCommand& row : rows) {
+        AddCommand(row);
+    }
+}
+
+void CommandTable::Remove() const {
+    for (const ConsoleCommand& row : rows) {
+        RemoveCommand(row.name);
+    }
+}
+
+bool ReadWord(const std::string& word, std::int32_t& value) {
+    value = ToInteger(word);
+    return IsInteger(word);
+}
+
+bool ReadWord(const std::string& word, std::uint32_t& value) {
+    value = static_cast<std::uint32_t>(ToInteger(word));
+    return IsInteger(word);
+}
+
+bool ReadWord(const std::string& word, float& value) {
+    value = ToNumber(word);
+    return IsNumber(word);
+}
+
+bool ReadWord(const std::string& word, bool& value) {
+    value = ToBoolean(word);
+    return IsBoolean(word);
+}
+
+bool ReadWord(const std::string& word, std::string& value) {
+    value = word;
+    return true;
 }
 
 void Execute(std::string_view line) {
@@ -224,17 +317,17 @@ void Execute(std::string_view line) {
         return;
     }
     const std::size_t wordEnd = std::min(line.find(' '), line.size());
-    const auto found = commands.find(UpperCased(line.substr(0, wordEnd)));
-    if (found == commands.end()) {
+    const auto found = Registry().find(UpperCased(line.substr(0, wordEnd)));
+    if (found == Registry().end()) {
         Print("\nUNKNOWN COMMAND. USE 'COMMANDS' FOR A LIST OF AVAILABLE COMMANDS.");
         return;
     }
-    Argument argument;
-    argument.text = line.substr(std::min(wordEnd + 1, line.size()));
-    argument.words = SplitWords(argument.text);
+    ConsoleArguments arguments;
+    arguments.text = line.substr(std::min(wordEnd + 1, line.size()));
+    arguments.words = SplitWords(arguments.text);
     // A copy, since the function may change the registry.
     const ConsoleCommand command = found->second;
-    std::visit(Dispatch{command.name, argument}, command.function);
+    std::visit(Dispatch{command, arguments}, command.function);
 }
 
 }  // namespace Console

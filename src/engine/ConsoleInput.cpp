@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "engine/Console.h"
+#include "engine/ConsoleCommands.h"
 #include "engine/ConsoleParts.h"
 #include "engine/Text.h"
 #include "platform/Window.h"

@@ -2,6 +2,7 @@
 
 #include "actors/Camera.h"
 #include "engine/Console.h"
+#include "engine/ConsoleCommands.h"
 #include "game/Game.h"
 #include "game/GameState.h"
 
@@ -32,24 +33,32 @@ void MapCommand(std::string name) {
     Console::Print(gameState.loadedMapName);
 }
 
+const Console::CommandTable commands{
+    {"ShowGameSpeeds", Flag<&GameState::showGameSpeeds>, "Prints the frame rate."},
+    {"ShowDrawSpeeds", Flag<&GameState::showDrawSpeeds>,
+     "Prints what drawing costs, in clock tics."},
+    {"ShowSimSpeeds", Flag<&GameState::showSimSpeeds>,
+     "Prints what the simulation costs, in clock tics."},
+    {"FreeCamera", Flag<&GameState::freeCamera>, "Looks around with the arrow and page keys."},
+    {"ZoomCamera", Camera::Zoom, "Lets the camera zoom as if the level asked for it."},
+    {"ShakeCamera", Camera::Shake, "Lets the camera shake as if the level asked for it."},
+    {"Restart", Game::RequestRestart, "Starts the level again."},
+    {"Pause", PauseCommand, "Stands still, and the music with it."},
+};
+// These stay until the console goes.
+const Console::CommandTable lastingCommands{
+    {"Version", [] { return std::string("1.03"); }, "The program's version."},
+    {"Map", MapCommand, "Loads a level, like lev\\testLevel.swah, or tells which one is loaded.",
+     "< name OR nothing >"},
+};
+
 }  // namespace
 
 void AddGameCommands() {
-    Console::AddCommand("ShowGameSpeeds", Flag<&GameState::showGameSpeeds>);
-    Console::AddCommand("ShowDrawSpeeds", Flag<&GameState::showDrawSpeeds>);
-    Console::AddCommand("ShowSimSpeeds", Flag<&GameState::showSimSpeeds>);
-    Console::AddCommand("FreeCamera", Flag<&GameState::freeCamera>);
-    Console::AddCommand("ZoomCamera", Camera::Zoom);
-    Console::AddCommand("ShakeCamera", Camera::Shake);
-    Console::AddCommand("Restart", Game::RequestRestart);
-    Console::AddCommand("Pause", PauseCommand);
-    Console::AddCommand("Version", []() { return std::string("1.03"); });
-    Console::AddCommand("Map", MapCommand);
+    commands.Add();
+    lastingCommands.Add();
 }
 
 void RemoveGameCommands() {
-    for (const char* name : {"ShowGameSpeeds", "ShowDrawSpeeds", "ShowSimSpeeds", "FreeCamera",
-                             "ZoomCamera", "ShakeCamera", "Restart", "Pause"}) {
-        Console::RemoveCommand(name);
-    }
+    commands.Remove();
 }

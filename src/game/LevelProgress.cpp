@@ -14,6 +14,7 @@
 #include "audio/WaterSounds.h"
 #include "engine/ConfigFile.h"
 #include "engine/Console.h"
+#include "engine/ConsoleCommands.h"
 #include "engine/Timer.h"
 #include "level/LevelData.h"
 #include "menus/GuiAnimatedButton.h"
@@ -119,6 +120,10 @@ void TestFinish() {
     waterInFinish = 0;
 }
 
+const Console::CommandTable commands{
+    {"TimePrint", Console::Variable<timePrint>, "Prints the level's time in each frame."},
+};
+
 }  // namespace
 
 void Initialise() {
@@ -139,12 +144,7 @@ void Initialise() {
     CreateOnce(finishSound, file.GetString("finishSound"));
     CreateOnce(deadSound, file.GetString("deadSound"));
 
-    Console::AddCommand("TimePrint", [](bool value, bool isSet) {
-        if (isSet) {
-            timePrint = value;
-        }
-        return timePrint;
-    });
+    commands.Add();
     stopwatch.Reset();
     stepSeconds = 0.0;
 }
@@ -153,7 +153,7 @@ void Shutdown() {
     finishAnimation.reset();
     finishSound.reset();
     deadSound.reset();
-    Console::RemoveCommand("TimePrint");
+    commands.Remove();
     waterInFinish = 0;
 }
 

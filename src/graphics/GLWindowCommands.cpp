@@ -3,6 +3,7 @@
 #include <string>
 
 #include "engine/Console.h"
+#include "engine/ConsoleCommands.h"
 #include "engine/Timer.h"
 #include "graphics/GLWindow.h"
 #include "graphics/TextureManager.h"
@@ -40,13 +41,8 @@ void PrintExtensions() {
     PrintLines(names);
 }
 
-void AskExtension(const char* name) {
-    if (name == nullptr || *name == '\0') {
-        Console::Print("\nUSAGE: IsExtension ");
-        Console::Print(" < string >");
-    } else {
-        Console::Print(HasExtension(name) ? "\nExtension detected." : "\nExtension not found.");
-    }
+void AskExtension(const std::string& name) {
+    Console::Print(HasExtension(name) ? "\nExtension detected." : "\nExtension not found.");
 }
 
 int AntiAliasingSamples(int /*count*/, bool /*isSet*/) {
@@ -100,21 +96,30 @@ void ReloadTextures() {
     Console::PrintFloat(timer.deltaSeconds);
 }
 
+const Console::CommandTable commands{
+    {"Quit", Close, "Ends the program."},
+    {"Fullscreen", Fullscreen, "Fills the screen, or goes back to a window of 800 by 600."},
+    {"Renderer", PrintRenderer, "Names what draws."},
+    {"TextureList", ListTextures,
+     "Lists the textures in use; \"(loading failed)\" marks images that can't be had."},
+    {"TextureMemory", PrintTextureMemory, "Tells how much memory the textures take."},
+    {"TextureReload", ReloadTextures, "Reads all textures from their files again."},
+    {"Extensions", PrintExtensions, "Lists what the renderer offers beyond the least."},
+    {"IsExtension", Console::SomeText<AskExtension>,
+     "Tells whether the renderer offers an extension.", "\nUSAGE: IsExtension  < string >"},
+    {"AntiAliasingSamples", AntiAliasingSamples,
+     "How many samples a pixel has; a number given is passed over."},
+    {"AnisotropicFilteringLevel", AnisotropicFilteringLevel,
+     "How sharp textures stay when seen at a slant."},
+    {"VsyncEnable", VsyncEnable, "Whether frames wait for the screen."},
+    {"TextureQuality", TextureQuality,
+     "0 shows textures in full, 1 compressed, 2 compressed and at half their size."},
+};
+
 }  // namespace
 
 void AddConsoleCommands() {
-    Console::AddCommand("Quit", &Close);
-    Console::AddCommand("Fullscreen", &Fullscreen);
-    Console::AddCommand("Renderer", &PrintRenderer);
-    Console::AddCommand("TextureList", &ListTextures);
-    Console::AddCommand("TextureMemory", &PrintTextureMemory);
-    Console::AddCommand("TextureReload", &ReloadTextures);
-    Console::AddCommand("Extensions", &PrintExtensions);
-    Console::AddCommand("IsExtension", &AskExtension);
-    Console::AddCommand("AntiAliasingSamples", &AntiAliasingSamples);
-    Console::AddCommand("AnisotropicFilteringLevel", &AnisotropicFilteringLevel);
-    Console::AddCommand("VsyncEnable", &VsyncEnable);
-    Console::AddCommand("TextureQuality", &TextureQuality);
+    commands.Add();
 }
 
 }  // namespace GLWindow

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "engine/Console.h"
+#include "engine/ConsoleCommands.h"
 #include "engine/Random.h"
 #include "engine/Text.h"
 #include "engine/Timer.h"
@@ -17,14 +18,6 @@ using BspTree::walkNode;
 
 constexpr int castIterations = 2048;
 constexpr std::int32_t castTotal = castIterations * BspTree::testRayCount;
-
-template <bool& view>
-bool View(bool value, bool isSet) {
-    if (isSet) {
-        view = value;
-    }
-    return view;
-}
 
 /// Goes to `target`, or says why not.
 void WalkTo(BspSegment* target, const char* failure) {
@@ -86,17 +79,11 @@ void CastBatch(Vector2 from) {
     }
 }
 
-void Cast(std::string argument) {
-    const std::vector<std::string> words = SplitWords(argument);
-    if (words.size() != 2 || !IsNumber(words[0]) || !IsNumber(words[1])) {
-        Console::Print("\nUSAGE: BspCast < number > < number >");
-        return;
-    }
-    const Vector2 from{ToNumber(words[0]), ToNumber(words[1])};
+void Cast(float x, float y) {
     static Timer timer;
     timer.Tick();
     for (int i = 0; i < castIterations; ++i) {
-        CastBatch(from);
+        CastBatch({x, y});
     }
     timer.Tick();
     Console::PrintBanner("Test ray cast results");
@@ -114,24 +101,28 @@ void Cast(std::string argument) {
     Console::PrintFloat(static_cast<float>(castTotal) / timer.deltaSeconds);
 }
 
-constexpr const char* commandNames[] = {"BspSize", "BspDepth",    "BspWalk",      "BspWalkDraw",
-                                        "BspCast", "BspCastDraw", "BspSplitDraw", "BspNodeDraw"};
+const Console::CommandTable commands{
+    {"BspSize", BspTree::Size, "How many nodes the level's tree has."},
+    {"BspDepth", BspTree::Depth, "How high the tree is."},
+    {"BspWalk", Walk,
+     "Goes to a node's neighbour in the tree and tells where one can go from there.",
+     "< LEFT OR RIGHT OR PARENT OR ROOT >"},
+    {"BspWalkDraw", Console::Variable<BspTree::walkDraw>, "Shows the edge that BspWalk stands on."},
+    {"BspCast", Console::Words<Cast>,
+     "Casts half a million rays from a point and tells how long it took.", "< number > < number >"},
+    {"BspCastDraw", Console::Variable<BspTree::castDraw>, "Shows the last rays that BspCast cast."},
+    {"BspSplitDraw", Console::Variable<BspTree::splitDraw>,
+     "Shows the lines along which edges were split."},
+    {"BspNodeDraw", Console::Variable<BspTree::nodeDraw>,
+     "Shows the edges of the tree: green ones collide, red ones don't."},
+};
 
 }  // namespace
 
 void BspTree::AddCommands() {
-    Console::AddCommand("BspSize", &Size);
-    Console::AddCommand("BspDepth", &Depth);
-    Console::AddCommand("BspWalk", &Walk);
-    Console::AddCommand("BspWalkDraw", &View<walkDraw>);
-    Console::AddCommand("BspCast", &Cast);
-    Console::AddCommand("BspCastDraw", &View<castDraw>);
-    Console::AddCommand("BspSplitDraw", &View<splitDraw>);
-    Console::AddCommand("BspNodeDraw", &View<nodeDraw>);
+    commands.Add();
 }
 
 void BspTree::RemoveCommands() {
-    for (const char* name : commandNames) {
-        Console::RemoveCommand(name);
-    }
+    commands.Remove();
 }

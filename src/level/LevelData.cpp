@@ -9,6 +9,7 @@
 #include "actors/SoundSourceManager.h"
 #include "actors/TriggerManager.h"
 #include "engine/Console.h"
+#include "engine/ConsoleCommands.h"
 #include "engine/Presentation.h"
 #include "level/BspTree.h"
 #include "level/DynamicPolygonRenderer.h"
@@ -24,12 +25,9 @@ Vector2 cameraStart;
 
 namespace {
 
-bool DrawTriangles(bool value, bool isSet) {
-    if (isSet) {
-        drawTriangles = value;
-    }
-    return drawTriangles;
-}
+const Console::CommandTable commands{
+    {"DrawTriangles", Console::Variable<drawTriangles>, "Shows the triangles of all polygons."},
+};
 
 /// Which nodes came from which polygon, in the tree's order.
 void MapSegments() {
@@ -68,13 +66,13 @@ bool Load(const std::string& fileName) {
     CheckPointTimesManager::Initialise();
     MapSegments();
     StartLoopingSounds();
-    Console::AddCommand("DrawTriangles", DrawTriangles);
+    commands.Add();
     return true;
 }
 
 void Unload() {
     Console::Print("\nClearing level data...");
-    Console::RemoveCommand("DrawTriangles");
+    commands.Remove();
     Presentation::Current().ReleaseLevel();
     BspTree::Destroy();
     LevelObjectsManager::Shutdown();

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "engine/Console.h"
+#include "engine/ConsoleCommands.h"
 #include "engine/Timer.h"
 #include "graphics/MagnifiedSamplingDraw.h"
 #include "graphics/TextureManager.h"
@@ -31,12 +32,10 @@ bool drawLevelGeometry = true;
 /// may have become another.
 std::uint32_t compiledReload = 0;
 
-bool DrawLevelGeometry(bool value, bool isSet) {
-    if (isSet) {
-        drawLevelGeometry = value;
-    }
-    return drawLevelGeometry;
-}
+const Console::CommandTable commands{
+    {"DrawLevelGeometry", Console::Variable<drawLevelGeometry>,
+     "Shows or hides the polygons that never move."},
+};
 
 struct HasLargerTexture {
     bool operator()(const LevelPolygon* a, const LevelPolygon* b) const {
@@ -141,7 +140,7 @@ void LevelGeometryRenderer::Initialise() {
     Shutdown();
     Console::Print("\nInitialising level geometry renderer...");
     drawLevelGeometry = true;
-    Console::AddCommand("DrawLevelGeometry", DrawLevelGeometry);
+    commands.Add();
     Timer timer;
     for (GLuint& list : lists) {
         list = glGenLists(1);
@@ -155,7 +154,7 @@ void LevelGeometryRenderer::Initialise() {
 
 void LevelGeometryRenderer::Shutdown() {
     Console::Print("\nShutting down level geometry renderer...");
-    Console::RemoveCommand("DrawLevelGeometry");
+    commands.Remove();
     for (GLuint& list : lists) {
         if (list != 0) {
             glDeleteLists(list, 1);

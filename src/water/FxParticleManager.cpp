@@ -8,7 +8,7 @@
 #include "actors/Camera.h"
 #include "actors/ViewSquare.h"
 #include "engine/Console.h"
-#include "engine/Text.h"
+#include "engine/ConsoleCommands.h"
 #include "game/Game.h"
 #include "water/ParticleManager.h"
 
@@ -24,26 +24,24 @@ namespace {
 /// of particles grows beyond what there ever was.
 std::list<FxParticle> spare;
 
-void PrintUsage() {
-    Console::Print(
-        "\nUSAGE: Emitter create < x : number > < y : number > < dir_x : number > "
-        "< dir_y : number > < id : integer > < emitter settings : fileName > ");
-}
-
-void CreateFromText(std::string text) {
-    const std::vector<std::string> words = SplitWords(text);
-    if (words.size() != 6 || !IsNumber(words[0]) || !IsNumber(words[1]) || !IsNumber(words[2]) ||
-        !IsNumber(words[3]) || !IsInteger(words[4])) {
-        PrintUsage();
-        return;
-    }
+void Create(float x, float y, float directionX, float directionY, std::uint32_t id,
+            const std::string& settings) {
     Emitter emitter;
-    emitter.position = {ToNumber(words[0]), ToNumber(words[1])};
-    emitter.SetDirection(ToNumber(words[2]), ToNumber(words[3]));
-    emitter.id = static_cast<std::uint32_t>(ToInteger(words[4]));
-    emitter.LoadSettings(words[5]);
+    emitter.position = {x, y};
+    emitter.SetDirection(directionX, directionY);
+    emitter.id = id;
+    emitter.LoadSettings(settings);
     Add(emitter);
 }
+
+const Console::CommandTable commands{
+    {"FxEmitterCreate", Console::Words<Create>, "Adds an emitter of effect particles.",
+     "\nUSAGE: Emitter create < x : number > < y : number > < dir_x : number > "
+     "< dir_y : number > < id : integer > < emitter settings : fileName > "},
+    {"FxEmitterDraw", Console::Variable<drawEmitters>, "Shows the emitters."},
+    {"FxEmitterCount", Console::Count<emitters>, "How many emitters there are."},
+    {"FxParticleCount", Console::Count<particles>, "How many effect particles are in flight."},
+};
 
 void StepEmitters(float dt) {
     const ViewSquare view =
@@ -82,15 +80,7 @@ void Initialise() {
     Shutdown();
     drawEmitters = false;
     Console::Print("\nInitialising FX particle manager..");
-    Console::AddCommand("FxEmitterCreate", CreateFromText);
-    Console::AddCommand("FxEmitterDraw", [](bool value, bool isSet) {
-        if (isSet) {
-            drawEmitters = value;
-        }
-        return drawEmitters;
-    });
-    Console::AddCommand("FxEmitterCount", [] { return static_cast<int>(emitters.size()); });
-    Console::AddCommand("FxParticleCount", [] { return static_cast<int>(particles.size()); });
+    commands.Add();
 }
 
 void Shutdown() {
@@ -98,10 +88,7 @@ void Shutdown() {
     particles.clear();
     spare.clear();
     emitters.clear();
-    for (const char* const command :
-         {"FxEmitterCreate", "FxEmitterDraw", "FxEmitterCount", "FxParticleCount"}) {
-        Console::RemoveCommand(command);
-    }
+    commands.Remove();
 }
 
 void Add(const Emitter& emitter) {

@@ -6,6 +6,7 @@
 
 #include "engine/ConfigFile.h"
 #include "engine/Console.h"
+#include "engine/ConsoleCommands.h"
 #include "level/Collision.h"
 #include "water/GroupFreeze.h"
 #include "water/GroupMembers.h"
@@ -126,16 +127,18 @@ bool StepGroup(ParticleGroup& group, const GroupStep& step, float dt) {
     return true;
 }
 
-int GroupCount() {
-    return static_cast<int>(groups.size());
-}
-
 bool GroupDraw(bool value, bool isSet) {
     if (isSet && value) {
         groupDraw = true;
     }
     return groupDraw;
 }
+
+const Console::CommandTable commands{
+    {"ParticleGroupCount", Console::Count<groups>, "How many lumps of ice there are."},
+    {"ParticleGroupDraw", GroupDraw,
+     "Shows the circles of the lumps of ice, until the next level."},
+};
 
 GroupFreeze freezer;
 
@@ -145,8 +148,7 @@ void Initialise() {
     Shutdown();
     Console::Print("\nInitialising grouped particle mover..");
     groupDraw = false;
-    Console::AddCommand("ParticleGroupCount", &GroupCount);
-    Console::AddCommand("ParticleGroupDraw", &GroupDraw);
+    commands.Add();
 
     const ConfigFile config("cfg\\water.cfg");
     particleGroupInterpolation = config.GetFloat("particleGroupInterpolation");
@@ -160,8 +162,7 @@ void Shutdown() {
     Console::Print("\nShutting down grouped particle mover..");
     groups.clear();
     groupDraw = false;
-    Console::RemoveCommand("ParticleGroupCount");
-    Console::RemoveCommand("ParticleGroupDraw");
+    commands.Remove();
 }
 
 void Freeze(ParticleList& particles) {

@@ -4,11 +4,12 @@
 
 #include <cmath>
 
+#include "actors/Camera.h"
 #include "engine/ConfigFile.h"
 #include "engine/Console.h"
+#include "engine/ConsoleCommands.h"
 #include "engine/Random.h"
 #include "water/GroupedParticleMover.h"
-#include "water/ParticleCommands.h"
 #include "water/ParticleGrid.h"
 #include "water/ParticleMover.h"
 #include "water/WaterCheck.h"
@@ -77,6 +78,40 @@ bool StepParticle(Particle& particle, const WaterStep& step, float dt) {
     return true;
 }
 
+float HeatTransferRate(float value, bool isSet) {
+    if (isSet) {
+        heatTransferRate = value;
+        Clamp(heatTransferRate, 0.0f, 1.0f);
+    }
+    return heatTransferRate;
+}
+
+void CreateInView(float x, float y, float radius, std::int32_t amount) {
+    if (amount < 1) {
+        Console::Print("\nInvalid number of particles to make");
+        return;
+    }
+    CreateParticles(x, y, radius, static_cast<std::uint32_t>(amount));
+    Camera::position = {x, y};
+}
+
+const Console::CommandTable commands{
+    {"Gravity", Console::Variable<gravity>, "How fast water falls, units per second squared."},
+    {"RoomTemperature", Console::Variable<roomTemperature>, "What all water drifts to, degrees."},
+    {"HeatTransferRate", HeatTransferRate,
+     "Share of the gap to the room's temperature that closes in a second, 0 to 1."},
+    {"SteamRiseRate", Console::Variable<steamRiseRate>,
+     "How fast steam rises, as a factor on gravity."},
+    {"SteamScatterRate", Console::Variable<steamScatterRate>,
+     "How fast steam scatters, as a factor on gravity."},
+    {"ParticleCreate", Console::Words<CreateInView>,
+     "Adds water within a radius of a point, and takes the camera there.",
+     "\nUsage: ParticleCreate < x : number > < y : number > < radius : number > "
+     "< amount : integer number > "},
+    {"ParticleCount", [] { return static_cast<int>(Count()); },
+     "How much water there is, without the ice."},
+};
+
 }  // namespace
 
 void Initialise() {
@@ -84,7 +119,7 @@ void Initialise() {
     Console::Print("\nInitialising particle manager..");
     ParticleMover::Initialise();
     GroupedParticleMover::Initialise();
-    ParticleCommands::Add();
+    commands.Add();
 
     const ConfigFile config("cfg\\water.cfg");
     gravity = std::fabs(config.GetFloat("gravity"));
@@ -104,7 +139,7 @@ void Shutdown() {
     particles.clear();
     ParticleMover::Shutdown();
     GroupedParticleMover::Shutdown();
-    ParticleCommands::Remove();
+    commands.Remove();
 }
 
 void CreateParticles(float x, float y, float radius, std::uint32_t amount) {

@@ -13,6 +13,7 @@
 
 #include "engine/ConfigFile.h"
 #include "engine/Console.h"
+#include "engine/ConsoleCommands.h"
 #include "graphics/Texture.h"
 #include "water/GroupedParticleMover.h"
 #include "water/ParticleManager.h"
@@ -154,12 +155,9 @@ void DrawFills(const Look& look, const std::vector<const Particle*>& particles,
     DrawBatch(look);
 }
 
-bool ParticleDraw(bool value, bool isSet) {
-    if (isSet) {
-        drawParticles = value;
-    }
-    return drawParticles;
-}
+const Console::CommandTable commands{
+    {"ParticleDraw", Console::Variable<drawParticles>, "Shows or hides the water."},
+};
 
 }  // namespace
 
@@ -178,7 +176,7 @@ void ParticleRenderer::Initialise() {
     ice.expansion = config.GetFloat("iceExpansion");
     velocityExpansion = std::fabs(config.GetFloat("velocityExpansion"));
     maxVelocityExpansion = std::fabs(config.GetFloat("maxVelocityExpansion"));
-    Console::AddCommand("ParticleDraw", &ParticleDraw);
+    commands.Add();
 }
 
 void ParticleRenderer::Shutdown() {
@@ -186,7 +184,7 @@ void ParticleRenderer::Shutdown() {
     for (Look* const look : {&water, &steam, &ice}) {
         look->texture.reset();
     }
-    Console::RemoveCommand("ParticleDraw");
+    commands.Remove();
 }
 
 void ParticleRenderer::Draw() {

@@ -20,10 +20,11 @@ TEST(ForceManager, IsFilledFromTheConsole) {
     EXPECT_EQ(force.direction, (Vector2{0.0f, 1.0f}));
     EXPECT_EQ(force.strength, 12.0f);
     EXPECT_EQ(force.enabled, 1);
-    for (const char* wrong : {"ForceCreate 7 10 20 0 3", "ForceCreate 7 10 20 0 x 12"}) {
-        Console::Execute(wrong);
-    }
-    EXPECT_NE(Console::OutputText().find("\nUSAGE: MoveForceCreate"), std::string::npos);
+    Console::Execute("ForceCreate 7 10 20 0 x 12");
+    EXPECT_TRUE(
+        Console::OutputText().ends_with("\nUSAGE: MoveForceCreate  < id : integer > < x : number > "
+                                        "< y : number > < dir_x : number > < dir_y : number > "
+                                        "< strenght : number >"));
     EXPECT_EQ(ForceManager::forces.size(), 1u);
     ForceManager::Shutdown();
     EXPECT_TRUE(ForceManager::forces.empty());

@@ -137,10 +137,6 @@ TEST_F(LevelObjects, AreMadeFromTheConsole) {
     EXPECT_EQ(wheel.position, (Vector2{10.0f, -20.5f}));
     EXPECT_EQ(wheel.id, 7u);
     EXPECT_EQ(wheel.layer, 0u);
-    Console::Execute("ObjectCreate 10 20 7");
-    Console::Execute("ObjectCreate x 20 7 a.png");
-    EXPECT_NE(Console::OutputText().find("\nUSAGE: ObjectCreate < x"), std::string::npos);
-    EXPECT_TRUE(LevelObjectsManager::objects.empty());
 }
 
 }  // namespace

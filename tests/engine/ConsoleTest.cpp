@@ -1,6 +1,7 @@
 // The console: what is printed, what a typed line does, and how a line is typed.
 
 #include "engine/Console.h"
+#include "engine/ConsoleCommands.h"
 
 #include <gtest/gtest.h>
 
@@ -24,12 +25,11 @@ float number = 0.0f;
 int actions = 0;
 std::string heard;
 
-template <typename T, T& variable>
-T Access(T value, bool isSet) {
-    if (isSet) {
-        variable = value;
-    }
-    return variable;
+void DoWords(std::uint32_t id, const std::string& word) {
+    heard = word + std::to_string(id);
+}
+void DoSome(const std::string& text) {
+    heard = text;
 }
 
 void AddOneCommandOfEachKind() {
@@ -42,11 +42,13 @@ void AddOneCommandOfEachKind() {
     Console::AddCommand("DoFloat", [](float value) { number = value; });
     Console::AddCommand("DoString", [](std::string text) { heard = std::move(text); });
     Console::AddCommand("DoText", [](const char* text) { heard = text; });
-    Console::AddCommand("Int", Access<int, integer>);
-    Console::AddCommand("Bool", Access<bool, flag>);
-    Console::AddCommand("Float", Access<float, number>);
+    Console::AddCommand("Int", Console::Variable<integer>);
+    Console::AddCommand("Bool", Console::Variable<flag>);
+    Console::AddCommand("Float", Console::Variable<number>);
     Console::AddCommand("Filter", [](std::string text) { return std::move(text) + '!'; });
     Console::AddCommand("TextFilter", [](const char* text) -> Text { return text; });
+    Console::AddCommand({"DoWords", Console::Words<DoWords>, "", "< id : integer > < word > "});
+    Console::AddCommand({"DoSome", Console::SomeText<DoSome>, "", "\nUSAGE: Do < some >"});
 }
 
 class ConsoleTest : public testing::Test {
@@ -174,6 +176,9 @@ TEST_F(ConsoleTest, RunsEveryKindOfFunction) {
         {"Float 1e3", "\nUSAGE: Float < number OR nothing >"},
         {"Filter  a b ", "\nFilter is now  a b !"},
         {"TextFilter t", "\nTextFilter is now t"},
+        {"DoWords 1.5 x", "\nUSAGE: DoWords < id : integer > < word > "},
+        {"DoWords 1 x y", "\nUSAGE: DoWords < id : integer > < word > "},
+        {"DoSome", "\nUSAGE: Do < some >"},
         {"   ", ""},
         {"None", "\nUNKNOWN COMMAND. USE 'COMMANDS' FOR A LIST OF AVAILABLE COMMANDS."},
     };
@@ -185,6 +190,10 @@ TEST_F(ConsoleTest, RunsEveryKindOfFunction) {
     EXPECT_EQ(heard, " one  two ");
     Reply("DoText");
     EXPECT_EQ(heard, "");
+    Reply("DoWords -1  y");
+    EXPECT_EQ(heard, "y4294967295");
+    Reply("DoSome  one ");
+    EXPECT_EQ(heard, " one ");
 }
 
 TEST_F(ConsoleTest, KeepsTheRegistryClean) {
@@ -202,6 +211,12 @@ TEST_F(ConsoleTest, KeepsTheRegistryClean) {
         return std::string(100, 'x');
     });
     EXPECT_EQ(Reply("one"), "\nOne is " + std::string(100, 'x'));
+    EXPECT_EQ(Console::Commands().size(), builtIn);
+    {
+        const Console::CommandTable table{{"Act", [] {}}, {"Integer", Console::Variable<integer>}};
+        table.Add();
+        EXPECT_EQ(Reply("Act 1"), "\nUSAGE: Act < nothing >");
+    }
     EXPECT_EQ(Console::Commands().size(), builtIn);
 }
 

@@ -10,6 +10,7 @@
 #include "actors/Camera.h"
 #include "actors/ForceManager.h"
 #include "engine/Console.h"
+#include "engine/ConsoleCommands.h"
 #include "level/BspTree.h"
 #include "level/DynamicPolygonRenderer.h"
 #include "platform/Paths.h"

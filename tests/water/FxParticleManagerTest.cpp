@@ -171,7 +171,6 @@ TEST_F(FxParticles, ComeFromEmittersMadeOnTheConsole) {
     EXPECT_EQ(emitter.direction, (Vector2{0.0f, -1.0f}));
     EXPECT_EQ(emitter.id, 7u);
     EXPECT_EQ(emitter.textures.size(), 1u);
-    Console::Execute("FxEmitterCreate 1 2 3 4 5.5 e");
     Console::Execute("FxEmitterCreate 1 2 x 4 5 e");
     EXPECT_NE(Console::OutputText().find("\nUSAGE: Emitter create < x"), std::string::npos);
     EXPECT_EQ(FxParticleManager::emitters.size(), 1u);
