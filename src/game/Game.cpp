@@ -17,6 +17,7 @@
 #include "game/GameMenuHost.h"
 #include "game/GameState.h"
 #include "game/LevelProgress.h"
+#include "game/Notice.h"
 #include "game/RunRecorder.h"
 #include "graphics/GLWindow.h"
 #include "level/LevelData.h"
@@ -274,6 +275,9 @@ void Game::Run(const std::string& mapName) {
     }
     ReadSurfaces();
     Initialise(mapName);
+    if (MapName().empty()) {
+        Notice("Unable to load level '" + mapName + "': " + LastReason());
+    }
     GLWindowEventListener* const previous = GLWindow::GetListener();
     Game game;
     GLWindow::SetListener(&game);

@@ -36,16 +36,6 @@ bool HeadlessGame::Start(const std::string& levelName) {
     return !Game::MapName().empty();
 }
 
-std::string HeadlessGame::LastReason() {
-    const std::string text = Console::OutputText();
-    const std::size_t reason = text.rfind("\nReason: ");
-    if (reason != std::string::npos) {
-        return text.substr(reason + 9);
-    }
-    const std::size_t line = text.rfind('\n');
-    return line == std::string::npos ? text : text.substr(line + 1);
-}
-
 void HeadlessGame::Hold(bool left, bool right) {
     window.SetKey(VirtualKey::left, left);
     window.SetKey(VirtualKey::right, right);

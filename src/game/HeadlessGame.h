@@ -19,8 +19,6 @@ public:
 
     /// Loads the level and dismisses the menu; false if it can't be loaded.
     bool Start(const std::string& levelName);
-    /// The last reason that the console gives, as one line.
-    static std::string LastReason();
     /// Arrow keys, from the next frame on.
     void Hold(bool left, bool right);
     /// One frame of the game, that many milliseconds after the last.

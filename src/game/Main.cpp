@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "audio/MusicPlayer.h"
 #include "audio/SoundManager.h"
@@ -14,6 +15,7 @@
 #include "game/GameScreen.h"
 #include "game/HighScoreTable.h"
 #include "game/IntroScreen.h"
+#include "game/Notice.h"
 #include "game/RunRecorder.h"
 #include "game/Startup.h"
 #include "graphics/ConsoleDraw.h"
@@ -38,15 +40,6 @@ constexpr const char* helpText =
     "  -REPLAY file       shows a recorded run, without opening film and menu\n"
     "  --help, --version\n"
     "Switches count in upper or lower case.\n";
-
-std::string JoinArguments(int argc, char** argv) {
-    std::string text;
-    for (int i = 1; i < argc; ++i) {
-        text += argv[i];
-        text += ' ';
-    }
-    return text;
-}
 
 /// Whether the arguments only asked for a text, which is then printed.
 bool AnswerQuestion(int argc, char** argv) {
@@ -77,15 +70,13 @@ void PrepareReplay(const std::string& file) {
         RunRecorder::Replay(std::move(*run));
         return;
     }
-    const std::string line = "Unable to replay '" + file + "': " + reason;
-    Console::Print("\n" + line);
-    std::fprintf(stderr, "%s\n", line.c_str());
+    Notice("Unable to replay '" + file + "': " + reason);
 }
 
 /// The opening film, or a recorded run in its place.
 void Open(const std::string& recordFile, const std::string& replayFile) {
-    if (!recordFile.empty()) {
-        RunRecorder::Record(recordFile);
+    if (!recordFile.empty() && !RunRecorder::Record(recordFile)) {
+        Notice("Unable to write to '" + recordFile + "': nothing is recorded");
     }
     if (replayFile.empty()) {
         IntroScreen().Run();
@@ -94,10 +85,32 @@ void Open(const std::string& recordFile, const std::string& replayFile) {
     }
 }
 
+int Width() {
+    return static_cast<int>(startupSettings.resolutionX);
+}
+
+int Height() {
+    return static_cast<int>(startupSettings.resolutionY);
+}
+
+std::string SizeText() {
+    return std::to_string(Width()) + " by " + std::to_string(Height());
+}
+
+/// In the wanted size, or else in the one before it.
+void CreateWindow() {
+    const std::string title = "Vantrel: Version 1.03";
+    while (!GLWindow::TryCreate(title, Width(), Height())) {
+        const std::string refused = SizeText();
+        if (!FallBackResolution()) {
+            GLWindow::Create(title, Width(), Height());  // fails, and ends the process
+        }
+        Notice("No window of " + refused + " fits this display: trying " + SizeText());
+    }
+}
+
 void OpenWindow(const DetailProfile& profile) {
-    const auto width = static_cast<int>(startupSettings.resolutionX);
-    const auto height = static_cast<int>(startupSettings.resolutionY);
-    GLWindow::Create("Vantrel: Version 1.03", width, height);
+    CreateWindow();
     GLWindow::Centre();
     GLWindow::SetCursorKind(0);
     for (const unsigned count : profile.sampleCounts) {
@@ -107,18 +120,23 @@ void OpenWindow(const DetailProfile& profile) {
     }
     ShowProgramIcon();
     if (startupSettings.fullscreen) {
-        GLWindow::SetFullscreen(true, width, height);
+        GLWindow::SetFullscreen(true, Width(), Height());
     }
     GLWindow::SetVsync(true);
+    KeepResolution();
 }
 
 void StartServices(const DetailProfile& profile) {
     TextureManager::Initialise();
     Console::Initialise();
+    RepeatNotices();
     GLWindow::AddConsoleCommands();
     MusicPlayer::Initialise();
     SoundManager::Initialise();
     SoundManager::InitialiseCache();
+    if (!SoundManager::HasDevice()) {
+        Notice("No sound device can be opened: playing without sound");
+    }
     // The texture manager learns only at its start which extensions there are.
     TextureManager::SetQuality(profile.textureQuality);
     if (profile.anisotropy != 0) {
@@ -149,7 +167,10 @@ int main(int argc, char** argv) {
     Platform::FindDataRoot(argv[0]);
     Platform::EnterUserDirectory();
     LoadPreferences();
-    ParseCommandLine(JoinArguments(argc, argv));
+    const std::vector<std::string> arguments(argv + 1, argv + argc);
+    for (const std::string& complaint : ParseCommandLine(arguments)) {
+        Notice(complaint);
+    }
 
     Platform::GlfwWindow window;
     const GameScreen screen(window);

@@ -12,6 +12,7 @@
 #include "engine/Random.h"
 #include "game/Game.h"
 #include "game/LevelProgress.h"
+#include "game/Notice.h"
 #include "game/StateHash.h"
 #include "platform/Paths.h"
 
@@ -58,9 +59,7 @@ void Write() {
     }
     hasFailed = !WriteRun(recordPath, run);
     if (hasFailed) {
-        const std::string line = "Unable to write recorded run '" + recordPath + "'";
-        Console::Print("\n" + line);
-        std::fprintf(stderr, "%s\n", line.c_str());
+        Notice("Unable to write recorded run '" + recordPath + "'");
     } else {
         Console::Print("\nRecorded run written to '" + recordPath + "'" + EndText());
     }
@@ -95,9 +94,13 @@ bool IsPending(const std::string& level) {
 
 }  // namespace
 
-void Record(const std::string& path) {
+bool Record(const std::string& path) {
+    if (!path.empty() && !Platform::CanWriteFile(path)) {
+        return false;
+    }
     wantsRecording = true;
     recordPath = path;
+    return true;
 }
 
 void Replay(Run wanted) {

@@ -13,7 +13,8 @@ namespace RunRecorder {
 
 /// Records every level that begins from now on, until one is finished, and keeps the last that
 /// was played in the file; an empty path keeps it in memory only. Call before the level begins.
-void Record(const std::string& path);
+/// False, and nothing is recorded, if no such file could be written.
+bool Record(const std::string& path);
 /// Replays the run on the next level that begins, if it is the run's.
 void Replay(Run run);
 /// Back to plain play, with nothing written.

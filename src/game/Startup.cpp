@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <optional>
+#include <span>
+#include <utility>
 #include <vector>
 
 #include "engine/PreferenceStore.h"
@@ -25,90 +27,139 @@ void WriteFlag(std::string_view name, bool value) {
     WritePreference(name, value ? "1" : "0");
 }
 
-/// The words of the command line; a switch looks at the ones after it without taking them.
+/// The words of all arguments; a switch looks at the ones after it without taking them.
 class Words {
 public:
-    explicit Words(std::string_view text) : words(SplitWords(text)) {}
+    explicit Words(std::span<const std::string> arguments) {
+        for (const std::string& argument : arguments) {
+            bool isFirst = true;
+            for (std::string& text : SplitWords(argument)) {
+                words.push_back({std::move(text), isFirst ? &argument : nullptr});
+                isFirst = false;
+            }
+        }
+    }
 
     std::size_t Count() const { return words.size(); }
-    const std::string& operator[](std::size_t i) const { return words[i]; }
+    const std::string& operator[](std::size_t i) const { return words[i].text; }
 
     /// The word as an integer, if it is there and has integer form.
     std::optional<std::int32_t> Integer(std::size_t i) const {
-        if (i >= words.size() || !IsInteger(words[i])) {
+        if (i >= words.size() || !IsInteger(words[i].text)) {
             return std::nullopt;
         }
-        return ToInteger(words[i]);
+        return ToInteger(words[i].text);
     }
 
+    /// The argument that begins at that word, with its blanks, or else the word; none if there is
+    /// no such word.
+    std::optional<std::string> Name(std::size_t i) {
+        if (i >= words.size()) {
+            return std::nullopt;
+        }
+        if (words[i].argument == nullptr) {
+            return words[i].text;
+        }
+        // What stands within a name is no switch.
+        for (std::size_t k = i + 1; k < words.size() && words[k].argument == nullptr; ++k) {
+            words[k].isWithinName = true;
+        }
+        return *words[i].argument;
+    }
+    bool IsWithinName(std::size_t i) const { return words[i].isWithinName; }
+
 private:
-    std::vector<std::string> words;
+    struct Word {
+        std::string text;
+        const std::string* argument;  // that begins with the word; null within one
+        bool isWithinName = false;
+    };
+    std::vector<Word> words;
 };
 
-void SetDetail(const Words& words, std::size_t i) {
-    if (const auto level = words.Integer(i + 1)) {
+// Each sets what its values, the words from `i` on, ask for; false if they are badly formed.
+
+bool SetDetail(Words& words, std::size_t i) {
+    const auto level = words.Integer(i);
+    if (level) {
         startupSettings.detailLevel = ClampedDetail(*level);
         WritePreference("DetailLevel", std::to_string(startupSettings.detailLevel));
     }
+    return level.has_value();
 }
 
-void SetResolution(const Words& words, std::size_t i) {
-    const auto width = words.Integer(i + 1);
-    const auto height = words.Integer(i + 2);
-    if (!width || !height) {
-        return;
+bool SetResolution(Words& words, std::size_t i) {
+    const auto width = words.Integer(i);
+    const auto height = words.Integer(i + 1);
+    if (!width || !height || *width < 0 || *height < 0) {
+        return false;
     }
-    startupSettings.resolutionX = std::max(static_cast<std::uint32_t>(*width), 1u);
-    startupSettings.resolutionY = std::max(static_cast<std::uint32_t>(*height), 1u);
-    WritePreference("ResolutionX", std::to_string(startupSettings.resolutionX));
-    WritePreference("ResolutionY", std::to_string(startupSettings.resolutionY));
+    startupSettings.resolutionX = static_cast<std::uint32_t>(std::max(*width, 1));
+    startupSettings.resolutionY = static_cast<std::uint32_t>(std::max(*height, 1));
+    startupSettings.isResolutionNew = true;
+    return true;
 }
 
-void SetMap(const Words& words, std::size_t i) {
-    if (i + 1 < words.Count()) {
-        startupSettings.mapName = words[i + 1];
+template <std::string StartupSettings::*field>
+bool SetName(Words& words, std::size_t i) {
+    auto name = words.Name(i);
+    if (name) {
+        startupSettings.*field = std::move(*name);
     }
+    return name.has_value();
 }
 
-void SetRecord(const Words& words, std::size_t i) {
-    if (i + 1 < words.Count()) {
-        startupSettings.recordFile = words[i + 1];
-    }
-}
-
-void SetReplay(const Words& words, std::size_t i) {
-    if (i + 1 < words.Count()) {
-        startupSettings.replayFile = words[i + 1];
-    }
-}
-
-void SetFullscreen(const Words& words, std::size_t i) {
-    if (const auto value = words.Integer(i + 1)) {
+bool SetFullscreen(Words& words, std::size_t i) {
+    const auto value = words.Integer(i);
+    if (value) {
         startupSettings.fullscreen = *value != 0;
         WriteFlag("Fullscreen", startupSettings.fullscreen);
     }
+    return value.has_value();
 }
 
-void SetSound(const Words& words, std::size_t i) {
-    if (const auto value = words.Integer(i + 1)) {
+bool SetSound(Words& words, std::size_t i) {
+    const auto value = words.Integer(i);
+    if (value) {
         WriteFlag("Sound", *value != 0);
     }
+    return value.has_value();
 }
 
-void SetMusic(const Words& words, std::size_t i) {
-    if (const auto value = words.Integer(i + 1)) {
+bool SetMusic(Words& words, std::size_t i) {
+    const auto value = words.Integer(i);
+    if (value) {
         WriteFlag("Music", *value != 0);
     }
+    return value.has_value();
 }
 
-constexpr struct {
+struct Switch {
     std::string_view name;
-    void (*apply)(const Words& words, std::size_t i);
-} switches[] = {
-    {"-DETAIL", SetDetail},         {"-RESOLUTION", SetResolution}, {"-MAP", SetMap},
-    {"-FULLSCREEN", SetFullscreen}, {"-SOUND", SetSound},           {"-MUSIC", SetMusic},
-    {"-RECORD", SetRecord},         {"-REPLAY", SetReplay},
+    bool (*apply)(Words& words, std::size_t i);
+    std::size_t values;  ///< words that it looks at
+    std::string_view takes;
 };
+constexpr Switch switches[] = {
+    {"-DETAIL", SetDetail, 1, "a number from 0 to 5"},
+    {"-RESOLUTION", SetResolution, 2, "width and height in pixels"},
+    {"-MAP", SetName<&StartupSettings::mapName>, 1, "the name of a level"},
+    {"-FULLSCREEN", SetFullscreen, 1, "0 or 1"},
+    {"-SOUND", SetSound, 1, "0 or 1"},
+    {"-MUSIC", SetMusic, 1, "0 or 1"},
+    {"-RECORD", SetName<&StartupSettings::recordFile>, 1, "the name of a file"},
+    {"-REPLAY", SetName<&StartupSettings::replayFile>, 1, "the name of a file"},
+};
+
+/// The switch with its values, as far as they are there, as a complaint.
+std::string Complaint(const Switch& badlyFormed, const Words& words, std::size_t i) {
+    std::string text = words[i];
+    for (std::size_t k = i + 1; k <= i + badlyFormed.values && k < words.Count(); ++k) {
+        text += ' ' + words[k];
+    }
+    return "Ignored '" + text + "': " + std::string(badlyFormed.name) + " takes " +
+           std::string(badlyFormed.takes);
+}
 
 /// The value as an integer, if it is there and has integer form.
 std::optional<std::int32_t> IntegerValue(const PreferenceKey& key, std::string_view name) {
@@ -128,22 +179,64 @@ void LoadPreferences() {
     if (width && height && *width >= 2 && *height >= 2) {
         startupSettings.resolutionX = static_cast<std::uint32_t>(*width);
         startupSettings.resolutionY = static_cast<std::uint32_t>(*height);
+        startupSettings.formerResolutionX = startupSettings.resolutionX;
+        startupSettings.formerResolutionY = startupSettings.resolutionY;
     }
     if (const auto value = IntegerValue(key, "Fullscreen")) {
         startupSettings.fullscreen = *value != 0;
     }
 }
 
-void ParseCommandLine(std::string_view text) {
-    const Words words(text);
+std::vector<std::string> ParseCommandLine(std::span<const std::string> arguments) {
+    std::vector<std::string> complaints;
+    Words words(arguments);
+    std::size_t firstUnread = 0;  // words before it are values of a switch
     for (std::size_t i = 0; i < words.Count(); ++i) {
-        const std::string word = UpperCased(words[i]);
-        for (const auto& candidate : switches) {
-            if (word == candidate.name) {
-                candidate.apply(words, i);
-            }
+        if (words.IsWithinName(i)) {
+            continue;
         }
+        const auto* known = std::ranges::find(switches, UpperCased(words[i]), &Switch::name);
+        if (known == std::end(switches)) {
+            if (i >= firstUnread) {
+                complaints.push_back("Ignored '" + words[i] + "': no such switch; see --help");
+            }
+            continue;
+        }
+        if (!known->apply(words, i + 1)) {
+            complaints.push_back(Complaint(*known, words, i));
+        }
+        firstUnread = std::max(firstUnread, i + 1 + known->values);
     }
+    return complaints;
+}
+
+std::vector<std::string> ParseCommandLine(std::string_view text) {
+    const std::string arguments[] = {std::string(text)};
+    return ParseCommandLine(arguments);
+}
+
+void KeepResolution() {
+    if (startupSettings.isResolutionNew) {
+        WritePreference("ResolutionX", std::to_string(startupSettings.resolutionX));
+        WritePreference("ResolutionY", std::to_string(startupSettings.resolutionY));
+        startupSettings.isResolutionNew = false;
+    }
+}
+
+bool FallBackResolution() {
+    const StartupSettings defaults;
+    StartupSettings& settings = startupSettings;
+    if (settings.isResolutionNew) {
+        settings.isResolutionNew = false;
+        settings.resolutionX = settings.formerResolutionX;
+        settings.resolutionY = settings.formerResolutionY;
+        return true;
+    }
+    const bool isLast = settings.resolutionX == defaults.resolutionX &&
+                        settings.resolutionY == defaults.resolutionY;
+    settings.resolutionX = defaults.resolutionX;
+    settings.resolutionY = defaults.resolutionY;
+    return !isLast;
 }
 
 DetailProfile ProfileOf(std::int32_t detailLevel) {

@@ -77,6 +77,8 @@ void Dispatch(const Platform::Event& event) {
         text += " There is no display.";
     } else if (error == Platform::WindowError::NoContext) {
         text += " Could not create an OpenGL rendering context.";
+    } else if (error == Platform::WindowError::TooLarge) {
+        text += " It is larger than the display can hold.";
     }
     const std::string reason = Platform::TheWindow().Reason();
     if (!reason.empty()) {
@@ -84,6 +86,22 @@ void Dispatch(const Platform::Event& event) {
     }
     Platform::ShowMessage(text, "Error");
     Platform::EndProcess(1);
+}
+
+/// False if the size is at fault; any other failure ends the process.
+bool TryMakeWindow(const Platform::WindowSettings& settings) {
+    const Platform::WindowError error = Platform::TheWindow().Create(settings);
+    if (error == Platform::WindowError::TooLarge) {
+        return false;
+    }
+    if (error != Platform::WindowError::None) {
+        Fail(error);
+    }
+    state.mayLoseFocus = false;
+    state.heldResize = false;
+    state.heldClose = false;
+    SetTitle(settings.title);
+    return true;
 }
 
 /// A minimised window has its loss behind it: it may come back without the focus at first,
@@ -121,21 +139,24 @@ void ServeHeldEvents() {
 }  // namespace
 
 void MakeWindow(const Platform::WindowSettings& settings) {
-    const Platform::WindowError error = Platform::TheWindow().Create(settings);
-    if (error != Platform::WindowError::None) {
-        Fail(error);
+    if (!TryMakeWindow(settings)) {
+        Fail(Platform::WindowError::TooLarge);
     }
-    state.mayLoseFocus = false;
-    state.heldResize = false;
-    state.heldClose = false;
-    SetTitle(settings.title);
 }
 
 void Create(const std::string& title, int width, int height) {
-    if (IsOpen()) {
-        return;
+    if (!TryCreate(title, width, height)) {
+        Fail(Platform::WindowError::TooLarge);
     }
-    MakeWindow({.title = State::initialTitle, .width = width, .height = height});
+}
+
+bool TryCreate(const std::string& title, int width, int height) {
+    if (IsOpen()) {
+        return true;
+    }
+    if (!TryMakeWindow({.title = State::initialTitle, .width = width, .height = height})) {
+        return false;
+    }
     Platform::Window& window = Platform::TheWindow();
     SetCursorKind(1);
     state.mouseX = 0;
@@ -150,6 +171,7 @@ void Create(const std::string& title, int width, int height) {
     Centre();
     SetTitle(title);
     NoticeFocus();
+    return true;
 }
 
 void Close() {

@@ -17,6 +17,8 @@ namespace GLWindow {
 /// Does nothing if a window is open. A failure shows a message and ends the process with
 /// status 1: the program is nothing without its window.
 void Create(const std::string& title, int width, int height);
+/// The same, but false, with no window, where only the size is at fault.
+bool TryCreate(const std::string& title, int width, int height);
 void Close();
 bool IsOpen();
 /// Drains the event queue. If the window has lost the foreground it is minimised here, and

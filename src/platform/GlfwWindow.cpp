@@ -63,6 +63,13 @@ bool ContextHasSwapControl() {
            glfwExtensionSupported("GLX_SGI_swap_control") == GLFW_TRUE;
 }
 
+/// Whether the current context can draw a picture of that size.
+bool ContextHolds(int width, int height) {
+    GLint most[2] = {};
+    glGetIntegerv(GL_MAX_VIEWPORT_DIMS, most);
+    return width <= most[0] && height <= most[1];
+}
+
 std::string TextOf(GLenum name) {
     const GLubyte* text = glfwGetCurrentContext() != nullptr ? glGetString(name) : nullptr;
     return text != nullptr ? reinterpret_cast<const char*>(text) : "";
@@ -167,6 +174,9 @@ WindowError GlfwWindow::Create(const WindowSettings& settings) {
         state->reason = lastErrorText;
         return WindowError::NoDisplay;
     }
+    if (!state->ScreensHold(settings.width, settings.height)) {
+        return WindowError::TooLarge;
+    }
     SetHints(settings.samples, settings.resizable);
     state->window = glfwCreateWindow(std::max(settings.width, 1), std::max(settings.height, 1),
                                      settings.title.c_str(), nullptr, nullptr);
@@ -178,6 +188,10 @@ WindowError GlfwWindow::Create(const WindowSettings& settings) {
         return noContext ? WindowError::NoContext : WindowError::NoWindow;
     }
     glfwMakeContextCurrent(state->window);
+    if (!ContextHolds(settings.width, settings.height)) {
+        Destroy();
+        return WindowError::TooLarge;
+    }
     state->samples = SamplesOfContext();
     state->hasSwapControl = ContextHasSwapControl();
     state->swapInterval = -1;

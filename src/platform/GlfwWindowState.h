@@ -67,6 +67,9 @@ struct GlfwWindow::State {
     Point windowedSize;
 
     bool Start();
+    /// Whether a window of that size, in pixels, has its place on the screens or in one of their
+    /// display modes. Beyond that, displays fail late and in ways that end the process.
+    bool ScreensHold(int width, int height) const;
     void ListenToEvents();
     void ApplyIcon();
     void Poll();

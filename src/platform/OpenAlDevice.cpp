@@ -3,6 +3,7 @@
 #include "platform/OpenAlDevice.h"
 
 #include <AL/alext.h>
+#include <dlfcn.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -25,6 +26,24 @@ LPALCRENDERSAMPLESSOFT RenderSamples() {
     static const auto function = reinterpret_cast<LPALCRENDERSAMPLESSOFT>(
         alcGetProcAddress(nullptr, "alcRenderSamplesSOFT"));
     return function;
+}
+
+void SayNothing(const char* /*file*/, int /*line*/, const char* /*function*/, int /*error*/,
+                const char* /*format*/, ...) {}
+
+/// Where there is no sound card, the audio library and the driver below it would write nine lines
+/// to standard error; the game has one of its own. Who asks for the library's log gets it all.
+void SilenceLibraries() {
+    if (std::getenv("ALSOFT_LOGLEVEL") != nullptr) {
+        return;
+    }
+    setenv("ALSOFT_LOGLEVEL", "0", 0);
+    // The audio library loads it in the same way, and keeps it.
+    void* const alsa = dlopen("libasound.so.2", RTLD_NOW);
+    void* const setHandler = alsa != nullptr ? dlsym(alsa, "snd_lib_error_set_handler") : nullptr;
+    if (setHandler != nullptr) {
+        reinterpret_cast<int (*)(decltype(&SayNothing))>(setHandler)(SayNothing);
+    }
 }
 
 bool Exists(const std::filesystem::path& path) {
@@ -58,6 +77,7 @@ bool OpenAlDevice::OpenContext(const ALCint* attributes) {
 bool OpenAlDevice::Open() {
     if (!Renders()) {
         const ALCint attributes[] = {ALC_MONO_SOURCES, sourceLimit, ALC_STEREO_SOURCES, 64, 0};
+        SilenceLibraries();
         device = alcOpenDevice(nullptr);
         return OpenContext(attributes);
     }

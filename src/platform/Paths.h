@@ -34,6 +34,9 @@ std::optional<std::vector<std::byte>> ReadWholeFile(const std::filesystem::path&
 /// old file stays, `false` comes back, and the temporary file is gone.
 bool WriteWholeFile(const std::filesystem::path& path, const void* data, std::size_t size);
 
+/// Whether `WriteWholeFile` would succeed now, found out with an empty temporary file.
+bool CanWriteFile(const std::filesystem::path& path);
+
 /// The directory that the game's data is read from.
 std::filesystem::path DataRoot();
 /// Sets the data root; with `first`, it is looked up before the working directory.

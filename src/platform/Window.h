@@ -34,8 +34,9 @@ struct WindowSettings {
     bool resizable = false;
 };
 
-/// Why a window could not be made.
-enum class WindowError { None, NoDisplay, NoWindow, NoContext };
+/// Why a window could not be made. TooLarge: neither the screens nor their display modes, or GL,
+/// hold a window of that size; nothing was made.
+enum class WindowError { None, NoDisplay, NoWindow, NoContext, TooLarge };
 
 enum class Cursor { Empty, Arrow, Cross };
 

@@ -8,6 +8,7 @@
 #include "engine/Text.h"
 #include "game/Game.h"
 #include "game/HeadlessGame.h"
+#include "game/Notice.h"
 #include "level/LevelData.h"
 #include "menus/MenuManager.h"
 #include "platform/Paths.h"
@@ -46,7 +47,7 @@ auto& TheOneOf(List& list, Wanted wanted) {
 void Gallery::SetUpTestSuite() {
     Platform::UseDataRoot(VANTREL_SOURCE_DIR "/data");
     theGame = std::make_unique<HeadlessGame>(800, 600);
-    ASSERT_TRUE(theGame->Start("gallery.swah")) << HeadlessGame::LastReason();
+    ASSERT_TRUE(theGame->Start("gallery.swah")) << LastReason();
     for (int i = 0; i < 16; ++i) {  // until the mean of the frames' times is there
         RunFrame(frameMs);
     }

@@ -37,7 +37,8 @@ class Driver:
     """A running game with a home, a configuration and a working directory of its own. It is
     played at once, without a stay in its main menu, unless `menu` is set. The opening film is
     passed over, as an empty one of the player's own comes before the game's; `intro` names
-    another film to play. Nothing is waited for then, nor without `waits`."""
+    another film to play. Nothing is waited for then, nor without `waits`. With a size of None
+    the game chooses its own. After `close`, `errors` is what it wrote to standard error."""
 
     def __init__(self, program, *arguments, size=(800, 600), settings=None, data=None,
                  menu=False, intro=None, home=None, waits=True):
@@ -50,7 +51,8 @@ class Driver:
         environment = dict(os.environ, HOME=self.home, XDG_CONFIG_HOME=self.home + "/config",
                            VANTREL_DATA=os.path.join(self.home, data) if data
                            else os.path.join(ROOT, "data"))
-        words = ["-FULLSCREEN", "0", "-RESOLUTION", str(size[0]), str(size[1]), *arguments]
+        resolution = ["-RESOLUTION", *map(str, size)] if size else []
+        words = ["-FULLSCREEN", "0", *resolution, *arguments]
         self.process = subprocess.Popen([program, *words], cwd=self.home, env=environment,
                                         stderr=subprocess.PIPE, text=True)
         self.window = wait_for(self._find_window, "the game's window")
@@ -92,7 +94,9 @@ class Driver:
             status = self.process.wait()
             raise AssertionError("the game didn't close") from None
         finally:
-            self.process.stderr.close()
+            if not self.process.stderr.closed:
+                self.errors = self.process.stderr.read()
+                self.process.stderr.close()
             if not self.keeps_home:
                 shutil.rmtree(self.home, ignore_errors=True)
         return status

@@ -119,27 +119,5 @@ class WindowLife(unittest.TestCase):
         self.assertLess(difference(picture, expected), 2.0, name)
 
 
-class Start(unittest.TestCase):
-    def test_without_a_display_it_says_so(self):
-        environment = {key: value for key, value in os.environ.items()
-                       if key not in ("DISPLAY", "WAYLAND_DISPLAY")}
-        run = subprocess.run([PROGRAM], env=environment, capture_output=True, text=True,
-                             timeout=30, check=False)
-        self.assertEqual(run.returncode, 1)
-        self.assertIn("display", run.stderr)
-
-    def test_answers_questions_in_the_middle_of_switches(self):
-        run = subprocess.run([PROGRAM, "-DETAIL", "3", "--version", "-SOUND", "0"],
-                             capture_output=True, text=True, check=True)
-        self.assertEqual(run.stdout, "Vantrel 1.03\n")
-
-    def test_runs_without_any_data(self):
-        game = Driver(PROGRAM, settings={"empty/readme": ""}, data="empty", menu=True)
-        self.addCleanup(game.close)
-        self.assertIn("Could not open config file", game.log())
-        self.assertIn("Unable to open level file", game.log())
-        self.assertEqual(game.close(), 0)
-
-
 if __name__ == "__main__":
     unittest.main(verbosity=2)

@@ -8,6 +8,7 @@
 #include "Trace.h"
 #include "game/Game.h"
 #include "game/HeadlessGame.h"
+#include "game/Notice.h"
 #include "game/RunFile.h"
 #include "game/RunRecorder.h"
 #include "platform/Paths.h"
@@ -78,12 +79,11 @@ void Play(const Options& options, HeadlessGame& game) {
 
 int RunGame(const Options& options) {
     HeadlessGame game(options.windowWidth, options.windowHeight);
-    if (!options.recordFile.empty()) {
-        RunRecorder::Record(options.recordFile);
+    if (!options.recordFile.empty() && !RunRecorder::Record(options.recordFile)) {
+        return Fail({"cannot write '" + options.recordFile + "'", 1});
     }
     if (!game.Start(options.level)) {
-        return Fail(
-            {"cannot load level '" + options.level + "': " + HeadlessGame::LastReason(), 1});
+        return Fail({"cannot load level '" + options.level + "': " + LastReason(), 1});
     }
     Play(options, game);
     return 0;

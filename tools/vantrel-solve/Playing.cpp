@@ -12,6 +12,7 @@
 #include "actors/MoverManager.h"
 #include "actors/TriggerManager.h"
 #include "game/LevelProgress.h"
+#include "game/Notice.h"
 #include "game/RunRecorder.h"
 #include "water/GroupedParticleMover.h"
 #include "water/ParticleManager.h"
@@ -195,7 +196,7 @@ void PlayFrame(HeadlessGame& game, int keys) {
 std::string Begin(HeadlessGame& game, const std::string& level) {
     RunRecorder::Record("");
     if (!game.Start(level)) {
-        return "cannot load level '" + level + "': " + HeadlessGame::LastReason();
+        return "cannot load level '" + level + "': " + LastReason();
     }
     Switches::Collect();
     return {};
