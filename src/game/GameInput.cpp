@@ -7,6 +7,7 @@
 #include "engine/Console.h"
 #include "game/Game.h"
 #include "game/GameState.h"
+#include "game/RunRecorder.h"
 #include "graphics/GLWindow.h"
 #include "menus/MenuManager.h"
 #include "platform/VirtualKeys.h"
@@ -93,7 +94,7 @@ void Game::OnFocusLost() {
 }
 
 RunStep LiveStep(float dt) {
-    RunStep step{dt};
+    RunStep step{RunRecorder::IsRecording() ? std::min(dt, RunStep::longest) : dt};
     const auto set = [&step](RunStep::Flags flag, bool on) {
         step.flags = static_cast<std::uint8_t>(step.flags | (on ? flag : 0));
     };

@@ -42,7 +42,7 @@ bool IsGoodView(float size) {
 }
 
 bool IsGoodStep(const RunStep& step) {
-    return std::isfinite(step.dt) && step.dt > 0.0f && std::isfinite(step.turn) &&
+    return step.dt > 0.0f && step.dt <= RunStep::longest && std::isfinite(step.turn) &&
            (step.flags & ~knownFlags) == 0;
 }
 
@@ -167,14 +167,15 @@ std::optional<Run> ParseRun(std::span<const std::byte> bytes, std::string& reaso
     return reason.empty() ? std::optional(std::move(run)) : std::nullopt;
 }
 
-std::optional<std::uint32_t> LevelChecksum(const std::string& levelName) {
-    const auto path = Platform::FindFile(levelName, Platform::NameSource::Person);
+std::optional<std::uint32_t> LevelChecksum(const std::string& levelName,
+                                           Platform::NameSource source) {
+    const auto path = Platform::FindFile(levelName, source);
     const auto bytes = path ? Platform::ReadWholeFile(*path) : std::nullopt;
     return bytes ? std::optional(Crc32(*bytes)) : std::nullopt;
 }
 
 bool FitsLevel(const Run& run, std::string& reason) {
-    const auto checksum = LevelChecksum(run.level);
+    const auto checksum = LevelChecksum(run.level, Platform::NameSource::Data);
     if (!checksum) {
         reason = "its level '" + run.level + "' is missing";
     } else if (*checksum != run.checksum) {

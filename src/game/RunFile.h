@@ -9,12 +9,17 @@
 #include <string>
 #include <vector>
 
+#include "platform/Paths.h"
+
 /// One module step of a level's life.
 struct RunStep {
     /// What else went on; 0 in plain play.
     enum Flags : std::uint8_t { Menu = 1, Paused = 2, Unsteered = 4 };
 
-    float dt = 0.0f;         ///< seconds, above 0
+    /// A stall that lasts longer counts as much, so that a run's time has a bound.
+    static constexpr float longest = 1.0f;
+
+    float dt = 0.0f;         ///< seconds, above 0; at most `longest` in a run
     float turn = 0.0f;       ///< degrees per second that the player asks for
     std::uint8_t flags = 0;  ///< a menu shows; paused; the input doesn't reach the camera
 
@@ -22,7 +27,8 @@ struct RunStep {
 };
 
 struct Run {
-    std::string level;              ///< name as the game loads it, like "lev\\testLevel.swah"
+    /// As data names files, like "lev\\testLevel.swah": inside of the game's directories.
+    std::string level;
     std::uint32_t checksum = 0;     ///< of the level's file
     std::uint32_t randomState = 0;  ///< as the level begins
     std::vector<RunStep> steps;     ///< from the level's beginning on
@@ -40,7 +46,8 @@ std::optional<Run> ReadRun(const std::string& path, std::string& reason);
 /// The same from a file's bytes.
 std::optional<Run> ParseRun(std::span<const std::byte> bytes, std::string& reason);
 
-/// CRC-32 of the level's file; none if there is no such file.
-std::optional<std::uint32_t> LevelChecksum(const std::string& levelName);
+/// CRC-32 of the level's file; none if there is no such file, or none that the source may name.
+std::optional<std::uint32_t> LevelChecksum(const std::string& levelName,
+                                           Platform::NameSource source);
 /// Whether the run's level is there and is the one that the run was played on; else why not.
 bool FitsLevel(const Run& run, std::string& reason);

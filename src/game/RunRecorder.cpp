@@ -35,16 +35,36 @@ bool hasFailed = false;
 std::uint64_t endState = 0;            // hash of the level's last state
 std::uint32_t stateBeforeLoading = 0;  // of the random numbers
 
-/// The name that finds the level on any machine, if it lies where levels lie.
+/// Whether a run may give that name to the file.
+bool Names(const std::string& name, const std::filesystem::path& file) {
+    const auto found = Platform::FindFile(name);
+    std::error_code error;
+    return found && std::filesystem::equivalent(*found, file, error);
+}
+
+/// The name that finds the level on any machine. One that lies where no run may look is named as
+/// if it lay where levels lie.
 std::string PortableName(const std::string& name) {
     const auto file = Platform::FindFile(name, Platform::NameSource::Person);
     if (!file) {
         return name;
     }
     const std::string inFolder = "lev\\" + file->filename().string();
-    const auto found = Platform::FindFile(inFolder);
+    if (Names(inFolder, *file)) {
+        return inFolder;
+    }
     std::error_code error;
-    return found && std::filesystem::equivalent(*found, *file, error) ? inFolder : name;
+    for (const auto& root : {std::filesystem::current_path(error), Platform::DataRoot()}) {
+        const std::string below = std::filesystem::relative(*file, root, error).string();
+        if (Names(below, *file)) {
+            return below;
+        }
+    }
+    if (!recordPath.empty()) {
+        Notice("The recorded level lies outside of the game's directories: the run will look "
+               "for it as '" + inFolder + "'");
+    }
+    return inFolder;
 }
 
 std::string EndText() {
@@ -73,7 +93,7 @@ void BackToLive() {
 void BeginRecording(const std::string& name) {
     mode = Mode::Recording;
     run.level = PortableName(name);
-    run.checksum = LevelChecksum(name).value_or(0);
+    run.checksum = LevelChecksum(name, Platform::NameSource::Person).value_or(0);
     run.randomState = stateBeforeLoading;
     run.viewWidth = Game::ViewWidth();
     run.viewHeight = Game::ViewHeight();
@@ -112,6 +132,10 @@ void Stop() {
     recordPath.clear();
     pendingRun.reset();
     BackToLive();
+}
+
+bool IsRecording() {
+    return mode == Mode::Recording;
 }
 
 bool WantsRecording() {

@@ -20,6 +20,8 @@ void Replay(Run run);
 /// Back to plain play, with nothing written.
 void Stop();
 
+/// Steps are recorded, so none may be longer than a run holds.
+bool IsRecording();
 /// A level that begins now is recorded.
 bool WantsRecording();
 /// Whether a recording was lost, since its file couldn't be written.

@@ -28,7 +28,9 @@ std::optional<std::filesystem::path> WritablePath(std::string_view name);
 /// name once. `pattern` is like "lev\\*.swah".
 std::vector<std::string> ListFiles(std::string_view pattern);
 
-/// The whole file, if it can be read. Never reads more than the file holds.
+/// No file that is read whole is larger; the largest of the game's own has a hundredth of it.
+inline constexpr std::size_t largestWholeFile = std::size_t{256} << 20;
+/// The whole file, if it is a regular one of that size at most and can be read.
 std::optional<std::vector<std::byte>> ReadWholeFile(const std::filesystem::path& path);
 /// Writes through a temporary file that is flushed and then moved into place. On failure the
 /// old file stays, `false` comes back, and the temporary file is gone.

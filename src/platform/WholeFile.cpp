@@ -5,12 +5,10 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <atomic>
 #include <cerrno>
 #include <cstdio>
 #include <new>
-#include <stdexcept>
 
 #include "platform/Paths.h"
 
@@ -41,11 +39,13 @@ private:
     int number;
 };
 
-std::optional<std::vector<std::byte>> ReadAll(int file) {
-    std::vector<std::byte> bytes;
-    std::array<std::byte, 65536> block;
-    while (true) {
-        const ssize_t got = read(file, block.data(), block.size());
+/// The first `size` bytes, or all there are: files of the kernel claim to be empty and may never
+/// end, and a file may grow or shrink while it is read.
+std::optional<std::vector<std::byte>> ReadUpTo(int file, std::size_t size) {
+    std::vector<std::byte> bytes(size);
+    std::size_t filled = 0;
+    while (filled < size) {
+        const ssize_t got = read(file, bytes.data() + filled, size - filled);
         if (got < 0 && errno == EINTR) {
             continue;
         }
@@ -53,10 +53,12 @@ std::optional<std::vector<std::byte>> ReadAll(int file) {
             return std::nullopt;
         }
         if (got == 0) {
-            return bytes;
+            break;
         }
-        bytes.insert(bytes.end(), block.begin(), block.begin() + got);
+        filled += static_cast<std::size_t>(got);
     }
+    bytes.resize(filled);
+    return bytes;
 }
 
 bool WriteAll(int file, const char* data, std::size_t size) {
@@ -95,14 +97,13 @@ std::optional<std::vector<std::byte>> ReadWholeFile(const fs::path& path) {
     // Non-blocking, so that a pipe in the place of a file can't hang the program.
     const Descriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     struct stat status {};
-    if (!file.IsOpen() || fstat(file.Number(), &status) != 0 || !S_ISREG(status.st_mode)) {
+    if (!file.IsOpen() || fstat(file.Number(), &status) != 0 || !S_ISREG(status.st_mode) ||
+        status.st_size > static_cast<off_t>(largestWholeFile)) {
         return std::nullopt;
     }
     try {
-        return ReadAll(file.Number());
+        return ReadUpTo(file.Number(), static_cast<std::size_t>(status.st_size));
     } catch (const std::bad_alloc&) {
-        return std::nullopt;
-    } catch (const std::length_error&) {
         return std::nullopt;
     }
 }

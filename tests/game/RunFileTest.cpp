@@ -69,6 +69,9 @@ TEST_F(RunFileTest, IsRefusedWhenItsContentIsBad) {
     EXPECT_TRUE(isRefused(count, 5303, 4)) << "a step more than there are";
     EXPECT_TRUE(isRefused(count, 5301, 4)) << "a step fewer";
     EXPECT_TRUE(isRefused(block, 0x7F800000, 4)) << "an endless step";
+    EXPECT_TRUE(isRefused(block, 0x7FC00000, 4)) << "no number as step";
+    EXPECT_TRUE(isRefused(block, 0x3F800001, 4)) << "a step just above a second";
+    EXPECT_FALSE(isRefused(block, 0x3F800000, 4)) << "a second";
     EXPECT_TRUE(isRefused(block, 0, 4)) << "a step without time";
     EXPECT_TRUE(isRefused(block + 4, 0xFFC00000, 4)) << "no number as turn";
     EXPECT_TRUE(isRefused(block + 8, 8, 1)) << "an unknown flag";
@@ -91,6 +94,14 @@ TEST_F(RunFileTest, FitsOnlyTheLevelItWasPlayedOn) {
     EXPECT_EQ(reason, "its level 'lev\\a.swah' has changed since");
     run.level = "lev\\b.swah";
     EXPECT_FALSE(FitsLevel(run, reason));
+    const std::string missing = "is missing";
+    for (const std::string& outside :
+         {(directory.path / "lev/a.swah").string(), std::string("lev\\..\\lev\\a.swah"),
+          std::string("/proc/self/pagemap")}) {
+        run.level = outside;
+        EXPECT_FALSE(FitsLevel(run, reason));
+        EXPECT_TRUE(reason.ends_with(missing)) << "or the run would tell of files: " << reason;
+    }
 }
 
 }  // namespace

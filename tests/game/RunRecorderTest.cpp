@@ -70,6 +70,7 @@ TEST_F(Replay, GoesThroughMenusPausesAndWindowShapesAsRecorded) {
     MenuManager::Show(MenuManager::None);
     Console::Execute("FreeCamera true");
     game.Frames(200, 19);
+    game.Frames(20, 2000);  // a machine that slept; no step of a run lasts as long
     ASSERT_FALSE(Camera::IsOpeningFlight());
     const std::uint64_t end = StateHash();
     const std::uint32_t time = LevelProgress::ElapsedMs();
@@ -110,6 +111,21 @@ TEST_F(Replay, EndsWithTheFinishedLevelAsInPlay) {
     EXPECT_EQ(LevelProgress::TotalScore(), score);
     EXPECT_EQ(MenuManager::Current(), MenuManager::LevelFinished);
     EXPECT_TRUE(RunRecorder::WasReplayed()) << "its score is nobody's";
+}
+
+TEST_F(Replay, NamesNoLevelOutsideOfTheGame) {
+    const TemporaryDirectory elsewhere;
+    const auto file = elsewhere.path / "b.swah";
+    game.Write(level, "b.swah");
+    std::filesystem::rename(game.directory.path / "b.swah", file);
+    RunRecorder::Record(Path());
+    testing::internal::CaptureStderr();
+    Game::Initialise(file.string());
+    EXPECT_NE(testing::internal::GetCapturedStderr(), "") << "where the run will look for it";
+    EXPECT_EQ(RunRecorder::Current().level, "lev\\b.swah");
+    const WorkingDirectoryGuard inDirectory(elsewhere.path);
+    Game::Initialise(file.string());
+    EXPECT_EQ(RunRecorder::Current().level, "b.swah");
 }
 
 TEST_F(Replay, HandsTheLevelToThePlayerAtTheRunsEnd) {

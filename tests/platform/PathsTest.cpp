@@ -126,6 +126,10 @@ TEST_F(Paths, LeaveNothingBehindWhenAWriteFails) {
     EXPECT_FALSE(Platform::WriteWholeFile(work.path / "taken", "x", 1));
     EXPECT_FALSE(Platform::WriteWholeFile(work.path / "missing" / "file", "x", 1));
     EXPECT_FALSE(Platform::WriteWholeFile("/proc/vantrel", "x", 1));
+    for (const char* const refused : {"taken", "missing/file", "/proc/vantrel", "/dev/null"}) {
+        EXPECT_FALSE(Platform::CanWriteFile(refused)) << refused;
+    }
+    EXPECT_TRUE(Platform::CanWriteFile("new"));
     EXPECT_EQ(Platform::ListFiles("*").size(), 0u) << "no temporary files";
     EXPECT_TRUE(fs::is_directory(work.path / "taken" / "inside"));
 }
@@ -133,6 +137,9 @@ TEST_F(Paths, LeaveNothingBehindWhenAWriteFails) {
 TEST_F(Paths, ReadOnlyWhatIsAFile) {
     work.Write("big", std::string(200000, 'x'));
     EXPECT_EQ(Contents(work.path / "big").size(), 200000u);
+    fs::resize_file(work.path / "big", Platform::largestWholeFile + 1);
+    EXPECT_FALSE(Platform::ReadWholeFile(work.path / "big"));
+    EXPECT_EQ(Contents("/proc/self/pagemap"), "") << "a file that says so and never ends";
     EXPECT_FALSE(Platform::ReadWholeFile(work.path));
     EXPECT_FALSE(Platform::ReadWholeFile(work.path / "missing"));
     ASSERT_EQ(mkfifo((work.path / "pipe").c_str(), 0600), 0);
