@@ -56,8 +56,10 @@ void Sound::Duplicate() {
 }
 
 void Sound::Drop() {
-    Platform::TheAudio().FreeVoice(buffer);
-    buffer = 0;
+    if (buffer != 0) {
+        Platform::TheAudio().FreeVoice(buffer);
+        buffer = 0;
+    }
     SoundManager::Release(name);
 }
 

@@ -18,7 +18,21 @@ namespace {
 
 bool started = false;
 float masterVolume = 1.0f;
-std::map<std::string, SoundSample> samples;  // by upper-cased file name
+
+/// Set when the cache has gone at the end of the process: sounds that are static in other
+/// modules may outlive it.
+bool cacheGone = false;
+
+struct Cache {
+    std::map<std::string, SoundSample> byName;  // upper-cased
+    ~Cache() { cacheGone = true; }
+};
+
+/// Made at first use, as static sounds may also come before this file's own statics.
+std::map<std::string, SoundSample>& Samples() {
+    static Cache cache;
+    return cache.byName;
+}
 
 Platform::SampleId Load(const std::string& name) {
     const auto path = started ? Platform::FindFile(name) : std::nullopt;
@@ -28,15 +42,15 @@ Platform::SampleId Load(const std::string& name) {
 }
 
 void ReleaseAll() {
-    for (const auto& [name, sample] : samples) {
+    for (const auto& [name, sample] : Samples()) {
         Platform::TheAudio().FreeSample(sample.buffer);
     }
-    samples.clear();
+    Samples().clear();
 }
 
 void ListSounds() {
     Console::PrintBanner("Sounds in use");
-    for (const auto& [name, sample] : samples) {
+    for (const auto& [name, sample] : Samples()) {
         Console::Print("\n" + name);
         if (sample.buffer == 0 || !HasDevice()) {
             Console::Print(" (loading failed)");
@@ -46,7 +60,7 @@ void ListSounds() {
 
 void PrintMemory() {
     std::size_t bytes = 0;
-    for (const auto& [name, sample] : samples) {
+    for (const auto& [name, sample] : Samples()) {
         bytes += HasDevice() ? Platform::TheAudio().SampleBytes(sample.buffer) : 0;
     }
     Console::PrintBanner("Sound memory used");
@@ -109,7 +123,7 @@ float MasterVolume() {
 
 const SoundSample& Acquire(std::string_view name) {
     const std::string key = UpperCased(name);
-    const auto [entry, isNew] = samples.try_emplace(key);
+    const auto [entry, isNew] = Samples().try_emplace(key);
     if (isNew) {
         entry->second.buffer = Load(key);
     }
@@ -118,12 +132,15 @@ const SoundSample& Acquire(std::string_view name) {
 }
 
 void Release(std::string_view name) {
-    const auto entry = samples.find(UpperCased(name));
-    if (entry == samples.end() || --entry->second.referenceCount > 0) {
+    if (cacheGone) {
+        return;
+    }
+    const auto entry = Samples().find(UpperCased(name));
+    if (entry == Samples().end() || --entry->second.referenceCount > 0) {
         return;
     }
     Platform::TheAudio().FreeSample(entry->second.buffer);
-    samples.erase(entry);
+    Samples().erase(entry);
 }
 
 }  // namespace SoundManager

@@ -25,6 +25,7 @@
 #include "platform/GlfwWindow.h"
 #include "platform/OpenAlAudio.h"
 #include "platform/Paths.h"
+#include "platform/System.h"
 
 namespace {
 
@@ -172,6 +173,7 @@ int main(int argc, char** argv) {
         Notice(complaint);
     }
 
+    Platform::EndAtOnceOnExit(true);
     Platform::GlfwWindow window;
     const GameScreen screen(window);
     Platform::OpenAlAudio audio;
@@ -190,5 +192,6 @@ int main(int argc, char** argv) {
     HighScoreTable::Save();
     StopServices();
     Platform::UseAudio(nullptr);
+    Platform::EndAtOnceOnExit(false);
     return 0;
 }

@@ -61,8 +61,10 @@ std::string PortableName(const std::string& name) {
         }
     }
     if (!recordPath.empty()) {
-        Notice("The recorded level lies outside of the game's directories: the run will look "
-               "for it as '" + inFolder + "'");
+        Notice(
+            "The recorded level lies outside of the game's directories: the run will look "
+            "for it as '" +
+            inFolder + "'");
     }
     return inFolder;
 }

@@ -10,6 +10,7 @@
 #include "platform/GlfwWindowState.h"
 #include "platform/Keys.h"
 #include "platform/VirtualKeys.h"
+#include "platform/X11Window.h"
 
 namespace Platform {
 
@@ -118,6 +119,7 @@ GlfwWindow::~GlfwWindow() {
 
 bool GlfwWindow::State::Start() {
     glfwSetErrorCallback(OnError);
+    WatchDisplay();
     return glfwInit() == GLFW_TRUE;
 }
 

@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <atomic>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -72,6 +73,19 @@ bool AskYesNo(const std::string& text, const std::string& caption) {
     int status = 0;
     return child && waitpid(*child, &status, 0) == *child && WIFEXITED(status) &&
            WEXITSTATUS(status) == 0;
+}
+
+void EndAtOnceOnExit(bool on) {
+    static std::atomic<bool> isOn = false;
+    isOn = on;
+    static const int registered = on_exit(
+        [](int status, void*) {
+            if (isOn) {
+                EndProcess(status);
+            }
+        },
+        nullptr);
+    static_cast<void>(registered);
 }
 
 void EndProcess(int status) {

@@ -18,6 +18,10 @@ void ShowMessage(const std::string& text, const std::string& caption);
 /// Asks the user; false where nobody can be asked.
 bool AskYesNo(const std::string& text, const std::string& caption);
 
+/// While on, a call of exit ends the process as `EndProcess` does. Libraries call it when the
+/// display is gone, from any thread, and in the middle of everything.
+void EndAtOnceOnExit(bool on);
+
 /// Ends the process at once with the given status, after flushing the standard streams.
 [[noreturn]] void EndProcess(int status);
 

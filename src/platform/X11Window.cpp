@@ -4,6 +4,10 @@
 
 #include <X11/Xlib.h>
 
+#include <cstdio>
+
+#include "platform/System.h"
+
 // Of the toolkit, but not in all of its builds. Its own header for them wants more of X11.
 extern "C" {
 [[gnu::weak]] Display* glfwGetX11Display();
@@ -11,6 +15,22 @@ extern "C" {
 }
 
 namespace Platform {
+
+namespace {
+
+/// In whatever thread drew last, and possibly with the display library's locks held. There is
+/// nothing to go back to: returning calls exit, and the GL driver, which tidies up then, wants
+/// the display again.
+int EndWithDisplay(Display* /*display*/) {
+    std::fputs("The display is gone\n", stderr);
+    EndProcess(1);
+}
+
+}  // namespace
+
+void WatchDisplay() {
+    XSetIOErrorHandler(EndWithDisplay);
+}
 
 bool RequestShow(GLFWwindow* window) {
     if (&glfwGetX11Display == nullptr || &glfwGetX11Window == nullptr) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
 #include "support/TestGame.h"
 #include "water/GroupedParticleMover.h"
 
@@ -179,6 +181,19 @@ TEST(LevelChange, FiftyTimesEndsTheSame) {
         first = round == 0 ? hash : first;
         ASSERT_EQ(hash, first) << "round " << round;
     }
+}
+
+/// Libraries end the process so; what is static goes in an order of the linker's.
+TEST(LevelExit, LeavesNothingDangling) {
+    TestGame game;
+    LevelFile level = Room();
+    level.sounds = {{1, {0, 0}, 100, 1, "snd\\a.wav"}, {2, {9, 0}, 100, 0, "snd\\b.wav"}};
+    const auto endInPlay = [&] {
+        game.Start(level);
+        game.Frames(10);
+        std::exit(3);
+    };
+    EXPECT_EXIT(endInPlay(), testing::ExitedWithCode(3), "");
 }
 
 }  // namespace

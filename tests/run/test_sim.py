@@ -79,6 +79,23 @@ class Trace(unittest.TestCase):
         middle = [sum(p[0] for p in particles(block)) / 128 for block in (still, tilted)]
         self.assertGreater(middle[1], middle[0] + 100)
 
+    def test_what_has_no_end_or_no_room_ends_in_one_line(self):
+        pipe = write(self, "")
+        os.remove(pipe)
+        os.mkfifo(pipe)
+        endless = 100000000
+        cases = [(endless, ["--input", "/dev/zero"], os.devnull),
+                 (endless, ["--input", pipe], os.devnull),
+                 (endless, ["--record", "/nowhere/a.run"], os.devnull),
+                 (endless, [], "/dev/full"), (9, ["--quiet"], "/dev/full")]
+        for frames, arguments, output in cases:
+            with open(output, "w", encoding="ascii") as out:
+                result = subprocess.run([SIM, LEVEL, "--frames", str(frames), "--frame-ms", "16",
+                                         *arguments, "--data", DATA], stdout=out,
+                                        stderr=subprocess.PIPE, text=True, check=False, timeout=60)
+            self.assertEqual(result.returncode, 1, (arguments, output))
+            self.assertEqual(len(result.stderr.splitlines()), 1, result.stderr)
+
     def test_bad_arguments_and_files_are_told_in_one_line(self):
         keys = write(self, "12 sideways\n")
         cases = [(["--frames", "x", "--frame-ms", 16], 2), (["--frames", 10], 2),

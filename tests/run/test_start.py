@@ -8,9 +8,10 @@ import shutil
 import subprocess
 import sys
 import tempfile
+import time
 import unittest
 
-from game_driver import ROOT, Driver
+from game_driver import ROOT, TITLE, Driver
 
 SIM = sys.argv.pop(2)
 PROGRAM = sys.argv.pop(1)
@@ -38,6 +39,35 @@ class Start(unittest.TestCase):
         self.assertIn("Could not open config file", game.log())
         self.assertIn("Unable to open level file", game.log())
         self.assertEqual(game.close(), 0)
+
+
+class LostDisplay(unittest.TestCase):
+    def test_ends_the_game_without_a_crash_at_any_time(self):
+        for seconds in (0, 0.2, 0.5, 2):  # from the window's first moment to play
+            self.assertEqual(self.play_until_lost(seconds), 1, seconds)
+
+    def play_until_lost(self, seconds):
+        get, put = os.pipe()
+        server = subprocess.Popen(["Xvfb", "-displayfd", str(put), "-nolisten", "tcp"],
+                                  pass_fds=[put], stderr=subprocess.DEVNULL)
+        self.addCleanup(server.kill)
+        os.close(put)
+        with os.fdopen(get) as number:
+            environment = dict(os.environ, DISPLAY=":" + number.readline().strip())
+        with tempfile.TemporaryDirectory() as home:
+            os.mkdir(home + "/vid")
+            open(home + "/vid/intro.avi", "wb").close()
+            environment.update(HOME=home, XDG_CONFIG_HOME=home,
+                               VANTREL_DATA=os.path.join(ROOT, "data"))
+            game = subprocess.Popen([PROGRAM, "-FULLSCREEN", "0"], cwd=home, env=environment,
+                                    stderr=subprocess.DEVNULL)
+            self.addCleanup(game.kill)
+            subprocess.run(["xdotool", "search", "--sync", "--name", f"^{TITLE}$"],
+                           env=environment, check=True, capture_output=True, timeout=20)
+            time.sleep(seconds)
+            server.terminate()
+            server.wait()
+            return game.wait(timeout=20)
 
 
 class Session(unittest.TestCase):

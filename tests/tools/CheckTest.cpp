@@ -1,5 +1,7 @@
 // What `check` finds, and the exact forms that the other commands print.
 
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <chrono>
 
@@ -287,6 +289,16 @@ TEST_F(Arguments, UnusableFilesGiveOneLineAndStatus1) {
     WriteLevel("a.swah", LevelFile());
     EXPECT_EQ(Run("decompile a.swah -o gone/x").error,
               "vantrel-level: gone/x: cannot be written\n");
+    const std::string level = Read("a.swah");
+    EXPECT_EQ(Run("decompile a.swah -o ./a.swah").status, 1);
+    EXPECT_EQ(Read("a.swah"), level) << "the input is written over";
+    EXPECT_EQ(Run("decompile a.swah -o a.tmj").status, 0);
+    const std::string map = Read("a.tmj");
+    std::filesystem::create_symlink("a.tmj", folder / "b");
+    EXPECT_EQ(Run("compile a.tmj -o b").status, 1);
+    EXPECT_EQ(Read("a.tmj"), map);
+    ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
+    EXPECT_EQ(Run("decompile a.swah -o pipe").status, 1) << "no device is to become a file";
 }
 
 }  // namespace

@@ -1,15 +1,16 @@
 #include "LevelInput.h"
 
-#include <filesystem>
-
 #include "Message.h"
 #include "level/LevelBuilder.h"
 #include "platform/Paths.h"
 #include "water/ParticleMover.h"
 
+std::filesystem::path LevelPath(const std::string& fileName) {
+    return Platform::FindFile(fileName, Platform::NameSource::Person).value_or(fileName);
+}
+
 std::optional<LevelFile> ReadLevel(const std::string& fileName, std::string& failure) {
-    const auto found = Platform::FindFile(fileName, Platform::NameSource::Person);
-    const auto bytes = Platform::ReadWholeFile(found.value_or(fileName));
+    const auto bytes = Platform::ReadWholeFile(LevelPath(fileName));
     if (!bytes) {
         failure = fileName + ": cannot be read";
         return std::nullopt;

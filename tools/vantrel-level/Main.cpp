@@ -1,7 +1,10 @@
 // vantrel-level: makes level files from Tiled maps and back, checks them, and prints what the
 // game makes of their geometry.
 
+#include <cstddef>
 #include <cstdio>
+#include <filesystem>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -16,13 +19,19 @@
 
 namespace {
 
-bool WriteOutput(const std::string& fileName, const void* data, std::size_t size,
-                 std::string& failure) {
-    if (!Platform::WriteWholeFile(fileName, data, size)) {
-        failure = fileName + ": cannot be written";
-        return false;
+/// Nothing else could bring back an input that was written over.
+bool WriteOutput(const std::filesystem::path& input, const std::string& output,
+                 std::span<const std::byte> bytes, std::string& failure) {
+    std::error_code error;
+    if (std::filesystem::equivalent(input, output, error)) {
+        failure = output + ": is the input, and stays as it is";
+    } else if (!Platform::CanWriteFile(output) ||
+               !Platform::WriteWholeFile(output, bytes.data(), bytes.size())) {
+        failure = output + ": cannot be written";
+    } else {
+        return true;
     }
-    return true;
+    return false;
 }
 
 bool RunCompile(const Options& options, std::string& failure) {
@@ -38,8 +47,7 @@ bool RunCompile(const Options& options, std::string& failure) {
         failure = mapName + ": " + failure;
         return false;
     }
-    const std::vector<std::byte> file = level->Serialise();
-    return WriteOutput(options.output, file.data(), file.size(), failure);
+    return WriteOutput(mapName, options.output, level->Serialise(), failure);
 }
 
 bool RunDecompile(const Options& options, std::string& failure) {
@@ -48,7 +56,8 @@ bool RunDecompile(const Options& options, std::string& failure) {
         return false;
     }
     const std::string map = Decompile(*level);
-    return WriteOutput(options.output, map.data(), map.size(), failure);
+    return WriteOutput(LevelPath(options.files[0]), options.output, std::as_bytes(std::span(map)),
+                       failure);
 }
 
 /// The commands that read a level and print. `isSound` turns false where `check` finds errors.

@@ -20,10 +20,19 @@ int Fail(const OptionsError& error) {
     return error.status;
 }
 
-void PrintStep(const Options& options) {
+/// False if nothing more can be printed: a full disk is no reason to play on for hours.
+bool PrintStep(const Options& options) {
     if (!options.quiet && Game::StepCount() % options.every == 0) {
         Trace::PrintStep();
     }
+    return std::ferror(stdout) == 0;
+}
+
+int FinishOutput() {
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+        return Fail({"standard output cannot be written", 1});
+    }
+    return 0;
 }
 
 void RunFrames(const Options& options, HeadlessGame& game) {
@@ -34,8 +43,8 @@ void RunFrames(const Options& options, HeadlessGame& game) {
         }
         const std::uint32_t before = Game::StepCount();
         game.Frame(options.frameMs);
-        if (Game::StepCount() != before) {
-            PrintStep(options);
+        if (Game::StepCount() != before && !PrintStep(options)) {
+            return;
         }
     }
 }
@@ -45,7 +54,9 @@ std::uint32_t RunReplay(const Options& options) {
     std::uint32_t frames = 0;
     while (Game::StepReplay()) {
         ++frames;
-        PrintStep(options);
+        if (!PrintStep(options)) {
+            break;
+        }
     }
     return frames;
 }
@@ -86,7 +97,7 @@ int RunGame(const Options& options) {
         return Fail({"cannot load level '" + options.level + "': " + LastReason(), 1});
     }
     Play(options, game);
-    return 0;
+    return FinishOutput();
 }
 
 }  // namespace
@@ -96,11 +107,11 @@ int main(int argc, char** argv) {
     for (const std::string& argument : arguments) {
         if (argument == "--help") {
             std::fputs(simHelpText, stdout);
-            return 0;
+            return FinishOutput();
         }
         if (argument == "--version") {
             std::puts("vantrel-sim 1.03");
-            return 0;
+            return FinishOutput();
         }
     }
     OptionsError error;

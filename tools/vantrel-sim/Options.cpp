@@ -4,8 +4,9 @@
 
 #include <algorithm>
 #include <charconv>
-#include <fstream>
 #include <sstream>
+
+#include "platform/Paths.h"
 
 const char* const simHelpText =
     "Usage: vantrel-sim LEVEL.swah --frames N --frame-ms MS [--input FILE] [--every K]\n"
@@ -39,11 +40,13 @@ bool ParseKeyLine(const std::string& line, KeyChange& change) {
 }
 
 bool ReadKeys(const std::string& fileName, std::vector<KeyChange>& keys, OptionsError& error) {
-    std::ifstream file(fileName);
-    if (!file) {
+    const auto bytes = Platform::ReadWholeFile(fileName);
+    if (!bytes) {
         error = {"cannot read input file '" + fileName + "'", 1};
         return false;
     }
+    std::istringstream file(
+        std::string(reinterpret_cast<const char*>(bytes->data()), bytes->size()));
     std::string line;
     for (int number = 1; std::getline(file, line); ++number) {
         if (line.find_first_not_of(" \t\r") == std::string::npos) {

@@ -96,5 +96,9 @@ int main(int argc, char** argv) {
     if (!options->dataRoot.empty()) {
         Platform::UseDataRoot(options->dataRoot, true);
     }
-    return options->stuck ? Hunt(*options) : Solve(*options);
+    const int status = options->stuck ? Hunt(*options) : Solve(*options);
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+        return Fail("standard output cannot be written", 1);
+    }
+    return status;
 }
