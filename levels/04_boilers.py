@@ -244,14 +244,8 @@ def flue():
 
 
 def far_walls():
-    """Layer 0: what is seen through the hollow, cut to its outline, so that little of it is
-    drawn under the rock."""
-    floor = CELLAR_FLOOR[:3] + BOILER_4 + CELLAR_FLOOR[3 + len(BOILER_4_BACK):]
-    over = START_ROOM_ROOF[:-1] + BLOCK_1 + CONDENSER_1_ROOF[1:-1] + BLOCK_2 + HALL_ROOF[1:-1]
-    under = (SHAFT_LEFT + BOILER_1[1:] + WALL_1[1:] + BOILER_2[1:] + WALL_2[1:] + BOILER_3[1:] +
-             WALL_3[1:] + TWO_MOUTHS + CELLAR_ROOF + LADDER_RIGHT[1:] + TANK_ROOF[1:])
-    stage.scenery(0, over + BLOCK_3 + TOWER_ROOF[1:] + floor + KETTLE[1:] + LADDER_FLOOR +
-                  under[::-1], BRICKWALL, name="far wall")
+    """Layer 0: what is seen through the hollow."""
+    stage.backdrop(BRICKWALL, 50, 40, 2050, 1406)
     for x, y in ((130, 310), (690, 440), (1240, 330), (1870, 110), (740, 1140), (1220, 1110)):
         stage.arch(x, y, 110, 150)
     for x, y in ((185, 390), (1925, 190), (795, 1220)):
@@ -346,6 +340,7 @@ def foreground():
                       (2900, 1264), (2900, 2200), (-900, 2200)])
     stage.foreground([(2900, 20), (2040, 10), (2084, 100), (2072, 400), (2090, 700), (2074, 1000),
                       (2088, 1180), (2060, 1264), (2900, 1264)])
+    stage.surround(-880, -880, 2880, 2180)
 
 
 far_walls()

@@ -288,14 +288,8 @@ def rime():
 
 
 def far_walls():
-    """Layer 0: what is seen through the hollow, cut to its outline, so that little of it is
-    drawn under the rock."""
-    stage.scenery(0, ROOF + COLD_3[1:] + GALLERY_FLOOR + THAW_FLOOR + HALL_RIGHT +
-                  COLD_5_BACK[1:-1] + LAST_FLOOR + BOWL + TUNNEL_ROOF + COLD_7 + SLIDE[1:] +
-                  CHUTE_FLOOR + COLD_8 + SHAFT + POND + POND_BACK[-1:] + POND_ROOF + CHUTE_ROOF +
-                  SLIDE_ROOF + TUNNEL_FLOOR + COLD_6 + SAW_FLOOR[1:] + HALL_LEFT + HALL_ROOF +
-                  [MIDDLE] + THAW_ROOF + GALLERY_ROOF + CHASM + RUN + COLD_2[1:] + STOVE_FLOOR +
-                  DRAIN + COLD_1 + START_FLOOR[1:], ICEWALL, name="far wall")
+    """Layer 0: what is seen through the hollow."""
+    stage.backdrop(ICEWALL, 40, 92, 2284, 2350)
     for x, y in ((110, 160), (440, 210), (930, 190), (1760, 730), (1900, 730), (250, 720),
                  (590, 720), (230, 1240), (640, 1240), (600, 1596), (1250, 1600), (1460, 1560),
                  (1900, 1560), (2050, 1540), (1700, 1900)):
@@ -383,6 +377,7 @@ def foreground():
                       (3100, 640), (3100, 1430), (2090, 1430), (1900, 1420),
                       (1720, 1430), (1490, 1440), (1320, 1470), (1190, 1510), (1000, 1530),
                       (800, 1540)])
+    stage.surround(-880, -880, 3080, 2680)
 
 
 for draw in (far_walls, pipes, stores, linings, hollow, first_storey, second_storey, third_storey,

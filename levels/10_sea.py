@@ -8,7 +8,7 @@ down, higher than the house, into the sea.
 """
 
 from kit import *
-from seaside import HORIZON, evening, foreground, lighthouse_dress, shore
+from seaside import EAST, HORIZON, evening, foreground, lighthouse_dress, shore
 
 CLIFF = 1150  # left of it the mountain, right of it the open air
 START = 1630, 650
@@ -344,22 +344,16 @@ def signs():
 
 
 def far_walls():
-    """Only where something of them is seen: what lies behind rock costs time as well."""
-    for left, top, right, bottom in ((40, 1210, 570, 1540), (410, 870, 1080, 1120),
-                                     (410, 1120, 570, 1210), (400, 600, 680, 810),
-                                     (444, 446, 520, 600), (676, 495, 1080, 770),
-                                     (990, 720, 1126, 870), (444, 140, CLIFF, 446),
-                                     (1140, 560, 1784, 860), (1140, 860, 1214, 946),
-                                     (1140, 946, 1908, 1140), (1832, 1140, 2000, 1180),
-                                     (560, 1390, 930, 1490), (930, 1180, 1250, 1490),
-                                     (1250, 1165, 1650, 1440), (1650, 1180, 2000, 1470)):
+    for left, top, right, bottom in ((20, 1190, 570, 1540), (380, 140, CLIFF, 1540),
+                                     (1130, 540, 1800, 870), (1130, 850, 1930, 1200),
+                                     (920, 1110, 2000, 1490)):
         stage.backdrop(WALL, left, top, right, bottom)
-    stage.scenery(0, box(CLIFF - 14, -1200, 4400, 0), "img\\nightSky.png", name="night")
-    stage.scenery(0, [(CLIFF - 14, 0), (4400, 0), (4400, HORIZON), (1830, HORIZON), (1790, 400),
+    stage.scenery(0, box(CLIFF - 14, -3000, EAST, 0), "img\\nightSky.png", name="night")
+    stage.scenery(0, [(CLIFF - 14, 0), (EAST, 0), (EAST, HORIZON), (1780, HORIZON), (1780, 400),
                   (CLIFF, 400), (CLIFF, 140), (CLIFF - 14, 140)], SKY, name="evening sky")
     for pit in (box(1132, 384, 1412, 492), box(1496, 386, 1752, 484)):
         stage.scenery(0, pit, BRICKWALL, name="pit")
-    stage.scenery(0, [(1832, HORIZON), (4400, HORIZON), (4400, 1660), (2030, 1660), (2030, 1120),
+    stage.scenery(0, [(1832, HORIZON), (EAST, HORIZON), (EAST, 1660), (2030, 1660), (2030, 1120),
                   (1940, 1060), (1940, 790), (1832, 760)], SEA, name="open sea")
 
 

@@ -105,8 +105,18 @@ class Stage(Map):
     def foreground(self, points):
         self.scenery(4, points, DARK, name="foreground")
 
-    def frame(self, left, top, right, bottom, reach=900):
-        """Dark rocks before the level's rim, on all four sides of the box."""
+    def surround(self, left, top, right, bottom, reach=2800):
+        """Goes on with the foreground on all four sides of the box, for as far as a view goes that
+        is zoomed out and three and a half times as wide as high."""
+        for area in (box(left - reach, top - reach, right + reach, top),
+                     box(left - reach, bottom, right + reach, bottom + reach),
+                     box(left - reach, top - 20, left, bottom + 20),
+                     box(right, top - 20, right + reach, bottom + 20)):
+            self.foreground(area)
+
+    def frame(self, left, top, right, bottom, reach=2800):
+        """Dark rocks before the level's rim, on all four sides of the box, as far as `surround`
+        goes."""
         for i, (a, b, out) in enumerate((((left, top), (right, top), (0, -reach)),
                                          ((right, top), (right, bottom), (reach, 0)),
                                          ((right, bottom), (left, bottom), (0, reach)),

@@ -4,6 +4,7 @@ mountain's dark rock in front."""
 from kit import *
 
 HORIZON = 512  # where the picture of the sky has its last light
+EAST = 5800  # farther than a wide view sees from the lighthouse
 
 
 def evening(stage):
@@ -58,3 +59,7 @@ def foreground(stage):
                        (1700, 1572), (1960, 1586), (2060, 1604), (2220, 1636), (2360, 1630),
                        (2480, 1590), (2560, 1500), (2620, 1420), (2690, 1400), (2760, 1470),
                        (2800, 1540), (2900, 1570), (4600, 1600), (4600, 3300), (-1200, 3300)])
+    for area in (box(-3000, -3000, 1106, -1280), box(-3000, -1300, -1180, 4500),
+                 box(-1200, 3280, EAST, 4500), box(4580, 1600, EAST, 3300)):
+        stage.foreground(area)
+    stage.scenery(2, box(1060, -3000, 1136, -1290), ROCK, name="mountain")
