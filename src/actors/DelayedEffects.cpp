@@ -5,6 +5,7 @@
 
 #include "actors/TriggerEffects.h"
 #include "engine/Console.h"
+#include "level/Limits.h"
 
 namespace {
 
@@ -54,11 +55,11 @@ void DelayedEffects::Add(std::span<const Firing> fired, float dt) {
         if (IsForEver(delay)) {
             continue;
         }
-        if (waiting == mostWaiting) {
+        if (waiting == Limits::waitingEffects) {
             if (!hasComplained) {
                 Console::Print(
-                    "\nToo many delayed trigger effects wait; more are dropped. Limit is ");
-                Console::PrintUnsigned(static_cast<std::uint32_t>(mostWaiting));
+                    "\nToo many delayed effects of triggers wait, more are dropped. The most is ");
+                Console::PrintUnsigned(static_cast<std::uint32_t>(Limits::waitingEffects));
                 Console::Print(".");
             }
             hasComplained = true;

@@ -22,13 +22,11 @@ public:
         std::uint32_t times;
     };
 
-    /// More entries don't wait: firings beyond are dropped, and the console says so, once.
-    static constexpr std::size_t mostWaiting = 1u << 20;
-
     /// Ages what waits by a step of `dt` seconds, then has the effects whose time has come, in
     /// the order of their firing.
     void Run(float dt);
-    /// Takes in what fired in a step of `dt` seconds, in ascending order.
+    /// Takes in what fired in a step of `dt` seconds, in ascending order. Beyond the limit of
+    /// waiting effects firings are dropped, and the console says so, once.
     void Add(std::span<const Firing> fired, float dt);
     void Clear();
     std::size_t Count() const { return waiting; }

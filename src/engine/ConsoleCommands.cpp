@@ -4,6 +4,7 @@
 #include "engine/ConsoleCommands.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <utility>
 
@@ -49,7 +50,8 @@ template <>
 struct Form<float> {
     static constexpr const char* name = "number";
     static std::optional<float> From(const std::string& word) {
-        return IsNumber(word) ? std::optional(ToNumber(word)) : std::nullopt;
+        float number = 0.0f;
+        return Console::ReadWord(word, number) ? std::optional(number) : std::nullopt;
     }
 };
 
@@ -298,7 +300,7 @@ bool ReadWord(const std::string& word, std::uint32_t& value) {
 
 bool ReadWord(const std::string& word, float& value) {
     value = ToNumber(word);
-    return IsNumber(word);
+    return IsNumber(word) && std::isfinite(value);  // so many digits that no float holds it
 }
 
 bool ReadWord(const std::string& word, bool& value) {

@@ -1,13 +1,16 @@
-// Reading and writing of level files. All numbers are little-endian; names are counted, and
+// Reading of level files. All numbers are little-endian; names are counted, and
 // the sections follow each other without marks or padding.
 
 #include "level/LevelFile.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <cmath>
+#include <unordered_map>
 
 #include "engine/ByteReader.h"
-#include "engine/ByteWriter.h"
+#include "level/TriggerTypes.h"
 
 namespace {
 
@@ -39,24 +42,55 @@ public:
     }
 
     bool Sections() {
+        return Records() && Require(TriggerTargets() <= Limits::triggerTargets,
+                                    "Too many targets of triggers in level.");
+    }
+
+    std::string reason;
+
+private:
+    bool Records() {
         // A negative polygon count is above the limit when read without a sign.
-        return Records(level.polygons, smallestPolygon, "Too many polygons in level.",
+        return Section(level.polygons, smallestPolygon, "Too many polygons in level.",
                        &Parser::Polygon) &&
-               Records(level.objects, smallestObject, "Too many objects in level",
+               Section(level.objects, smallestObject, "Too many objects in level",
                        &Parser::Object) &&
-               Records(level.forces, smallestForce, "Too many forces in level.", &Parser::Force) &&
+               Section(level.forces, smallestForce, "Too many forces in level.", &Parser::Force) &&
                Block(level.movers, moverSize, "Too many movers in level.", &Parser::Mover) &&
                Block(level.triggers, triggerSize, "Too many triggers in level.",
                      &Parser::Trigger) &&
-               Records(level.sounds, smallestSound, "Too many sounds in level.", &Parser::Sound) &&
-               Records(level.emitters, smallestEmitter, "Too many emitters in level.",
+               Section(level.sounds, smallestSound, "Too many sounds in level.", &Parser::Sound) &&
+               Section(level.emitters, smallestEmitter, "Too many emitters in level.",
                        &Parser::Emitter) &&
                StartData();
     }
 
-    const char* reason = "";
+    /// How many things the triggers act on: whatever bears a trigger's id and is of a kind that
+    /// its type acts on, counted once for each trigger.
+    std::uint64_t TriggerTargets() const {
+        std::unordered_map<std::uint32_t, std::array<std::uint32_t, 6>> bearers;
+        const auto count = [&bearers](const auto& records, unsigned kind) {
+            for (const auto& record : records) {
+                ++bearers[record.id][static_cast<std::size_t>(std::countr_zero(kind))];
+            }
+        };
+        count(level.polygons, TargetPolygon);
+        count(level.objects, TargetObject);
+        count(level.forces, TargetForce);
+        count(level.movers, TargetMover);
+        count(level.sounds, TargetSound);
+        count(level.emitters, TargetEmitter);
+        std::uint64_t sum = 0;
+        for (const LevelFile::Trigger& trigger : level.triggers) {
+            const TriggerType* type = TriggerTypes::Find(static_cast<std::int32_t>(trigger.type));
+            const auto found = bearers.find(trigger.targetId);
+            for (unsigned bit = 0; type && found != bearers.end() && bit < 6; ++bit) {
+                sum += (type->targets & 1u << bit) != 0 ? found->second[bit] : 0;
+            }
+        }
+        return sum;
+    }
 
-private:
     /// Fails unless everything so far was read and `condition` holds.
     bool Require(bool condition, const char* text = shortRead) {
         if (reader.HasFailed()) {
@@ -72,7 +106,7 @@ private:
     /// A section of records that are checked one after the other. No more room is taken than
     /// the rest of the file could fill, whatever the count claims.
     template <typename Record>
-    bool Records(std::vector<Record>& records, std::size_t smallest, const char* tooMany,
+    bool Section(std::vector<Record>& records, std::size_t smallest, const char* tooMany,
                  bool (Parser::*read)(Record&)) {
         const std::uint32_t count = reader.U32();
         if (!Require(count <= LevelFile::countLimit, tooMany)) {
@@ -81,6 +115,7 @@ private:
         records.reserve(std::min<std::size_t>(count, reader.Remaining() / smallest));
         for (std::uint32_t i = 0; i < count; ++i) {
             Record record;
+            number = i;
             if (!(this->*read)(record)) {
                 return false;
             }
@@ -99,8 +134,12 @@ private:
             return false;
         }
         records.resize(count);
-        return std::all_of(records.begin(), records.end(),
-                           [&](Record& record) { return (this->*read)(record); });
+        number = 0;
+        return std::all_of(records.begin(), records.end(), [&](Record& record) {
+            const bool isRead = (this->*read)(record);
+            ++number;
+            return isRead;
+        });
     }
 
     bool Polygon(LevelFile::Polygon& polygon) {
@@ -152,12 +191,12 @@ private:
     bool Force(LevelFile::Force& force) {
         force.id = reader.U32();
         force.position = Point();
-        return Direction(force.direction) && Float(force.strength);
+        return Direction("Force", force.direction) && Float("Force", force.strength);
     }
 
     bool Mover(LevelFile::Mover& mover) {
         mover.id = reader.U32();
-        if (!Float(mover.speed)) {
+        if (!Float("Mover", mover.speed)) {
             return false;
         }
         mover.start = Point();
@@ -168,7 +207,7 @@ private:
     bool Trigger(LevelFile::Trigger& trigger) {
         trigger.targetId = reader.U32();
         trigger.type = reader.U32();
-        if (!Float(trigger.delay)) {
+        if (!Float("Trigger", trigger.delay)) {
             return false;
         }
         for (LevelFile::Point& corner : trigger.corners) {
@@ -195,8 +234,9 @@ private:
     bool Emitter(LevelFile::Emitter& emitter) {
         emitter.id = reader.U32();
         emitter.position = Point();
-        return Direction(emitter.direction) && Name(emitter.settings, LevelFile::countLimit,
-                                                    "Emitter settings file name too long.");
+        return Direction("Emitter", emitter.direction) &&
+               Name(emitter.settings, LevelFile::countLimit,
+                    "Emitter settings file name too long.");
     }
 
     bool StartData() {
@@ -222,13 +262,21 @@ private:
         return Require(layer >= 0 && layer < LevelFile::layerCount, "Invalid polygon layer.");
     }
 
-    /// A float that isn't a number or isn't finite can't have been written by any author.
-    bool Float(float& value) {
+    /// What isn't a number or isn't finite can't have been written by any author. However large
+    /// a finite number is, what works with it keeps it in bounds.
+    bool Float(const char* kind, float& value) {
         value = reader.F32();
-        return Require(std::isfinite(value));
+        if (!reader.HasFailed() && !std::isfinite(value)) {
+            reason = std::string(kind) + ' ' + std::to_string(number) +
+                     " holds a number that is not finite.";
+            return false;
+        }
+        return Require(true);
     }
 
-    bool Direction(Vector2& direction) { return Float(direction.x) && Float(direction.y); }
+    bool Direction(const char* kind, Vector2& direction) {
+        return Float(kind, direction.x) && Float(kind, direction.y);
+    }
 
     LevelFile::Point Point() {
         const std::int32_t x = reader.I32();
@@ -245,6 +293,7 @@ private:
     ByteReader reader;
     LevelFile& level;
     LevelFile::Progress progress;
+    std::uint32_t number = 0;  // of the record at work, in its section
 };
 
 }  // namespace
@@ -258,105 +307,4 @@ std::optional<LevelFile> LevelFile::Parse(std::span<const std::byte> bytes, std:
         level.reset();
     }
     return level;
-}
-
-namespace {
-
-void Write(ByteWriter& writer, LevelFile::Point point) {
-    writer.I32(point.x);
-    writer.I32(point.y);
-}
-
-void Write(ByteWriter& writer, Vector2 direction) {
-    writer.F32(direction.x);
-    writer.F32(direction.y);
-}
-
-void Write(ByteWriter& writer, const std::string& name) {
-    writer.U32(static_cast<std::uint32_t>(name.size()));
-    writer.Bytes(std::as_bytes(std::span(name)));
-}
-
-void Write(ByteWriter& writer, const LevelFile::Polygon& polygon) {
-    writer.U32(polygon.id);
-    Write(writer, polygon.texture);
-    writer.U32(polygon.surface);
-    writer.U32(polygon.flags);
-    writer.I32(polygon.layer);
-    writer.U32(static_cast<std::uint32_t>(polygon.points.size()));
-    for (const LevelFile::Point point : polygon.points) {
-        Write(writer, point);
-    }
-}
-
-void Write(ByteWriter& writer, const LevelFile::Object& object) {
-    writer.U32(object.id);
-    Write(writer, object.texture);
-    writer.I32(object.layer);
-    Write(writer, object.position);
-    writer.U8(object.mirrored);
-}
-
-void Write(ByteWriter& writer, const LevelFile::Force& force) {
-    writer.U32(force.id);
-    Write(writer, force.position);
-    Write(writer, force.direction);
-    writer.F32(force.strength);
-}
-
-void Write(ByteWriter& writer, const LevelFile::Mover& mover) {
-    writer.U32(mover.id);
-    writer.F32(mover.speed);
-    Write(writer, mover.start);
-    Write(writer, mover.end);
-}
-
-void Write(ByteWriter& writer, const LevelFile::Trigger& trigger) {
-    writer.U32(trigger.targetId);
-    writer.U32(trigger.type);
-    writer.F32(trigger.delay);
-    for (const LevelFile::Point corner : trigger.corners) {
-        Write(writer, corner);
-    }
-}
-
-void Write(ByteWriter& writer, const LevelFile::Sound& sound) {
-    writer.U32(sound.id);
-    Write(writer, sound.position);
-    writer.I32(sound.strength);
-    writer.U8(sound.looping);
-    Write(writer, sound.sound);
-}
-
-void Write(ByteWriter& writer, const LevelFile::Emitter& emitter) {
-    writer.U32(emitter.id);
-    Write(writer, emitter.position);
-    Write(writer, emitter.direction);
-    Write(writer, emitter.settings);
-}
-
-template <typename Record>
-void WriteSection(ByteWriter& writer, const std::vector<Record>& records) {
-    writer.U32(static_cast<std::uint32_t>(records.size()));
-    for (const Record& record : records) {
-        Write(writer, record);
-    }
-}
-
-}  // namespace
-
-std::vector<std::byte> LevelFile::Serialise() const {
-    ByteWriter writer;
-    writer.U32(magic);
-    writer.U32(version);
-    WriteSection(writer, polygons);
-    WriteSection(writer, objects);
-    WriteSection(writer, forces);
-    WriteSection(writer, movers);
-    WriteSection(writer, triggers);
-    WriteSection(writer, sounds);
-    WriteSection(writer, emitters);
-    Write(writer, waterStart);
-    Write(writer, cameraStart);
-    return writer.Block();
 }

@@ -11,13 +11,12 @@
 #include <vector>
 
 #include "engine/Vector2.h"
+#include "level/Limits.h"
 
 struct LevelFile {
     static constexpr std::uint32_t magic = 0x008F1397;
     static constexpr std::uint32_t version = 12;
-    /// The most records of a kind, points of a polygon and bytes of a name. An object's name
-    /// must stay below it.
-    static constexpr std::uint32_t countLimit = 65535;
+    static constexpr std::uint32_t countLimit = Limits::records;
     /// Surfaces are 1 to surfaceCount, layers 0 to layerCount - 1.
     static constexpr std::uint32_t surfaceCount = 5;
     static constexpr std::int32_t layerCount = 5;

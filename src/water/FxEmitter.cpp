@@ -6,13 +6,13 @@
 
 #include "engine/ConfigFile.h"
 #include "engine/Random.h"
+#include "level/Limits.h"
 #include "water/FxParticleManager.h"
 
 namespace {
 
 constexpr float shortestFrequency = 0.001f;
 constexpr float shortestLiveTime = 0.0001f;
-constexpr std::uint32_t largestBurst = 4096;
 constexpr std::size_t textureKeys = 8;
 
 float FiniteOrZero(float value) {
@@ -91,8 +91,8 @@ void Emitter::LoadSettings(const std::string& fileName) {
     }
     if (file.Has("burstSize")) {
         const int size = file.GetInt("burstSize");
-        const bool isValid = size >= 0 && static_cast<std::uint32_t>(size) <= largestBurst;
-        burstSize = isValid ? static_cast<std::uint32_t>(size) : largestBurst;
+        const bool isValid = size >= 0 && static_cast<std::uint32_t>(size) <= Limits::burst;
+        burstSize = isValid ? static_cast<std::uint32_t>(size) : Limits::burst;
     }
     if (file.Has("spread")) {
         spread = Number(file, "spread") * degreesToRadians;
@@ -109,7 +109,7 @@ void Emitter::LoadSettings(const std::string& fileName) {
 }
 
 void Emitter::EmitOne() const {
-    if (textures.empty()) {
+    if (textures.empty() || !FxParticleManager::HasRoom()) {
         return;
     }
     FxParticle particle;
@@ -128,7 +128,7 @@ void Emitter::EmitOne() const {
 }
 
 void Emitter::Burst() {
-    for (std::uint32_t i = 0; i < burstSize; ++i) {
+    for (std::uint32_t i = 0; i < burstSize && FxParticleManager::HasRoom(); ++i) {
         EmitOne();
     }
 }

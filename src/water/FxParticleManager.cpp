@@ -10,6 +10,7 @@
 #include "engine/Console.h"
 #include "engine/ConsoleCommands.h"
 #include "game/Game.h"
+#include "level/Limits.h"
 #include "water/ParticleManager.h"
 
 namespace FxParticleManager {
@@ -23,6 +24,7 @@ namespace {
 /// Nodes of particles that are gone, for those to come: steps allocate only while the number
 /// of particles grows beyond what there ever was.
 std::list<FxParticle> spare;
+bool hasComplained = false;  // of too many particles
 
 void Create(float x, float y, float directionX, float directionY, std::uint32_t id,
             const std::string& settings) {
@@ -88,6 +90,7 @@ void Shutdown() {
     particles.clear();
     spare.clear();
     emitters.clear();
+    hasComplained = false;
     commands.Remove();
 }
 
@@ -102,6 +105,19 @@ void AddParticle(const FxParticle& particle) {
     }
     spare.front() = particle;
     particles.splice(particles.end(), spare, spare.begin());
+}
+
+bool HasRoom() {
+    if (particles.size() < Limits::effectParticles) {
+        return true;
+    }
+    if (!hasComplained) {
+        Console::Print("\nToo many effect particles fly, emitters wait. The most is ");
+        Console::PrintUnsigned(static_cast<std::uint32_t>(Limits::effectParticles));
+        Console::Print(".");
+    }
+    hasComplained = true;
+    return false;
 }
 
 void ClearParticles() {

@@ -24,7 +24,7 @@ struct Emitter {
     void LoadSettings(const std::string& fileName);
     /// Emits `burstSize` particles at once, running or not.
     void Burst();
-    /// Throws one particle. The random draws come in a fixed order.
+    /// Throws one particle if there is room. The random draws come in a fixed order.
     void EmitOne() const;
 
     std::uint32_t id = 0;  ///< what triggers address; not unique
@@ -72,6 +72,9 @@ void Shutdown();
 /// Appends a copy.
 void Add(const Emitter& emitter);
 void AddParticle(const FxParticle& particle);
+/// False when as many particles fly as may; the console says so, once for each level. Emitters
+/// throw none then, and draw no random numbers.
+bool HasRoom();
 /// Level restart: emitters stay.
 void ClearParticles();
 void Step(float dt);

@@ -9,6 +9,7 @@
 #include "engine/Console.h"
 #include "engine/ConsoleCommands.h"
 #include "engine/Random.h"
+#include "level/Limits.h"
 #include "water/GroupedParticleMover.h"
 #include "water/ParticleGrid.h"
 #include "water/ParticleMover.h"
@@ -86,9 +87,22 @@ float HeatTransferRate(float value, bool isSet) {
     return heatTransferRate;
 }
 
+std::size_t AllWater() {
+    std::size_t count = particles.size();
+    for (const ParticleGroup& group : GroupedParticleMover::groups) {
+        count += group.particles.size();
+    }
+    return count;
+}
+
 void CreateInView(float x, float y, float radius, std::int32_t amount) {
     if (amount < 1) {
         Console::Print("\nInvalid number of particles to make");
+        return;
+    }
+    if (AllWater() + static_cast<std::size_t>(amount) > Limits::water) {
+        Console::Print("\nToo many particles to make. The most in a level is ");
+        Console::PrintUnsigned(Limits::water);
         return;
     }
     CreateParticles(x, y, radius, static_cast<std::uint32_t>(amount));
@@ -105,7 +119,8 @@ const Console::CommandTable commands{
     {"SteamScatterRate", Console::Variable<steamScatterRate>,
      "How fast steam scatters, as a factor on gravity."},
     {"ParticleCreate", Console::Words<CreateInView>,
-     "Adds water within a radius of a point, and takes the camera there.",
+     "Adds water within a radius of a point, up to 20000 drops in the level, and takes the "
+     "camera there.",
      "\nUsage: ParticleCreate < x : number > < y : number > < radius : number > "
      "< amount : integer number > "},
     {"ParticleCount", [] { return static_cast<int>(Count()); },

@@ -9,6 +9,7 @@
 
 #include "actors/TriggerEffects.h"
 #include "engine/Console.h"
+#include "level/Limits.h"
 #include "support/Fingerprint.h"
 #include "support/TestWorld.h"
 
@@ -181,16 +182,16 @@ TEST(DelayedEffects, AreDroppedBeyondTheirLimitAndTheConsoleSaysSo) {
     for (int i = 0; i < 70; ++i) {
         TriggerManager::Step(0.01f);
     }
-    EXPECT_EQ(TriggerManager::DelayedCount(), 1u << 20);
+    EXPECT_EQ(TriggerManager::DelayedCount(), Limits::waitingEffects);
     const std::string text(Console::OutputText());
-    const std::size_t at = text.find("\nToo many delayed trigger effects wait");
+    const std::size_t at = text.find("\nToo many delayed effects of triggers wait");
     EXPECT_NE(at, std::string::npos);
-    EXPECT_EQ(text.find("delayed trigger effects", at + 12), std::string::npos) << "once";
+    EXPECT_EQ(text.find("delayed effects of", at + 12), std::string::npos) << "once";
     ParticleManager::particles.clear();
     for (int i = 0; i < 50; ++i) {
         TriggerManager::Step(0.01f);
     }
-    EXPECT_LT(TriggerManager::DelayedCount(), 1u << 20);
+    EXPECT_LT(TriggerManager::DelayedCount(), Limits::waitingEffects);
     Console::Shutdown();
 }
 

@@ -108,13 +108,30 @@ TEST(LevelFile, RefusesValuesOutOfRangeWithTheirReason) {
     EXPECT_EQ(ReasonAfter([](LevelFile& file) { file.polygons[0].flags = 0xFFFFFFFF; }), "none");
 }
 
-TEST(LevelFile, RefusesFloatsThatAreNotFinite) {
-    EXPECT_EQ(ReasonAfter([](LevelFile& f) { f.forces[0].direction.x = notANumber; }), shortRead);
-    EXPECT_EQ(ReasonAfter([](LevelFile& f) { f.forces[0].direction.y = infinity; }), shortRead);
-    EXPECT_EQ(ReasonAfter([](LevelFile& f) { f.forces[0].strength = -infinity; }), shortRead);
-    EXPECT_EQ(ReasonAfter([](LevelFile& f) { f.movers[1].speed = notANumber; }), shortRead);
-    EXPECT_EQ(ReasonAfter([](LevelFile& f) { f.triggers[1].delay = infinity; }), shortRead);
-    EXPECT_EQ(ReasonAfter([](LevelFile& f) { f.emitters[0].direction.y = notANumber; }), shortRead);
+TEST(LevelFile, RefusesFloatsThatAreNotFiniteAndNamesTheRecord) {
+    const auto expect = [](const std::string& record, auto change) {
+        EXPECT_EQ(ReasonAfter(change), record + " holds a number that is not finite.");
+    };
+    expect("Force 0", [](LevelFile& f) { f.forces[0].direction.x = notANumber; });
+    expect("Force 0", [](LevelFile& f) { f.forces[0].direction.y = infinity; });
+    expect("Force 0", [](LevelFile& f) { f.forces[0].strength = -infinity; });
+    expect("Mover 1", [](LevelFile& f) { f.movers[1].speed = notANumber; });
+    expect("Trigger 1", [](LevelFile& f) { f.triggers[1].delay = infinity; });
+    expect("Emitter 1", [](LevelFile& f) { f.emitters[1].direction.y = notANumber; });
+}
+
+TEST(LevelFile, BoundsWhatItsTriggersActOn) {
+    const auto reason = [](std::uint32_t type, std::size_t triggers, std::size_t forces) {
+        return ReasonAfter([&](LevelFile& f) {
+            f.triggers.assign(triggers, {3, type, 0.0f, {}});
+            f.forces.assign(forces, {3, {}, {1.0f, 0.0f}, 1.0f});
+        });
+    };
+    EXPECT_EQ(reason(200, 1000, 100), "none");
+    EXPECT_EQ(reason(200, 1000, 101), "Too many targets of triggers in level.");
+    EXPECT_EQ(reason(200, 65535, 65535), "Too many targets of triggers in level.");
+    EXPECT_EQ(reason(401, 65535, 65535), "none") << "movers only";
+    EXPECT_EQ(reason(777, 65535, 65535), "none") << "a type without effect";
 }
 
 TEST(LevelFile, HoldsNamesToTheirLimits) {

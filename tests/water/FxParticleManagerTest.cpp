@@ -161,6 +161,27 @@ TEST_F(FxParticles, DrawTheirRandomNumbersInAFixedOrder) {
     EXPECT_EQ(Random::state, after);
 }
 
+TEST_F(FxParticles, AreBoundedHoweverManyAreAskedFor) {
+    Emitter emitter =
+        Load("burstSize 4096 frequency 0.001 liveTime_1 9 liveTime_2 9 texture1 a.png");
+    for (int i = 0; i < 60; ++i) {
+        emitter.Burst();
+    }
+    EXPECT_EQ(Count(), 200000u);
+    const auto drawn = Random::state;
+    FxParticleManager::Add(emitter);
+    FxParticleManager::Step(dt);
+    EXPECT_EQ(Count(), 200000u);
+    EXPECT_EQ(Random::state, drawn);
+    const std::string text(Console::OutputText());
+    const std::size_t at = text.find("\nToo many effect particles");
+    ASSERT_NE(at, std::string::npos);
+    EXPECT_EQ(text.find("effect particles", at + 15), std::string::npos) << "once";
+    FxParticleManager::ClearParticles();
+    emitter.Burst();
+    EXPECT_EQ(Count(), 4096u);
+}
+
 TEST_F(FxParticles, ComeFromEmittersMadeOnTheConsole) {
     directory.Write("fx/e.cfg", "texture1 a.png");
     Platform::ForgetListings();

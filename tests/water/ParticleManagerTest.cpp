@@ -100,6 +100,7 @@ TEST(ParticleManager, IsTunedFromTheConsole) {
     Console::Clear();
     Console::Execute("ParticleCreate 0 0 10 1.5");
     Console::Execute("ParticleCreate 0 0 10 0");
+    Console::Execute("ParticleCreate " + std::string(60, '9') + " 0 10 5");
     EXPECT_NE(Console::OutputText().find("\nUsage: ParticleCreate < x"), std::string::npos);
     EXPECT_NE(Console::OutputText().find("\nInvalid number of particles to make"),
               std::string::npos);
@@ -110,6 +111,15 @@ TEST(ParticleManager, IsTunedFromTheConsole) {
     for (const Particle& particle : particles) {
         EXPECT_LE(Distance(particle.position, {7.0f, -8.0f}), 10.001f);
     }
+    for (const char* const amount : {"2000000000", "19976"}) {
+        Console::Execute(std::string("ParticleCreate 0 0 10 ") + amount);
+        EXPECT_EQ(ParticleManager::Count(), 25u);
+    }
+    EXPECT_NE(
+        Console::OutputText().find("\nToo many particles to make. The most in a level is 20000"),
+        std::string::npos);
+    Console::Execute("ParticleCreate 0 0 10 19975");
+    EXPECT_EQ(ParticleManager::Count(), 20000u);
     ParticleManager::ClearAll();
     EXPECT_EQ(ParticleManager::Count(), 0u);
 }
