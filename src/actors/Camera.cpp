@@ -89,15 +89,30 @@ Vector2 WaterCentre() {
     return weight != 0.0f ? sum / weight : Vector2{};
 }
 
+/// A loss can come while the view is wide; nothing else would bring it back then.
+void EndFlight() {
+    state = zoom > playZoom ? ZoomingIn : Following;
+}
+
+/// What the sums behind the water's centre can be off by, units.
+float RoundingOf(Vector2 centre) {
+    return 1e-5f * (std::fabs(centre.x) + std::fabs(centre.y));
+}
+
 void Follow(float dt) {
     const Vector2 centre = WaterCentre();
     const bool flying = state == OpeningFlight;
     const float k = std::pow(
         flying ? settings.waypointInterpolateSpeed : settings.movementInterpolateSpeed, dt);
-    const Vector2 gap = centre - position;
-    position = position * k + centre * (1.0f - k);
-    if (flying && Length(gap) <= settings.waypointInterpolateDistance) {
-        SetState(Following);
+    const Vector2 before = position;
+    const Vector2 gap = centre - before;
+    position = before * k + centre * (1.0f - k);
+    // The centre depends on the position, and the last bits of both may go to and fro for ever,
+    // or a part of the gap be lost in rounding: then the flight can't come nearer.
+    if (flying &&
+        (Length(gap) <= std::max(settings.waypointInterpolateDistance, RoundingOf(centre)) ||
+         position == before)) {
+        EndFlight();
     }
 }
 

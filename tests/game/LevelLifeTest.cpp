@@ -16,6 +16,7 @@ using TestLevelFile::Room;
 constexpr std::uint32_t entityRemove = 300;
 constexpr std::uint32_t moverToEnd = 402;
 constexpr std::uint32_t particleKill = 701;
+constexpr std::uint32_t cameraZoom = 601;
 constexpr std::uint32_t levelEnd = 801;
 constexpr std::uint32_t checkPoint = 901;
 
@@ -79,6 +80,40 @@ TEST(LevelLoss, BringsTheFormerAmountBackFromACheckPointThatFindsNoWater) {
     ASSERT_TRUE(game.FramesUntil(Camera::IsOpeningFlight));
     EXPECT_EQ(LevelProgress::respawnX, 20.0f) << "the check point is taken all the same";
     EXPECT_EQ(LevelProgress::WaterAtFinish(), 128u);
+}
+
+TEST(LevelLoss, ZoomsInAgainAfterALossWhileTheViewWasWide) {
+    TestGame game;
+    game.directory.Write("cfg/camera.cfg",
+                         "zoomSpeed 3 zoomWait 30 movementInterpolateSpeed 0.1\n"
+                         "waypointInterpolateSpeed 0.01 waypointInterpolateDistance 50\n");
+    LevelFile level = Room();
+    level.waterStart = {0, -100};
+    level.triggers = {Area(cameraZoom, -60, -140, 60, 0), Area(particleKill, -200, 0, 200, 150)};
+    game.Start(level);
+    ASSERT_TRUE(game.FramesUntil(IsFlightOver));
+    ASSERT_TRUE(game.FramesUntil(Camera::IsOpeningFlight));
+    EXPECT_GT(Camera::zoom, 1.5f);
+    ASSERT_TRUE(game.FramesUntil(IsFlightOver));
+    EXPECT_EQ(Camera::state, Camera::ZoomingIn);
+    ASSERT_TRUE(game.FramesUntil([] { return Camera::state == Camera::Following; }, 100));
+    EXPECT_EQ(Camera::zoom, 1.0f);
+}
+
+TEST(LevelStart, FlightEndsWhateverTheSettings) {
+    TestGame game;
+    // None at all; a flight that has to come quite near.
+    for (const char* settings : {"", "waypointInterpolateSpeed 0.5"}) {
+        game.directory.Write("cfg/camera.cfg", settings);
+        for (int i = 0; i < 40; ++i) {
+            LevelFile level = Room();
+            level.waterStart = {37 * i % 700 - 300, 53 * i};
+            level.cameraStart = {level.waterStart.x + 3, level.waterStart.y};
+            game.Start(level);
+            EXPECT_TRUE(game.FramesUntil(IsFlightOver, 3000)) << settings << " " << i;
+            EXPECT_LT(Distance(Camera::position, LevelData::waterStart), 11.0f);
+        }
+    }
 }
 
 TEST(LevelScore, FallsEvenlyWithTimeAndRisesWithWater) {
