@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Paints the water that closes over the view when a level is finished: light from above, a web of
 brighter lines and streams of bubbles, in frames that go round without a seam. The picture
-covers the view of a 16:9 window and ends in a water's edge, which still wider ones show."""
+covers the view of a 16:9 window; the game enlarges it for those that are wider or very tall."""
 import numpy as np
 from PIL import Image
 
@@ -37,18 +37,7 @@ def soft_part(turn):
     base = mix(colour("7fdcf5"), colour("2aa0d2"), smooth(0.0, 0.5, down))
     base = mix(base, colour("0b4770"), smooth(0.4, 1.0, down))
     base = mix(base, WATER_LIGHT, 0.75 * beams(x, y, turn) * smooth(900, 250, y))
-    base = mix(base, RIM, np.clip(0.40 * web(x, y, turn), 0, 0.75) * smooth(980, 300, y))
-    inside = shore(x, y, turn)
-    base = mix(base, RIM, 0.85 * np.exp(-((inside - 9) / 6) ** 2))
-    return base, 0.96 * smooth(0, 7, inside)
-
-
-def shore(x, y, turn):
-    """Distance from the wavy edge of the water, above 0 in it."""
-    def wave(v):
-        return 14 + 6 * np.sin(v / 47.0 + turn) + 4 * np.sin(v / 21.0 - turn + 1.0)
-    across = np.minimum(x - wave(y), SIZE - x - wave(y + 300))
-    return np.minimum(across, np.minimum(y - wave(x), SIZE - y - wave(x + 300)))
+    return mix(base, RIM, np.clip(0.40 * web(x, y, turn), 0, 0.75) * smooth(980, 300, y))
 
 
 def stream_list():
@@ -86,9 +75,9 @@ def enlarged(channel):
 def main():
     for i in range(FRAMES):
         s = Sheet(SIZE, SIZE, 1)
-        base, alpha = soft_part(2 * np.pi * i / FRAMES)
+        base = soft_part(2 * np.pi * i / FRAMES)
         s.rgb = np.stack([enlarged(base[..., c]) for c in range(3)], 2)
-        s.alpha = np.clip(enlarged(alpha), 0.0, 1.0)
+        s.alpha = np.full((SIZE, SIZE), 0.96)
         bubbles(s, i / FRAMES)
         save(s.image(steps=88), f"finish_FRAME{i + 1:02}")
 

@@ -2,13 +2,16 @@
 
 #include <GL/gl.h>
 
+#include <algorithm>
 #include <cstdio>
 
 #include "engine/Console.h"
+#include "engine/Vector2.h"
 #include "game/Game.h"
 #include "game/LevelProgress.h"
 #include "graphics/GLWindow.h"
 #include "graphics/GLWindowDraw.h"
+#include "graphics/Texture.h"
 #include "menus/GuiAnimatedButton.h"
 
 namespace LevelProgress {
@@ -24,6 +27,22 @@ void PrintTime() {
     Console::Print(text);
 }
 
+/// How much larger than it is the picture must be drawn around `centre` to cover the whole of
+/// the 800 by 600 units; 1 if it does so anyway, or isn't made to cover a window at all.
+float Enlargement(const Texture& picture, Vector2 centre) {
+    const float across = std::max(centre.x, 800.0f - centre.x);
+    const float down = std::max(centre.y, 600.0f - centre.y);
+    const float halfWidth = static_cast<float>(picture.width) / 2.0f;
+    const float halfHeight = static_cast<float>(picture.height) / 2.0f;
+    const bool isSmall = halfWidth < 400.0f || halfHeight < 300.0f;
+    if (isSmall || (across <= halfWidth && down <= halfHeight)) {
+        return 1.0f;
+    }
+    // Half a texel at the rim is mixed with the other side.
+    constexpr float rim = 0.5f;
+    return std::max(across / (halfWidth - rim), down / (halfHeight - rim));
+}
+
 /// Fades the animation in over the level, which stands still behind it.
 void DrawFinishAnimation(float fade) {
     GuiAnimatedButton* animation = FinishAnimation();
@@ -36,7 +55,16 @@ void DrawFinishAnimation(float fade) {
     // Only the state: the frame goes on from paint to paint.
     animation->state = GuiAnimatedButton::OutOfFocus;
     animation->SetColour(1.0f, 1.0f, 1.0f, fade);
+    const Vector2 centre{static_cast<float>(animation->width) / 2.0f,
+                         static_cast<float>(animation->height) / 2.0f};
+    const Texture* picture = animation->CurrentFrame();
+    const float scale = picture ? Enlargement(*picture, centre) : 1.0f;
+    glPushMatrix();
+    glTranslatef(centre.x, centre.y, 0.0f);
+    glScalef(scale, scale, 1.0f);
+    glTranslatef(-centre.x, -centre.y, 0.0f);
     animation->OnPaint();
+    glPopMatrix();
 }
 
 }  // namespace
