@@ -74,9 +74,9 @@ void WaterVoice(benchmark::State& state) {
         }
         sounds.Render();
         state.ResumeTiming();
-        IceSounds::Step(dt);
-        WaterSounds::Step(dt);
-        SteamSounds::Step(dt);
+        IceSounds::Step(dt, false);
+        WaterSounds::Step(dt, false);
+        SteamSounds::Step(dt, false);
     }
 }
 BENCHMARK(WaterVoice);
@@ -90,9 +90,10 @@ void SoundSources(benchmark::State& state) {
             {static_cast<float>(i), 0.0f, 1000.0f, Sound("snd\\water_ambience.wav"), 1, 1, i});
     }
     SoundSourceManager::StartLooping({});
+    Vector2 listener;
     for (auto _ : state) {
-        Camera::position.x = Camera::position.x > 100.0f ? 0.0f : Camera::position.x + 1.0f;
-        SoundSourceManager::Step();
+        listener.x = listener.x > 100.0f ? 0.0f : listener.x + 1.0f;
+        SoundSourceManager::Step(listener, true);
     }
 }
 BENCHMARK(SoundSources)->Arg(10)->Arg(300);

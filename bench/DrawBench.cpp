@@ -15,10 +15,10 @@
 #include "graphics/ConsoleDraw.h"
 #include "graphics/GLWindow.h"
 #include "graphics/TextureManager.h"
+#include "level/Surfaces.h"
 #include "platform/GlfwWindow.h"
 #include "platform/Paths.h"
 #include "water/ParticleManager.h"
-#include "water/ParticleMover.h"
 
 namespace {
 

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <random>
 
+#include "game/LevelLife.h"
 #include "level/LevelData.h"
 #include "level/LevelFile.h"
 #include "platform/Paths.h"

@@ -5,11 +5,8 @@
 #include <algorithm>
 #include <string>
 
-#include "actors/Camera.h"
-#include "audio/LoopLevel.h"
 #include "engine/Console.h"
 #include "engine/ConsoleCommands.h"
-#include "game/LevelProgress.h"
 
 namespace SoundSourceManager {
 
@@ -20,6 +17,10 @@ bool soundSourceDraw = false;
 namespace {
 
 constexpr float inaudible = 0.0001f;
+
+// Of the last step; a source made from the console is heard as that one was.
+Vector2 lastListener;
+bool lastMayBeHeard = false;
 
 template <class Visit>
 void ForEachOf(SourceMap& sources, std::uint32_t id, Visit visit) {
@@ -44,7 +45,7 @@ void ForEach(SourceMap& sources, Visit visit) {
 void Create(float x, float y, float strength, bool looping, std::uint32_t id,
             const std::string& fileName) {
     Add({x, y, strength, Sound(fileName), static_cast<std::uint8_t>(looping ? 1 : 0), 1, id});
-    Step();
+    Step(lastListener, lastMayBeHeard);
 }
 
 int CountIds() {
@@ -146,9 +147,9 @@ void StartLooping(std::vector<std::uint32_t> waitingIds) {
     }
 }
 
-void Step() {
-    const Vector2 listener = Camera::position + Camera::shakeOffset;
-    const bool mayBeHeard = !LoopsMustRest() && !LevelProgress::IsFinished();
+void Step(Vector2 listener, bool mayBeHeard) {
+    lastListener = listener;
+    lastMayBeHeard = mayBeHeard;
     ForEach(loopingSources, [&](SoundSource& source) {
         if (!source.stopped) {
             StepSource(source, listener, mayBeHeard);

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "audio/Sound.h"
+#include "engine/Vector2.h"
 
 struct SoundSource {
     float x = 0.0f;
@@ -38,8 +39,8 @@ void Reset();
 /// Starts all looping sources, silent until the next step, but for those of the listed ids,
 /// which wait for their triggers.
 void StartLooping(std::vector<std::uint32_t> waitingIds);
-/// Once per module step: loudness by the distance from the camera.
-void Step();
+/// Once per module step: loudness by the distance from the listener, if there is one to hear it.
+void Step(Vector2 listener, bool mayBeHeard);
 void Play(std::uint32_t id);
 void Stop(std::uint32_t id);
 /// Silences all sources; looping ones come back in the next step that lets them.

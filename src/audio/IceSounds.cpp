@@ -85,14 +85,14 @@ void Shutdown() {
     disturbance.DestroySounds();
 }
 
-void Step(float dt) {
+void Step(float dt, bool loopsRest) {
     const MovingBody ice = Ice();
     const float drop = lastSpeed - ice.meanSpeed;
     lastSpeed = ice.meanSpeed;
     StepFreeze(ice.count, dt);
     disturbance.Step(drop, ice.ratio);
     frictionVolume = Approached(frictionVolume, FrictionTarget(), frictionChangeRate, dt);
-    if (LoopsMustRest()) {
+    if (loopsRest) {
         Rest();
     } else {
         freeze.Drive(freezeVolume);

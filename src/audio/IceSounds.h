@@ -9,8 +9,9 @@ namespace IceSounds {
 void Initialise();
 /// At the end of the game.
 void Shutdown();
-/// Once per module step, with the uncapped `dt`. Allocates nothing.
-void Step(float dt);
+/// Once per module step, with the uncapped `dt`; `loopsRest`: what sounds without an event is
+/// silent, since a menu shows or the game is paused. Allocates nothing.
+void Step(float dt, bool loopsRest);
 /// Silences the loops; the next step brings them back.
 void Rest();
 

@@ -4,18 +4,11 @@
 
 #include <cmath>
 
-#include "game/Game.h"
-#include "menus/MenuManager.h"
-
 namespace {
 
 constexpr float inaudible = 0.001f;
 
 }  // namespace
-
-bool LoopsMustRest() {
-    return MenuManager::Current() != MenuManager::None || Game::IsPaused();
-}
 
 void LevelLoop::Create(std::string_view fileName) {
     if (!sound) {

@@ -5,9 +5,6 @@
 
 #include "audio/Sound.h"
 
-/// Whether no loop may sound now: the game is paused, or a menu shows.
-bool LoopsMustRest();
-
 /// A looping sound that is heard at a level and rests when there is nothing to hear.
 class LevelLoop {
 public:

@@ -43,7 +43,7 @@ void Shutdown() {
     ambient.Destroy();
 }
 
-void Step(float dt) {
+void Step(float dt, bool loopsRest) {
     const std::uint32_t count = SteamCount();
     if (count > lastCount) {
         pendingEvaporate += static_cast<float>(count - lastCount);
@@ -53,7 +53,7 @@ void Step(float dt) {
     evaporateVolume = Faded(evaporateVolume, evaporateFadeRate, dt);
     ambientVolume = Approached(ambientVolume, static_cast<float>(count) * ambientPerParticle,
                                ambientChangeRate, dt);
-    if (LoopsMustRest()) {
+    if (loopsRest) {
         Rest();
     } else {
         evaporate.Drive(evaporateVolume);

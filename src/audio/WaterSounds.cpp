@@ -39,11 +39,11 @@ void Shutdown() {
     disturbance.DestroySounds();
 }
 
-void Step(float /*dt*/) {
+void Step(float /*dt*/, bool loopsRest) {
     const MovingBody water = LiquidWater();
     const float drop = lastSpeed - water.meanSpeed;
     lastSpeed = water.meanSpeed;
-    if (LoopsMustRest()) {
+    if (loopsRest) {
         Rest();
     } else {
         ambient.Drive(std::sqrt(water.ratio) * ambientVolume);

@@ -5,7 +5,6 @@
 #include "actors/Camera.h"
 #include "actors/LevelObjectsManager.h"
 #include "actors/MoverManager.h"
-#include "actors/SoundSourceManager.h"
 #include "actors/TriggerManager.h"
 #include "audio/IceSounds.h"
 #include "audio/MusicPlayer.h"
@@ -15,18 +14,20 @@
 #include "engine/Console.h"
 #include "engine/Presentation.h"
 #include "game/GameMenuHost.h"
+#include "game/GameSounds.h"
 #include "game/GameState.h"
+#include "game/LevelLife.h"
 #include "game/LevelProgress.h"
 #include "game/Notice.h"
 #include "game/RunRecorder.h"
 #include "graphics/GLWindow.h"
 #include "level/LevelData.h"
+#include "level/Surfaces.h"
 #include "menus/MenuHost.h"
 #include "menus/MenuManager.h"
 #include "platform/Clock.h"
 #include "water/FxParticleManager.h"
 #include "water/ParticleManager.h"
-#include "water/ParticleMover.h"
 
 GameState gameState;
 
@@ -176,20 +177,13 @@ void Simulate(float dt) {
     }
 }
 
-void StepSoundEffects(float dt) {
-    SoundSourceManager::Step();
-    IceSounds::Step(dt);
-    WaterSounds::Step(dt);
-    SteamSounds::Step(dt);
-}
-
 void StepModules(const RunStep& step) {
     const float dt = step.dt;
     if (IsPlaying(step)) {
         Simulate(dt);
     }
     if (!LevelProgress::IsFinished()) {
-        StepSoundEffects(dt);
+        GameSounds::Step(dt);
     }
     if ((step.flags & RunStep::Menu) == 0) {
         const bool isSteered = (step.flags & RunStep::Unsteered) == 0;

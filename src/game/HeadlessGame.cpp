@@ -7,9 +7,9 @@
 #include "game/RunRecorder.h"
 #include "graphics/GLWindow.h"
 #include "graphics/TextureManager.h"
+#include "level/Surfaces.h"
 #include "menus/MenuManager.h"
 #include "platform/VirtualKeys.h"
-#include "water/ParticleMover.h"
 
 HeadlessGame::HeadlessGame(int width, int height) {
     Platform::UseClock(&clock);

@@ -3,8 +3,8 @@
 #include <unordered_set>
 #include <vector>
 
+#include "level/Surfaces.h"
 #include "level/TriggerTypes.h"
-#include "water/ParticleMover.h"
 
 namespace {
 

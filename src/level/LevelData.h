@@ -1,10 +1,9 @@
 #pragma once
-// The loaded level: it owns the polygons and starts, ends and resets the modules that live
-// with a level. Other modules hold pointers into `polygons` for the life of the level.
+// The loaded level: it owns the polygons. Other modules hold pointers into `polygons` for the
+// life of the level, which game/LevelLife.h begins and ends.
 
 #include <list>
 #include <map>
-#include <string>
 #include <vector>
 
 #include "engine/Vector2.h"
@@ -22,12 +21,8 @@ extern bool drawTriangles;
 extern Vector2 waterStart;
 extern Vector2 cameraStart;
 
-/// Reads the file and makes all level modules ready. On failure the reason is on the console,
-/// false comes back, and the level that was loaded lives on.
-bool Load(const std::string& fileName);
-void Unload();
-/// Back to the level's first state, without the file.
-void Restart();
+/// Fills `polygonSegments`, in the tree's order; once the tree is built.
+void MapSegments();
 /// Whether the polygon's edges collide from now on.
 void SetPolygonSolid(LevelPolygon& polygon, bool solid);
 /// Debug views (LevelDataDraw.cpp).

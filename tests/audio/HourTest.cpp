@@ -5,7 +5,6 @@
 #include <fstream>
 
 #include "RenderedAudio.h"
-#include "actors/Camera.h"
 #include "actors/SoundSourceManager.h"
 
 namespace {
@@ -53,9 +52,9 @@ TEST_F(HourTest, KeepsVoicesAndMemoryFlat) {
         for (int i = 0; i < minutes * 60 * stepsPerSecond; ++i) {
             // To and fro through the level, once in two minutes, with sounds set off all over.
             const float phase = static_cast<float>(i % 1200) / 600.0f;
-            Camera::position = {15000.0f * (phase < 1.0f ? phase : 2.0f - phase), 0.0f};
+            const Vector2 listener{15000.0f * (phase < 1.0f ? phase : 2.0f - phase), 0.0f};
             SoundSourceManager::Play(static_cast<std::uint32_t>(i * 10 % 300));
-            SoundSourceManager::Step();
+            SoundSourceManager::Step(listener, true);
             audio.Render(stereo);
         }
     };

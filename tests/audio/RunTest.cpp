@@ -8,11 +8,11 @@
 #include "game/RunFile.h"
 #include "game/RunRecorder.h"
 #include "graphics/GLWindow.h"
+#include "level/Surfaces.h"
 #include "menus/MenuManager.h"
 #include "platform/Clock.h"
 #include "platform/HeadlessWindow.h"
 #include "platform/VirtualKeys.h"
-#include "water/ParticleMover.h"
 
 namespace {
 

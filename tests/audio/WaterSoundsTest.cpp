@@ -5,7 +5,6 @@
 #include "audio/SteamSounds.h"
 #include "audio/WaterSounds.h"
 #include "engine/Random.h"
-#include "game/GameState.h"
 #include "support/CountedAllocations.h"
 #include "water/GroupedParticleMover.h"
 #include "water/ParticleManager.h"
@@ -30,7 +29,6 @@ protected:
         Random::state = 0;
     }
     ~WaterVoiceTest() override {
-        SetPaused(false);
         ParticleManager::ClearAll();
         IceSounds::Shutdown();
         WaterSounds::Shutdown();
@@ -81,7 +79,7 @@ protected:
         std::vector<float> half;
         const int steps = static_cast<int>(std::lround(seconds / static_cast<double>(dt)));
         for (int i = 0; i < steps; ++i) {
-            step(dt);
+            step(dt, loopsRest);
             const auto part = Render(static_cast<double>(dt));
             if (i >= steps / 2) {
                 half.insert(half.end(), part.begin(), part.end());
@@ -89,6 +87,7 @@ protected:
         }
         return Loudness(half) / (tone / std::numbers::sqrt2);
     }
+    bool loopsRest = false;
     /// Loudness of a sound at that volume.
     static double At(double volume) { return std::pow(10.0, -5.0 * (1.0 - std::pow(volume, 0.2))); }
 };
@@ -101,9 +100,9 @@ TEST_F(WaterVoiceTest, MurmursWithTheAmountOfWater) {
     EXPECT_NEAR(Run(WaterSounds::Step, 0.5), At(0.8), 0.01);
     SetWater(32, 0.0f);
     EXPECT_NEAR(Run(WaterSounds::Step, 0.5), At(0.4), 0.01);
-    SetPaused(true);
+    loopsRest = true;
     EXPECT_LT(Run(WaterSounds::Step, 0.5), 1e-5);
-    SetPaused(false);
+    loopsRest = false;
     EXPECT_NEAR(Run(WaterSounds::Step, 0.5), At(0.4), 0.01);
     // Neither ice nor steam counts as water.
     SetWater(128, 0.0f, 100.0f);
@@ -113,10 +112,10 @@ TEST_F(WaterVoiceTest, MurmursWithTheAmountOfWater) {
 TEST_F(WaterVoiceTest, SplashesByTheDropOfItsSpeed) {
     const auto splash = [&](float from, float to) {
         SetWater(128, from);
-        WaterSounds::Step(dt);
+        WaterSounds::Step(dt, false);
         Render(1.0);
         SetWater(128, to);
-        WaterSounds::Step(dt);
+        WaterSounds::Step(dt, false);
         return Render(0.3);
     };
     EXPECT_LT(Loudness(splash(100.0f, 91.0f)), 1e-6);
@@ -127,24 +126,24 @@ TEST_F(WaterVoiceTest, SplashesByTheDropOfItsSpeed) {
     EXPECT_NEAR(Loudness(splash(100.0f, 0.0f)), tone / std::numbers::sqrt2, 0.01);
     Render(1.0);
     SetWater(32, 100.0f);
-    WaterSounds::Step(dt);
+    WaterSounds::Step(dt, false);
     SetWater(32, 0.0f);
-    WaterSounds::Step(dt);
+    WaterSounds::Step(dt, false);
     EXPECT_NEAR(LoudnessOf(0.3), At(0.5) * tone / std::numbers::sqrt2, 0.01);
     // One of a level at a time: a second drop of that level is lost.
     Render(0.1);
     SetWater(128, 100.0f);
-    WaterSounds::Step(dt);
+    WaterSounds::Step(dt, false);
     SetWater(128, 0.0f);
-    WaterSounds::Step(dt);
+    WaterSounds::Step(dt, false);
     Render(0.3);
     EXPECT_LT(LoudnessOf(0.2), 1e-6);
 }
 
 TEST_F(WaterVoiceTest, DrawsTheSameRandomNumbersSilentOrNot) {
-    WaterSounds::Step(dt);
-    IceSounds::Step(dt);
-    SteamSounds::Step(dt);
+    WaterSounds::Step(dt, false);
+    IceSounds::Step(dt, false);
+    SteamSounds::Step(dt, false);
     const std::uint32_t after = Random::state;
     Random::state = 0;
     for (int i = 0; i < 6; ++i) {
@@ -158,14 +157,14 @@ TEST_F(WaterVoiceTest, AllocatesNothingInAStep) {
     std::size_t allocations = 0;
     for (int i = 0; i < 20; ++i) {
         // All that can sound starts and ends in turn.
-        SetPaused(i % 4 == 3);
+        loopsRest = i % 4 == 3;
         const float speed = i % 3 == 0 ? 0.0f : 100.0f;
         SetWater(i % 2 * 128, speed, i % 5 == 0 ? 120.0f : 20.0f);
         SetIce(i % 2 * 64, speed, true);
         const std::size_t before = countedAllocations;
-        IceSounds::Step(dt);
-        WaterSounds::Step(dt);
-        SteamSounds::Step(dt);
+        IceSounds::Step(dt, loopsRest);
+        WaterSounds::Step(dt, loopsRest);
+        SteamSounds::Step(dt, loopsRest);
         allocations += countedAllocations - before;
         Render(0.3);
     }

@@ -6,6 +6,7 @@
 
 #include "support/TestGame.h"
 #include "water/GroupedParticleMover.h"
+#include "water/ParticleMover.h"
 
 namespace {
 

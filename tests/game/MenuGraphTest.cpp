@@ -19,6 +19,7 @@
 #include "game/HighScores.h"
 #include "graphics/GLWindow.h"
 #include "graphics/TextureManager.h"
+#include "level/Surfaces.h"
 #include "menus/LogicalSpace.h"
 #include "menus/MenuManager.h"
 #include "platform/Clock.h"
@@ -27,7 +28,6 @@
 #include "platform/SilentAudio.h"
 #include "platform/VirtualKeys.h"
 #include "support/TemporaryDirectory.h"
-#include "water/ParticleMover.h"
 
 namespace {
 

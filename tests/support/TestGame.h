@@ -15,6 +15,7 @@
 #include "graphics/GLWindow.h"
 #include "graphics/TextureManager.h"
 #include "level/LevelData.h"
+#include "level/Surfaces.h"
 #include "menus/MenuManager.h"
 #include "platform/Clock.h"
 #include "platform/HeadlessWindow.h"
@@ -22,7 +23,6 @@
 #include "support/TemporaryDirectory.h"
 #include "support/TestLevelFile.h"
 #include "water/ParticleManager.h"
-#include "water/ParticleMover.h"
 #include "water/WaterCheck.h"
 
 class TestGame {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "level/Surfaces.h"
 #include "water/ParticleGrid.h"
 #include "water/WaterCheck.h"
 #include "water/WaterWorld.h"

@@ -15,9 +15,9 @@
 #include "game/RunRecorder.h"
 #include "graphics/GLWindow.h"
 #include "graphics/TextureManager.h"
+#include "level/Surfaces.h"
 #include "menus/MenuManager.h"
 #include "platform/Paths.h"
-#include "water/ParticleMover.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 
 #include "Message.h"
 #include "level/LevelBuilder.h"
+#include "level/Surfaces.h"
 #include "platform/Paths.h"
-#include "water/ParticleMover.h"
 
 std::filesystem::path LevelPath(const std::string& fileName) {
     return Platform::FindFile(fileName, Platform::NameSource::Person).value_or(fileName);

@@ -1,8 +1,9 @@
 // The table of surface frictions that level polygons take theirs from.
 
+#include "level/Surfaces.h"
+
 #include "engine/ConfigFile.h"
 #include "engine/Vector2.h"
-#include "water/ParticleMover.h"
 
 namespace {
 

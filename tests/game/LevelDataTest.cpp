@@ -1,5 +1,6 @@
 // Loading, failing to load, restarting and ending a level, through real files.
 
+#include "game/LevelLife.h"
 #include "level/LevelData.h"
 
 #include <gtest/gtest.h>
@@ -13,10 +14,10 @@
 #include "engine/ConsoleCommands.h"
 #include "level/BspTree.h"
 #include "level/DynamicPolygonRenderer.h"
+#include "level/Surfaces.h"
 #include "platform/Paths.h"
 #include "support/TemporaryDirectory.h"
 #include "support/TestLevelFile.h"
-#include "water/ParticleMover.h"
 
 namespace {
 

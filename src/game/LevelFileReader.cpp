@@ -1,6 +1,6 @@
 // From the records of a level file to the modules that own the level.
 
-#include "level/LevelFileReader.h"
+#include "game/LevelFileReader.h"
 
 #include <list>
 #include <optional>
@@ -13,6 +13,7 @@
 #include "actors/TriggerManager.h"
 #include "engine/Console.h"
 #include "engine/Timer.h"
+#include "game/LevelLife.h"
 #include "graphics/GLWindow.h"
 #include "level/LevelBuilder.h"
 #include "level/LevelData.h"

@@ -1,0 +1,12 @@
+#pragma once
+// What is heard of a level: tells placed sounds and the water's voice where the listener is, and
+// when to rest.
+
+namespace GameSounds {
+
+/// Once per module step, `dt` in seconds, uncapped.
+void Step(float dt);
+/// Placed sounds alone, when they have just been started.
+void StepSources();
+
+}  // namespace GameSounds
