@@ -227,8 +227,9 @@ std::optional<fs::path> WritablePath(std::string_view name) {
         });
         path /= match != matches.end() ? match->name : component;
         std::error_code error;
-        if (!last && match == matches.end() && !fs::create_directory(path, error)) {
-            return std::nullopt;
+        if (!last && match == matches.end() && !fs::create_directory(path, error) &&
+            !fs::is_directory(path, error)) {
+            return std::nullopt;  // another program may have made it in between
         }
     }
     return path;

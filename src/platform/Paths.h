@@ -32,8 +32,7 @@ std::vector<std::string> ListFiles(std::string_view pattern);
 inline constexpr std::size_t largestWholeFile = std::size_t{256} << 20;
 /// The whole file, if it is a regular one of that size at most and can be read.
 std::optional<std::vector<std::byte>> ReadWholeFile(const std::filesystem::path& path);
-/// Writes through a temporary file that is flushed and then moved into place. On failure the
-/// old file stays, `false` comes back, and the temporary file is gone.
+/// Replaces the file, or makes it, in one step; see FileUpdate::Write.
 bool WriteWholeFile(const std::filesystem::path& path, const void* data, std::size_t size);
 
 /// Whether `WriteWholeFile` would succeed now, found out with an empty temporary file.

@@ -1,8 +1,14 @@
 #include "platform/Paths.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
+#include <thread>
+
+#include "platform/FileUpdate.h"
 #include "support/TemporaryDirectory.h"
 
 namespace {
@@ -132,6 +138,81 @@ TEST_F(Paths, LeaveNothingBehindWhenAWriteFails) {
     EXPECT_TRUE(Platform::CanWriteFile("new"));
     EXPECT_EQ(Platform::ListFiles("*").size(), 0u) << "no temporary files";
     EXPECT_TRUE(fs::is_directory(work.path / "taken" / "inside"));
+}
+
+TEST_F(Paths, KeepAFilesModeAndTheLinkThatLeadsToIt) {
+    const fs::path file = work.Write("kept/file", "old");
+    fs::permissions(file, fs::perms(0640));
+    fs::create_symlink("kept/file", work.path / "link");
+    fs::create_symlink("link", work.path / "linkToLink");
+    ASSERT_TRUE(Platform::WriteWholeFile(work.path / "linkToLink", "new", 3));
+    EXPECT_EQ(Contents(file), "new");
+    EXPECT_EQ(fs::status(file).permissions(), fs::perms(0640));
+    EXPECT_EQ(fs::read_symlink(work.path / "linkToLink"), "link");
+
+    fs::create_symlink("kept/later", work.path / "dangling");
+    ASSERT_TRUE(Platform::WriteWholeFile(work.path / "dangling", "made", 4));
+    EXPECT_EQ(Contents(work.path / "kept/later"), "made");
+    fs::create_symlink("endless", work.path / "endless");
+    EXPECT_FALSE(Platform::WriteWholeFile(work.path / "endless", "x", 1));
+
+    // Nothing but a file is replaced.
+    ASSERT_EQ(mkfifo((work.path / "pipe").c_str(), 0600), 0);
+    EXPECT_FALSE(Platform::WriteWholeFile(work.path / "pipe", "x", 1));
+    EXPECT_TRUE(fs::is_fifo(work.path / "pipe"));
+}
+
+TEST_F(Paths, SweepWhatKilledProgramsLeft) {
+    const std::string ours = ".vantrel-" + std::to_string(getpid()) + "-";
+    for (int serial = 0; serial < 50; ++serial) {
+        work.Write(ours + std::to_string(serial) + ".tmp", "half");
+    }
+    work.Write(".vantrel-notes.txt", "a player's own");
+    ASSERT_TRUE(Platform::WriteWholeFile(work.path / "file", "new", 3));
+    EXPECT_EQ(Contents(work.path / "file"), "new");
+    EXPECT_EQ(Platform::ListFiles("*").size(), 2u);
+
+    // Also where another program holds the directory for ever; then nothing is swept.
+    work.Write(ours + "1000.tmp", "in use");
+    const int held = open(work.path.c_str(), O_RDONLY | O_DIRECTORY);
+    ASSERT_EQ(flock(held, LOCK_EX), 0);
+    ASSERT_TRUE(Platform::WriteWholeFile(work.path / "file", "newer", 5));
+    close(held);
+    EXPECT_EQ(Contents(work.path / "file"), "newer");
+    EXPECT_EQ(Contents(work.path / (ours + "1000.tmp")), "in use");
+}
+
+TEST_F(Paths, UpdateOneAfterTheOther) {
+    work.Write("count", "");
+    const auto countUp = [&] {
+        for (int i = 0; i < 20; ++i) {
+            Platform::FileUpdate update(work.path / "count");
+            std::vector<std::byte> bytes;
+            EXPECT_EQ(update.Read(bytes), Platform::FileUpdate::State::Read);
+            bytes.push_back(std::byte{'x'});
+            EXPECT_TRUE(update.Write(bytes.data(), bytes.size()));
+        }
+    };
+    std::thread other(countUp);
+    countUp();
+    other.join();
+    EXPECT_EQ(Contents(work.path / "count").size(), 40u);
+}
+
+TEST_F(Paths, SetAsideWhatIsWorthKeeping) {
+    const fs::path file = work.path / "file";
+    for (const char* name : {"file.bad", "file.bad2"}) {
+        work.Write("file", name);
+        Platform::FileUpdate update(file);
+        EXPECT_EQ(update.SetAside(), name);
+        EXPECT_EQ(Contents(work.path / name), name);
+        std::vector<std::byte> bytes;
+        EXPECT_EQ(update.Read(bytes), Platform::FileUpdate::State::Missing);
+        EXPECT_FALSE(update.SetAside()) << "nothing is left";
+    }
+    fs::create_directory(file);
+    std::vector<std::byte> bytes;
+    EXPECT_EQ(Platform::FileUpdate(file).Read(bytes), Platform::FileUpdate::State::Unreadable);
 }
 
 TEST_F(Paths, ReadOnlyWhatIsAFile) {
