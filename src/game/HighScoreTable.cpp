@@ -4,10 +4,13 @@
 
 #include <algorithm>
 #include <cstring>
+#include <optional>
+#include <vector>
 
-#include "engine/BufferedFile.h"
 #include "engine/ByteReader.h"
 #include "engine/ByteWriter.h"
+#include "game/Notice.h"
+#include "platform/FileUpdate.h"
 #include "platform/Paths.h"
 
 namespace HighScoreTable {
@@ -18,7 +21,12 @@ constexpr const char* fileName = "sav\\scores.sav";
 constexpr std::uint32_t magic = 0x1231230F;
 constexpr std::size_t rowBytes = 28;  // name, reserved bytes, score
 
-std::array<HighScoreRow, rowCount> rows;
+using Table = std::array<HighScoreRow, rowCount>;
+
+Table rows;
+// Inserted since the file was last read or written. The file has the say about all other rows, so
+// that games which run at the same time add to it and double nothing.
+std::vector<HighScoreRow> unsaved;
 
 template <std::size_t size>
 void ReadText(ByteReader& reader, std::array<char, size>& text) {
@@ -28,53 +36,103 @@ void ReadText(ByteReader& reader, std::array<char, size>& text) {
     }
 }
 
-void ReadRows(ByteReader& reader) {
-    for (HighScoreRow& row : rows) {
+/// None if the block isn't a table.
+std::optional<Table> Parse(std::span<const std::byte> block) {
+    ByteReader reader(block);
+    Table table;
+    const bool isTable = reader.U32() == magic && reader.Remaining() >= rowCount * rowBytes;
+    for (HighScoreRow& row : table) {
         ReadText(reader, row.name);
         ReadText(reader, row.reserved);
         row.score = reader.U32();
     }
+    return isTable ? std::optional(table) : std::nullopt;
+}
+
+/// False if there is no place for the row.
+bool InsertInto(Table& table, const HighScoreRow& row) {
+    const auto place = std::find_if(table.begin(), table.end(), [&](const HighScoreRow& other) {
+        return row.score > other.score;
+    });
+    if (place == table.end()) {
+        return false;
+    }
+    std::move_backward(place, table.end() - 1, table.end());
+    *place = row;
+    return true;
+}
+
+bool Write(const Platform::FileUpdate& file, const Table& table) {
+    ByteWriter writer;
+    writer.U32(magic);
+    for (const HighScoreRow& row : table) {
+        writer.Bytes(std::as_bytes(std::span(row.name)));
+        writer.Bytes(std::as_bytes(std::span(row.reserved)));
+        writer.U32(row.score);
+    }
+    return file.Write(writer.Block().data(), writer.Block().size());
+}
+
+/// Renames what can't be read, which may be somebody's scores. False if it is still there.
+bool SetAside(const Platform::FileUpdate& file) {
+    const auto name = file.SetAside();
+    if (name) {
+        Notice("High scores that can't be read were kept as 'sav\\" + *name + "'");
+    }
+    return name.has_value();
+}
+
+/// The table with `unsaved` in it, on disk and here.
+bool Update(const Platform::FileUpdate& file) {
+    using State = Platform::FileUpdate::State;
+    std::vector<std::byte> bytes;
+    const State state = file.Read(bytes);
+    Table merged = rows;
+    if (const auto saved = Parse(bytes)) {
+        merged = *saved;
+        for (const HighScoreRow& row : unsaved) {
+            InsertInto(merged, row);
+        }
+    } else if ((state == State::Unreadable || !bytes.empty()) && !SetAside(file)) {
+        return false;
+    }
+    if (!Write(file, merged)) {
+        return false;
+    }
+    rows = merged;
+    unsaved.clear();
+    return true;
 }
 
 }  // namespace
 
 void Load() {
     rows.fill(HighScoreRow("NO NAME", 0));
-    DiskFile file;
-    file.Open(fileName);
-    if (!file.IsOpen()) {
-        return;
-    }
-    ByteReader reader({file.Cursor(), file.Remaining()});
-    if (reader.U32() == magic && reader.Remaining() >= rowCount * rowBytes) {
-        ReadRows(reader);
+    unsaved.clear();
+    const auto path = Platform::FindFile(fileName);
+    const auto bytes = path ? Platform::ReadWholeFile(*path) : std::nullopt;
+    if (const auto saved = bytes ? Parse(*bytes) : std::nullopt) {
+        rows = *saved;
+    } else if (path && (!bytes || !bytes->empty())) {
+        Notice("Unable to read high scores from '" + std::string(fileName) + "'");
     }
 }
 
 void Save() {
-    ByteWriter writer;
-    writer.U32(magic);
-    for (const HighScoreRow& row : rows) {
-        writer.Bytes(std::as_bytes(std::span(row.name)));
-        writer.Bytes(std::as_bytes(std::span(row.reserved)));
-        writer.U32(row.score);
+    if (unsaved.empty()) {
+        return;
     }
-    if (const auto path = Platform::WritablePath(fileName)) {
-        Platform::WriteWholeFile(*path, writer.Block().data(), writer.Block().size());
+    const auto path = Platform::WritablePath(fileName);
+    if (!path || !Update(Platform::FileUpdate(*path))) {
+        Notice("Unable to save high scores to '" + std::string(fileName) + "'");
     }
 }
 
 void Insert(const HighScoreRow& row) {
-    const auto place = std::find_if(rows.begin(), rows.end(), [&](const HighScoreRow& other) {
-        return row.score > other.score;
-    });
-    if (place == rows.end()) {
-        return;
+    const HighScoreRow placed = row;  // it may be one of the table's own
+    if (InsertInto(rows, placed)) {
+        unsaved.push_back(placed);
     }
-    // The row is copied first: it may be one of the table's own.
-    const HighScoreRow placed = row;
-    std::move_backward(place, rows.end() - 1, rows.end());
-    *place = placed;
 }
 
 bool Ranks(std::uint32_t score) {

@@ -191,6 +191,7 @@ void Submit(std::uint32_t score, GuiScreen* background) {
     HighScores entry(background);
     entry.Run();
     Insert(HighScoreRow(entry.Name(), score));
+    Save();
 }
 
 }  // namespace HighScoreTable

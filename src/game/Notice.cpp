@@ -14,9 +14,8 @@ std::vector<std::string> early;  // told before the console started
 
 void Notice(const std::string& line) {
     std::fprintf(stderr, "%s\n", line.c_str());
-    if (hasConsole) {
-        Console::Print("\n" + line);
-    } else {
+    Console::Print("\n" + line);
+    if (!hasConsole) {
         early.push_back(line);
     }
 }

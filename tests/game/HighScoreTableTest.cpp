@@ -1,12 +1,11 @@
 #include "game/HighScoreTable.h"
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <random>
 
+#include "engine/Console.h"
 #include "platform/Paths.h"
 #include "support/TemporaryDirectory.h"
 
@@ -102,35 +101,93 @@ TEST_F(HighScoreTableTest, KeepsDefaultsOnFilesThatArentItsOwn) {
 
 TEST_F(HighScoreTableTest, TakesAnyBytesForNamesAndGivesThemBack) {
     std::mt19937 random(1);
-    for (int i = 0; i < 1000; ++i) {
+    for (int i = 0; i < 200; ++i) {
         const std::string bytes = magic + RandomBytes(280, random);
-        Write(bytes + std::string(static_cast<std::size_t>(i) % 3, '!'));  // what follows is let be
+        const std::string before = bytes + std::string(static_cast<std::size_t>(i) % 3, '!');
+        Write(before);
         Reload();
         for (const HighScoreRow& row : HighScoreTable::Rows()) {
             ASSERT_LE(row.Name().size(), 21u);
         }
+        ASSERT_EQ(Saved(), before) << "nothing to save";
         if (i % 50 == 0) {  // saving waits for the disk
-            ASSERT_EQ(Saved(), bytes);
+            HighScoreTable::Insert({"best", 0xFFFFFFFF});
+            const std::string after = Saved();
+            ASSERT_EQ(after.size(), fileSize);
+            ASSERT_EQ(after.substr(4 + 28), bytes.substr(4, 9 * 28));
         }
-        HighScoreTable::Insert({RandomBytes(random() % 40, random), 0xFFFFFFFF});
     }
-    EXPECT_EQ(Saved().size(), fileSize);
 }
 
 TEST_F(HighScoreTableTest, ASaveThatFailsCostsNothing) {
     HighScoreTable::Insert({"kept", 5});
     const std::string before = Saved();
-    HighScoreTable::Insert({"lost", 6});
-    if (geteuid() != 0) {
-        chmod((directory.path / "sav").c_str(), 0500);
-        EXPECT_EQ(Saved(), before);
-        chmod((directory.path / "sav").c_str(), 0700);
-    }
     // A file where the directory ought to be.
-    std::filesystem::remove_all(directory.path / "sav");
+    std::filesystem::rename(directory.path / "sav", directory.path / "hidden");
     directory.Write("sav", "no directory");
+    HighScoreTable::Insert({"late", 6});
     EXPECT_EQ(Saved(), "");
+    EXPECT_NE(Console::OutputText().find("\nUnable to save high scores"), std::string::npos);
     EXPECT_EQ(std::filesystem::file_size(directory.path / "sav"), 12u);
+    std::filesystem::remove(directory.path / "sav");
+    std::filesystem::rename(directory.path / "hidden", directory.path / "sav");
+    EXPECT_EQ(Saved().substr(4, 4), "late") << "tried again";
+}
+
+TEST_F(HighScoreTableTest, KeepsAsideWhatItCouldNotRead) {
+    const std::filesystem::path file = directory.path / "sav/scores.sav";
+    const auto aside = [&](const char* ending) {
+        std::ifstream kept(file.string() + ending, std::ios::binary);
+        return std::string(std::istreambuf_iterator<char>(kept), {});
+    };
+    Write("another game's");
+    Reload();
+    EXPECT_EQ(Saved(), "another game's") << "nothing to save yet";
+    HighScoreTable::Insert({"a", 5});
+    EXPECT_EQ(Saved().size(), fileSize);
+    EXPECT_EQ(aside(".bad"), "another game's");
+    EXPECT_NE(Console::OutputText().find("scores.sav.bad'"), std::string::npos);
+
+    // It went bad while the game ran: what is in memory stays.
+    Write(magic);
+    HighScoreTable::Insert({"b", 6});
+    EXPECT_EQ(Saved().substr(4 + 28, 1), "a");
+    EXPECT_EQ(aside(".bad2"), magic);
+
+    // It was only out of reach at the start.
+    const std::string before = Saved();
+    std::filesystem::rename(file, file.string() + ".away");
+    std::filesystem::create_directory(file);
+    Reload();
+    std::filesystem::remove(file);
+    std::filesystem::rename(file.string() + ".away", file);
+    HighScoreTable::Insert({"c", 1});
+    EXPECT_EQ(Saved(), before.substr(0, 4 + 2 * 28) + "c" + std::string(23, '\0') +
+                           std::string("\1\0\0\0", 4) + before.substr(4 + 2 * 28, 7 * 28));
+}
+
+TEST_F(HighScoreTableTest, TakesInWhatAnotherGameSaved) {
+    for (const std::uint32_t score : {90u, 70u, 50u}) {
+        HighScoreTable::Insert({"both", score});
+    }
+    const std::string start = Saved();
+    for (const std::uint32_t score : {80u, 60u, 40u, 30u}) {
+        HighScoreTable::Insert({"other", score});
+    }
+    const std::string others = Saved();
+    Write(start);
+    Reload();
+    Write(others);  // by the other game, meanwhile
+    for (const std::uint32_t score : {85u, 70u, 65u, 20u}) {
+        HighScoreTable::Insert({"own", score});
+    }
+    Saved();
+    std::string names;
+    for (const HighScoreRow& row : HighScoreTable::Rows()) {
+        names += row.Name() + " " + std::to_string(row.score) + " ";
+    }
+    EXPECT_EQ(names,
+              "both 90 own 85 other 80 both 70 own 70 own 65 other 60 both 50 other 40 other 30 ");
 }
 
 }  // namespace
