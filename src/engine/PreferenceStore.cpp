@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "engine/Text.h"
+#include "platform/FileUpdate.h"
 #include "platform/Paths.h"
 
 namespace fs = std::filesystem;
@@ -67,18 +68,9 @@ std::optional<std::string> TextOfLine(std::string_view line, std::string_view up
     return isIt && text->size() <= maxTextLength ? text : std::nullopt;
 }
 
-// The file's lines; none if it doesn't exist, nothing if it can't be read.
-std::optional<std::vector<std::string>> ReadLines(const fs::path& path) {
-    std::error_code error;
-    if (!fs::exists(path, error)) {
-        return error ? std::nullopt : std::optional<std::vector<std::string>>(std::in_place);
-    }
-    const auto block = Platform::ReadWholeFile(path);
-    if (!block) {
-        return std::nullopt;
-    }
+std::vector<std::string> Lines(const std::vector<std::byte>& block) {
     std::vector<std::string> lines;
-    std::string_view rest(reinterpret_cast<const char*>(block->data()), block->size());
+    std::string_view rest(reinterpret_cast<const char*>(block.data()), block.size());
     while (!rest.empty()) {
         const std::size_t end = std::min(rest.find('\n'), rest.size());
         lines.emplace_back(rest.substr(0, end));
@@ -92,8 +84,8 @@ std::optional<std::string> FindValue(const fs::path& directory, std::string_view
         return std::nullopt;
     }
     const std::string upperName = UpperCased(name);
-    for (const std::string& line :
-         ReadLines(directory / valuesFile).value_or(std::vector<std::string>())) {
+    const auto block = Platform::ReadWholeFile(directory / valuesFile);
+    for (const std::string& line : Lines(block.value_or(std::vector<std::byte>()))) {
         if (auto text = TextOfLine(line, upperName)) {
             return text;
         }
@@ -130,6 +122,9 @@ fs::path FindKey(std::string_view path, bool create) {
         return {};
     }
     fs::path current = Platform::ConfigDirectory();
+    if (current.empty()) {
+        return {};
+    }
     std::error_code error;
     if (create) {
         fs::create_directories(current, error);
@@ -160,32 +155,35 @@ std::string PreferenceKey::GetValue(std::string_view name) const {
     return FindValue(directory, name).value_or("");
 }
 
-void PreferenceKey::SetValue(std::string_view name, std::string_view text) const {
+bool PreferenceKey::SetValue(std::string_view name, std::string_view text) const {
     // A zero can be in neither: both end there.
     name = name.substr(0, name.find('\0'));
     text = text.substr(0, std::min(text.find('\0'), maxTextLength));
     if (!IsOpen() || name.size() > maxNameLength) {
-        return;
+        return false;
     }
-    auto lines = ReadLines(directory / valuesFile);
-    if (!lines) {
-        return;
+    // Another game may be storing another value.
+    const Platform::FileUpdate file(directory / valuesFile);
+    std::vector<std::byte> block;
+    if (file.Read(block) == Platform::FileUpdate::State::Unreadable) {
+        return false;
     }
+    std::vector<std::string> lines = Lines(block);
     const std::string newLine = Escaped(name) + '=' + Escaped(text);
     const std::string upperName = UpperCased(name);
-    const auto old = std::ranges::find_if(*lines, [&upperName](const std::string& line) {
+    const auto old = std::ranges::find_if(lines, [&upperName](const std::string& line) {
         return TextOfLine(line, upperName).has_value();
     });
-    if (old != lines->end()) {
+    if (old != lines.end()) {
         *old = newLine;
     } else {
-        lines->push_back(newLine);
+        lines.push_back(newLine);
     }
     std::string content;
-    for (const std::string& line : *lines) {
+    for (const std::string& line : lines) {
         content.append(line) += '\n';
     }
-    Platform::WriteWholeFile(directory / valuesFile, content.data(), content.size());
+    return file.Write(content.data(), content.size());
 }
 
 PreferenceKey PreferenceStore::OpenKey(std::string_view path) {

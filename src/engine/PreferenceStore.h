@@ -1,7 +1,7 @@
 #pragma once
 // The player's choices between runs: named keys with text values, below the user's
-// configuration directory. Nothing prints; every failure gives a closed key or an empty
-// text, and callers treat that as a value not set.
+// configuration directory; without one, all keys are closed. Nothing prints; every failure gives a
+// closed key or an empty text, and callers treat that as a value not set.
 
 #include <filesystem>
 #include <string>
@@ -20,8 +20,8 @@ public:
     bool HasValue(std::string_view name) const;
     /// The value's text, by its name in any case; empty if there is none.
     std::string GetValue(std::string_view name) const;
-    /// Stores the text, cut to 4,095 characters. A failed write keeps the old values.
-    void SetValue(std::string_view name, std::string_view text) const;
+    /// Stores the text, cut to 4,095 characters. False on failure, which keeps the old values.
+    bool SetValue(std::string_view name, std::string_view text) const;
 
 private:
     friend class PreferenceStore;

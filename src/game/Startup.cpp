@@ -10,6 +10,7 @@
 
 #include "engine/PreferenceStore.h"
 #include "engine/Text.h"
+#include "game/Notice.h"
 
 StartupSettings startupSettings;
 
@@ -20,7 +21,9 @@ std::int32_t ClampedDetail(std::int32_t level) {
 }
 
 void WritePreference(std::string_view name, std::string_view text) {
-    PreferenceStore::OpenOrCreateKey(preferencesPath).SetValue(name, text);
+    if (!PreferenceStore::OpenOrCreateKey(preferencesPath).SetValue(name, text)) {
+        Notice("Unable to store the preference " + std::string(name));
+    }
 }
 
 void WriteFlag(std::string_view name, bool value) {

@@ -2,30 +2,58 @@
 
 #include "menus/Menu_Options.h"
 
+#include <string>
+
 #include "audio/MusicPlayer.h"
 #include "audio/SoundManager.h"
+#include "engine/Console.h"
 #include "engine/PreferenceStore.h"
 #include "menus/MenuAction.h"
 #include "menus/MenuBuilder.h"
 
 namespace {
 
-// Of the one menu of this kind; null while there is none.
-GuiOptionChooser* musicChooser = nullptr;
-GuiOptionChooser* soundChooser = nullptr;
+/// A chooser with "off" and "on", and which of them it showed before the player came to it. That
+/// may be nobody's choice (without a sound device, all is off), so it isn't worth keeping.
+struct Switch {
+    GuiOptionChooser* chooser = nullptr;
+    unsigned shown = 0;
+
+    bool IsOn() const;
+    void Show(bool isOn);
+    /// Stores what the player changed.
+    void Keep(const PreferenceKey& key, const char* name) const;
+};
+
+// Of the one menu of this kind; without choosers while there is none.
+Switch music;
+Switch sound;
 
 // The choosers' indices.
 constexpr unsigned off = 0;
 constexpr unsigned on = 1;
 
+bool Switch::IsOn() const {
+    return chooser->selected == on;
+}
+
+void Switch::Show(bool isOn) {
+    shown = isOn ? on : off;
+    chooser->SetSelected(shown);
+}
+
+void Switch::Keep(const PreferenceKey& key, const char* name) const {
+    if (chooser->selected != shown && !key.SetValue(name, IsOn() ? "1" : "0")) {
+        Console::Print(std::string("\nUnable to store the preference ") + name);
+    }
+}
+
 void ApplyAndGoBack(GuiAnimatedButton& button) {
-    const bool sound = soundChooser->selected == on;
-    const bool music = musicChooser->selected == on;
-    SoundManager::SetMasterVolume(sound ? 1.0f : 0.0f);
-    MusicPlayer::SetVolume(music ? 255 : 0);
+    SoundManager::SetMasterVolume(sound.IsOn() ? 1.0f : 0.0f);
+    MusicPlayer::SetVolume(music.IsOn() ? 255 : 0);
     const PreferenceKey key = PreferenceStore::OpenOrCreateKey("software/Vantrel/Preferences");
-    key.SetValue("Music", music ? "1" : "0");
-    key.SetValue("Sound", sound ? "1" : "0");
+    music.Keep(key, "Music");
+    sound.Keep(key, "Sound");
     MenuAction::GoBack(button);
 }
 
@@ -45,20 +73,20 @@ Menu_Options::Menu_Options() {
     builder.AddLogo("DEFAULT_SPRITE");
     builder.AddLabel("musicLabel", "Music");
     builder.AddLabel("soundLabel", "Sound");
-    musicChooser = AddSwitch(builder, "musicChooser");
-    soundChooser = AddSwitch(builder, "soundChooser");
+    music.chooser = AddSwitch(builder, "musicChooser");
+    sound.chooser = AddSwitch(builder, "soundChooser");
     GuiAnimatedButton& back = builder.AddButton("backButton");
     MenuAction::Bind<ApplyAndGoBack>(back);
 
-    MapKeyAlong(VirtualKey::down, {musicChooser, soundChooser, &back});
-    MapKeyAlong(VirtualKey::tab, {musicChooser, soundChooser, &back, musicChooser});
-    MapKeyAlong(VirtualKey::up, {&back, soundChooser, musicChooser});
+    MapKeyAlong(VirtualKey::down, {music.chooser, sound.chooser, &back});
+    MapKeyAlong(VirtualKey::tab, {music.chooser, sound.chooser, &back, music.chooser});
+    MapKeyAlong(VirtualKey::up, {&back, sound.chooser, music.chooser});
     SetDefaultFocus(&back);
     Menu_Options::Reset();
 }
 
 void Menu_Options::Reset() {
-    soundChooser->SetSelected(SoundManager::MasterVolume() == 0.0f ? off : on);
-    musicChooser->SetSelected(MusicPlayer::Volume() == 0 ? off : on);
+    sound.Show(SoundManager::MasterVolume() != 0.0f);
+    music.Show(MusicPlayer::Volume() != 0);
     GuiScreen::Reset();
 }

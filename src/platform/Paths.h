@@ -50,7 +50,8 @@ void EnterUserDirectory();
 /// Forgets cached directory listings, so that new files are seen.
 void ForgetListings();
 
-/// The user's configuration directory for Vantrel; not created by this call.
+/// The user's configuration directory for Vantrel, absolute; not created by this call. Empty if the
+/// environment tells neither it nor a home.
 std::filesystem::path ConfigDirectory();
 
 }  // namespace Platform

@@ -76,7 +76,7 @@ TEST_F(PreferenceStoreTest, ReadsADamagedFileAsValuesNotSetAndLosesNothing) {
 
 TEST_F(PreferenceStoreTest, DoesNothingWithoutAKeyOrAPlaceToWrite) {
     const PreferenceKey closed;
-    closed.SetValue("a", "1");
+    EXPECT_FALSE(closed.SetValue("a", "1"));
     EXPECT_EQ(closed.GetValue("a"), "");
 
     const PreferenceKey key = PreferenceStore::OpenOrCreateKey("software/test");
@@ -84,9 +84,24 @@ TEST_F(PreferenceStoreTest, DoesNothingWithoutAKeyOrAPlaceToWrite) {
     const fs::path file = ValuesFile();
     fs::remove(file);
     fs::create_directory(file);  // a directory can be neither read nor replaced
-    key.SetValue("a", "2");
+    EXPECT_FALSE(key.SetValue("a", "2"));
     EXPECT_EQ(key.GetValue("a"), "");
     fs::remove_all(directory.path / "vantrel");
-    key.SetValue("a", "3");
+    EXPECT_FALSE(key.SetValue("a", "3"));
     EXPECT_FALSE(key.HasValue("a"));
+}
+
+TEST_F(PreferenceStoreTest, IsClosedForAUserWithoutAHome) {
+    const char* before = getenv("HOME");
+    const std::string home = before != nullptr ? before : "";
+    unsetenv("HOME");
+    unsetenv("XDG_CONFIG_HOME");
+    EXPECT_FALSE(PreferenceStore::OpenOrCreateKey("software/test").IsOpen());
+    setenv("XDG_CONFIG_HOME", "config", 1);  // only an absolute one counts
+    EXPECT_FALSE(PreferenceStore::OpenOrCreateKey("software/test").IsOpen());
+    EXPECT_TRUE(fs::is_empty(directory.path));
+    setenv("HOME", directory.path.c_str(), 1);
+    EXPECT_TRUE(PreferenceStore::OpenOrCreateKey("software/test").IsOpen());
+    EXPECT_TRUE(fs::is_directory(directory.path / ".config/vantrel/software/test"));
+    setenv("HOME", home.c_str(), 1);
 }

@@ -274,8 +274,9 @@ TEST_F(MenuGraphTest, MenusHoldTheGameStill) {
 }
 
 TEST_F(MenuGraphTest, OptionsCountByTheButtonAndAreDroppedByEscape) {
+    constexpr const char* preferences = "software/Vantrel/Preferences";
     const auto stored = [](std::string_view name) {
-        return PreferenceStore::OpenKey("software/Vantrel/Preferences").GetValue(name);
+        return PreferenceStore::OpenKey(preferences).GetValue(name);
     };
     SoundManager::SetMasterVolume(0.5f);
     ShowFrom(1, 3);
@@ -292,7 +293,24 @@ TEST_F(MenuGraphTest, OptionsCountByTheButtonAndAreDroppedByEscape) {
     EXPECT_EQ(MenuManager::Current(), 1);
     EXPECT_EQ(MusicPlayer::Volume(), 0);
     EXPECT_EQ(SoundManager::MasterVolume(), 1.0f) << "half is on";
-    EXPECT_EQ(stored("Music") + stored("Sound"), "01");
+    EXPECT_EQ(stored("Music") + stored("Sound"), "0") << "and nobody touched it";
+
+    // Without a device there is no music to hear, and "off" shows; that is nobody's choice.
+    PreferenceStore::OpenKey(preferences).SetValue("Music", "1");
+    MusicPlayer::Shutdown();
+    ShowFrom(1, 3);
+    const LogicalPosition sound = Middle(3, "soundChooser");
+    Click({sound.x - 40, sound.y});
+    Press("back");
+    Wait();
+    EXPECT_EQ(stored("Music") + stored("Sound"), "10");
+    ShowFrom(1, 3);
+    Click({sound.x + 40, sound.y});
+    Click({sound.x - 40, sound.y});
+    PreferenceStore::OpenKey(preferences).SetValue("Sound", "kept");
+    Press("back");
+    Wait();
+    EXPECT_EQ(stored("Sound"), "kept") << "there and back again is no change";
 }
 
 TEST_F(MenuGraphTest, LoadsTheLevelThatIsChosen) {
