@@ -30,6 +30,7 @@ Run run;
 std::size_t nextStep = 0;  // of a replayed run
 bool isPlayed = false;     // the recorded run holds a step without menu and pause
 bool wasReplayed = false;
+bool isChecked = false;  // the level's file could be read for the run's checksum
 bool isInStep = false;
 bool hasFailed = false;
 std::uint64_t endState = 0;            // hash of the level's last state
@@ -79,7 +80,8 @@ void Write() {
     if (!isPlayed || recordPath.empty()) {
         return;
     }
-    hasFailed = !WriteRun(recordPath, run);
+    // Without a checksum it could never be replayed, and isn't worth an older run.
+    hasFailed = !isChecked || !WriteRun(recordPath, run);
     if (hasFailed) {
         Notice("Unable to write recorded run '" + recordPath + "'");
     } else {
@@ -95,7 +97,9 @@ void BackToLive() {
 void BeginRecording(const std::string& name) {
     mode = Mode::Recording;
     run.level = PortableName(name);
-    run.checksum = LevelChecksum(name, Platform::NameSource::Person).value_or(0);
+    const auto checksum = LevelChecksum(name, Platform::NameSource::Person);
+    isChecked = checksum.has_value();
+    run.checksum = checksum.value_or(0);
     run.randomState = stateBeforeLoading;
     run.viewWidth = Game::ViewWidth();
     run.viewHeight = Game::ViewHeight();
