@@ -90,6 +90,7 @@ void Dispatch(const Platform::Event& event) {
 
 /// False if the size is at fault; any other failure ends the process.
 bool TryMakeWindow(const Platform::WindowSettings& settings) {
+    VANTREL_ASSERT(!IsOpen() && !state.holding);
     const Platform::WindowError error = Platform::TheWindow().Create(settings);
     if (error == Platform::WindowError::TooLarge) {
         return false;
@@ -225,10 +226,12 @@ void PumpMessages() {
 }
 
 void HoldEvents() {
+    VANTREL_ASSERT(!state.holding);
     state.holding = true;
 }
 
 void ReleaseEvents() {
+    VANTREL_ASSERT(state.holding);
     state.holding = false;
 }
 

@@ -1,4 +1,4 @@
-// The real window: show state, geometry, display and cursor. The desktop does most of what is
+// The real window: show state, geometry and display. The desktop does most of what is
 // asked a little later, so sizes and positions are waited for, but never for long.
 
 #include <algorithm>
@@ -336,54 +336,6 @@ void GlfwWindow::SetGammaRamp(const std::vector<unsigned short>& ramp) {
         const GLFWgammaramp gamma{channel.data(), channel.data(), channel.data(),
                                   static_cast<unsigned>(channel.size())};
         glfwSetGammaRamp(monitor, &gamma);
-    }
-}
-
-// Cursor.
-
-void GlfwWindow::SetCursor(Cursor cursor) {
-    if (!IsOpen() || state->cursor == cursor) {
-        return;
-    }
-    state->cursor = cursor;
-    GLFWcursor*& shape = cursor == Cursor::Cross ? state->cross : state->arrow;
-    if (shape == nullptr) {
-        shape = glfwCreateStandardCursor(cursor == Cursor::Cross ? GLFW_CROSSHAIR_CURSOR
-                                                                 : GLFW_ARROW_CURSOR);
-    }
-    glfwSetCursor(state->window, shape);
-    glfwSetInputMode(state->window, GLFW_CURSOR,
-                     cursor == Cursor::Empty ? GLFW_CURSOR_HIDDEN : GLFW_CURSOR_NORMAL);
-}
-
-Point GlfwWindow::State::CursorPosition() const {
-    double x = 0.0;
-    double y = 0.0;
-    glfwGetCursorPos(window, &x, &y);
-    const double scale = Scale();
-    return {static_cast<int>(std::floor(x * scale)), static_cast<int>(std::floor(y * scale))};
-}
-
-int GlfwWindow::CursorScreenX() const {
-    return IsOpen() ? ClientLeft() + state->CursorPosition().x : -1;
-}
-
-int GlfwWindow::CursorScreenY() const {
-    return IsOpen() ? ClientTop() + state->CursorPosition().y : -1;
-}
-
-void GlfwWindow::WarpCursor(int screenX, int screenY) {
-    if (!IsForeground()) {
-        return;
-    }
-    const Point before = state->CursorPosition();
-    const double scale = state->Scale();
-    glfwSetCursorPos(state->window, (screenX - ClientLeft()) / scale,
-                     (screenY - ClientTop()) / scale);
-    // The toolkit keeps quiet about moves of its own.
-    const Point after = state->CursorPosition();
-    if (after != before) {
-        state->input.AddMouseMove(after.x, after.y);
     }
 }
 

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <cstring>
 
+#include "platform/Assert.h"
 #include "platform/GlfwWindowState.h"
 #include "platform/Keys.h"
 #include "platform/VirtualKeys.h"
@@ -130,8 +131,13 @@ void GlfwWindow::State::ListenToEvents() {
         return *static_cast<State*>(glfwGetWindowUserPointer(w));
     };
     glfwSetKeyCallback(window, [](GLFWwindow* w, int key, int, int action, int modifiers) {
-        const int code = KeyCode(key);
-        TakeLocks(stateOf(w).input, code, modifiers);
+        const bool types =
+            ((modifiers & GLFW_MOD_NUM_LOCK) != 0) != ((modifiers & GLFW_MOD_SHIFT) != 0);
+        const int code = action == GLFW_RELEASE ? stateOf(w).keyCodes.Release(key)
+                                                : stateOf(w).keyCodes.Press(key, types);
+        if (action != GLFW_RELEASE) {  // a lost focus lets keys go without telling the locks
+            TakeLocks(stateOf(w).input, code, modifiers);
+        }
         stateOf(w).input.AddKey(code, ActionOf(action));
     });
     glfwSetCharCallback(window, [](GLFWwindow* w, unsigned character) {
@@ -144,15 +150,20 @@ void GlfwWindow::State::ListenToEvents() {
     });
     glfwSetMouseButtonCallback(window, [](GLFWwindow* w, int button, int action, int) {
         if (const int known = ButtonOf(button); known != 0) {
-            const Point at = stateOf(w).CursorPosition();
-            stateOf(w).input.AddButton(known, action == GLFW_PRESS, at.x, at.y);
+            stateOf(w).input.AddButton(known, action == GLFW_PRESS);
         }
     });
     glfwSetWindowSizeCallback(window, [](GLFWwindow* w, int width, int height) {
         stateOf(w).told.size = {width, height};
     });
-    glfwSetWindowFocusCallback(
-        window, [](GLFWwindow* w, int on) { stateOf(w).told.focused = on == GLFW_TRUE; });
+    glfwSetWindowPosCallback(window,
+                             [](GLFWwindow* w, int, int) { stateOf(w).FollowUnderPointer(); });
+    glfwSetWindowFocusCallback(window, [](GLFWwindow* w, int on) {
+        stateOf(w).told.focused = on == GLFW_TRUE;
+        if (on == GLFW_TRUE) {
+            stateOf(w).HearOfEveryMove();
+        }
+    });
     glfwSetWindowIconifyCallback(
         window, [](GLFWwindow* w, int on) { stateOf(w).told.iconified = on == GLFW_TRUE; });
     glfwSetFramebufferSizeCallback(window, [](GLFWwindow* w, int width, int height) {
@@ -167,6 +178,7 @@ void GlfwWindow::State::ListenToEvents() {
 }
 
 WindowError GlfwWindow::Create(const WindowSettings& settings) {
+    VANTREL_ASSERT(state->IsOwnThread());
     if (IsOpen()) {
         return WindowError::None;
     }
@@ -199,6 +211,7 @@ WindowError GlfwWindow::Create(const WindowSettings& settings) {
     state->swapInterval = -1;
     state->cursor.reset();
     state->focus = {};
+    state->keyCodes = {};
     state->ListenToEvents();
     state->AskWindow();
     state->ApplyIcon();
@@ -206,8 +219,8 @@ WindowError GlfwWindow::Create(const WindowSettings& settings) {
 }
 
 void GlfwWindow::Destroy() {
+    VANTREL_ASSERT(state->IsOwnThread() && state->loader == nullptr);
     if (IsOpen()) {
-        ReclaimContext();
         glfwDestroyWindow(state->window);
         state->window = nullptr;
         state->samples = 1;
@@ -258,6 +271,7 @@ void GlfwWindow::State::Poll() {
 }
 
 bool GlfwWindow::TakeEvent(Event& event) {
+    VANTREL_ASSERT(state->IsOwnThread());
     if (!IsOpen()) {
         return false;
     }
@@ -273,6 +287,7 @@ void GlfwWindow::RequestRepaint() {
 
 void GlfwWindow::SwapBuffers() {
     if (IsOpen()) {
+        VANTREL_ASSERT(glfwGetCurrentContext() == state->window);
         glfwSwapBuffers(state->window);
     }
 }
@@ -291,6 +306,7 @@ int GlfwWindow::SwapInterval() const {
 }
 
 bool GlfwWindow::LendContext() {
+    VANTREL_ASSERT(state->IsOwnThread());
     if (!IsOpen() || state->loader != nullptr) {
         return false;
     }
@@ -307,15 +323,20 @@ bool GlfwWindow::LendContext() {
 }
 
 void GlfwWindow::BorrowContext() {
+    VANTREL_ASSERT(!state->IsOwnThread() && state->loader != nullptr && !state->borrowed);
+    state->borrowed = true;
     glfwMakeContextCurrent(state->window);
 }
 
 void GlfwWindow::ReturnContext() {
+    VANTREL_ASSERT(glfwGetCurrentContext() == state->window);
     glFinish();
     glfwMakeContextCurrent(nullptr);
+    state->borrowed = false;
 }
 
 void GlfwWindow::ReclaimContext() {
+    VANTREL_ASSERT(state->IsOwnThread() && !state->borrowed);
     if (state->loader != nullptr) {
         // What was loaded is to be complete before another context uses it.
         glFinish();

@@ -1,7 +1,7 @@
 #pragma once
-// The real window, on GLFW 3, whose types stay within the .cpp files. Main thread only, but
-// for SwapBuffers and GL calls, which go with the context, the client size, and Borrow- and
-// ReturnContext.
+// The real window, on GLFW 3, whose types stay within the .cpp files. Only for the thread that
+// made it, the main thread, but for SwapBuffers and GL calls, which go with the context, the
+// client size, and Borrow- and ReturnContext.
 
 #include <memory>
 

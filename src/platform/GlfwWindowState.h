@@ -7,16 +7,18 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "platform/Clock.h"
 #include "platform/FocusFilter.h"
 #include "platform/GlfwWindow.h"
+#include "platform/Keys.h"
 #include "platform/WindowInput.h"
 
 namespace Platform {
 
-struct Point {
+struct alignas(8) Point {  // so that an atomic one needs no lock
     int x = 0;
     int y = 0;
     bool operator==(const Point&) const = default;
@@ -32,7 +34,9 @@ struct Frame {
 
 struct GlfwWindow::State {
     GLFWwindow* window = nullptr;
-    GLFWwindow* loader = nullptr;  ///< never shown; only its context counts
+    GLFWwindow* loader = nullptr;  ///< never shown; only its context counts; there while lending
+    std::atomic<bool> borrowed = false;  ///< by the other thread
+    std::thread::id ownThread = std::this_thread::get_id();
 
     /// What the window told of itself last: to ask costs a round trip to the display, and a
     /// frame would ask a dozen times. Empty without a window.
@@ -45,6 +49,7 @@ struct GlfwWindow::State {
     std::atomic<Point> pixels;  ///< of the framebuffer; also asked by the thread that draws
 
     WindowInput input;
+    KeyCodes keyCodes;
     FocusFilter focus;
     SteadyClock clock;  ///< real time, whatever clock the game runs on
     std::string reason;
@@ -66,6 +71,7 @@ struct GlfwWindow::State {
     Point windowedPosition;
     Point windowedSize;
 
+    bool IsOwnThread() const { return std::this_thread::get_id() == ownThread; }
     bool Start();
     /// Whether a window of that size, in pixels, has its place on the screens or in one of their
     /// display modes. Beyond that, displays fail late and in ways that end the process.
@@ -81,6 +87,15 @@ struct GlfwWindow::State {
     double Scale() const;
     /// The cursor in client pixels.
     Point CursorPosition() const;
+    /// Moves the pointer so that all moves after it are told, too.
+    void PutPointer(double x, double y);
+    /// The toolkit is silent about moves to (0, 0) until it has moved the pointer itself.
+    void HearOfEveryMove();
+    /// The window has moved: the pointer at rest in it is at another place.
+    void FollowUnderPointer();
+    /// Has the toolkit compare the next move with where the pointer is, not with the last place
+    /// that it told.
+    void ForgetToolkitsPointer();
     /// Lets the desktop catch up until the client area has that size, for a moment at most:
     /// it may never grant it.
     void AwaitSize(Point wanted);

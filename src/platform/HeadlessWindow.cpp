@@ -16,7 +16,8 @@ void HeadlessWindow::SetKey(int virtualKey, bool down, char character) {
 }
 
 void HeadlessWindow::SetButton(int button, bool down) {
-    input.AddButton(button, down, cursorX - clientLeft, cursorY - clientTop);
+    input.SetPointer(cursorX - clientLeft, cursorY - clientTop);
+    input.AddButton(button, down);
 }
 
 void HeadlessWindow::SetCursorPosition(int screenX, int screenY) {

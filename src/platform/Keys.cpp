@@ -7,6 +7,8 @@
 
 #include <array>
 
+#include "platform/VirtualKeys.h"
+
 namespace Platform {
 
 namespace {
@@ -70,13 +72,27 @@ constexpr std::array pairs{
     Pair{GLFW_KEY_MENU, 93},
 };
 
+// Of the keypad's keys 0 to 9 where it doesn't type; 12 is the one in the middle's own.
+constexpr std::array keypadMoves{VirtualKey::insert,   VirtualKey::end,  VirtualKey::down,
+                                 VirtualKey::pageDown, VirtualKey::left, 12,
+                                 VirtualKey::right,    VirtualKey::home, VirtualKey::up,
+                                 VirtualKey::pageUp};
+
 bool IsWithin(int key, int first, int last) {
     return key >= first && key <= last;
 }
 
 }  // namespace
 
-int KeyCode(int toolkitKey) {
+int KeyCode(int toolkitKey, bool keypadTypes) {
+    if (!keypadTypes) {
+        if (IsWithin(toolkitKey, GLFW_KEY_KP_0, GLFW_KEY_KP_9)) {
+            return keypadMoves[static_cast<std::size_t>(toolkitKey - GLFW_KEY_KP_0)];
+        }
+        if (toolkitKey == GLFW_KEY_KP_DECIMAL) {
+            return VirtualKey::deleteKey;
+        }
+    }
     if (IsWithin(toolkitKey, GLFW_KEY_A, GLFW_KEY_Z) ||
         IsWithin(toolkitKey, GLFW_KEY_0, GLFW_KEY_9)) {
         return toolkitKey;
@@ -93,6 +109,21 @@ int KeyCode(int toolkitKey) {
         }
     }
     return unnamedKey;
+}
+
+int KeyCodes::Press(int toolkitKey, bool keypadTypes) {
+    // Repeats of a held key, too, are the key that went down.
+    return held.try_emplace(toolkitKey, KeyCode(toolkitKey, keypadTypes)).first->second;
+}
+
+int KeyCodes::Release(int toolkitKey) {
+    const auto found = held.find(toolkitKey);
+    if (found == held.end()) {
+        return KeyCode(toolkitKey);
+    }
+    const int code = found->second;
+    held.erase(found);
+    return code;
 }
 
 }  // namespace Platform

@@ -59,15 +59,21 @@ void WindowInput::AddCharacter(std::uint32_t codePoint) {
     events.push_back({.kind = EventKind::KeyUp, .key = unnamedKey});
 }
 
-void WindowInput::AddButton(int button, bool down, int x, int y) {
+void WindowInput::AddButton(int button, bool down) {
     buttons = down ? buttons | button : buttons & ~button;
     events.push_back({.kind = down ? EventKind::MouseDown : EventKind::MouseUp,
-                      .x = x,
-                      .y = y,
+                      .x = pointerX,
+                      .y = pointerY,
                       .button = button});
 }
 
+void WindowInput::SetPointer(int x, int y) {
+    pointerX = x;
+    pointerY = y;
+}
+
 void WindowInput::AddMouseMove(int x, int y) {
+    SetPointer(x, y);
     events.push_back({.kind = EventKind::MouseMove, .x = x, .y = y});
 }
 
@@ -98,6 +104,7 @@ void WindowInput::Clear() {
     events.clear();
     repaint = false;
     buttons = 0;
+    SetPointer(0, 0);  // as the toolkit has it for a window that no pointer was in
     for (Key& key : keys) {
         key.held = 0;
     }

@@ -21,8 +21,12 @@ public:
     /// A character, which belongs to the key-down queued right before it. One without a key
     /// comes with `unnamedKey`.
     void AddCharacter(std::uint32_t codePoint);
-    void AddButton(int button, bool down, int x, int y);
+    /// At the place of the last move: a pointer has moved on by the time that its press is read.
+    void AddButton(int button, bool down);
     void AddMouseMove(int x, int y);
+    /// Where the pointer is, without an event.
+    void SetPointer(int x, int y);
+    bool IsPointerAt(int x, int y) const { return x == pointerX && y == pointerY; }
     void AddEvent(const Event& event) { events.push_back(event); }
     /// Sets the state of a lock key, known better from elsewhere than from its presses.
     void SetToggled(int virtualKey, bool on);
@@ -49,6 +53,8 @@ private:
 
     std::array<Key, 256> keys{};
     int buttons = 0;
+    int pointerX = 0;  ///< in client pixels, after all events of the queue
+    int pointerY = 0;
     bool repaint = false;
     std::deque<Event> events;
 };

@@ -27,6 +27,20 @@ TEST(Keys, GiveTheCodesThatTheGameActsOn) {
     EXPECT_EQ(Platform::KeyCode(-1), Platform::unnamedKey);
 }
 
+TEST(Keys, TurnTheKeypadIntoArrowsWhereItDoesNotType) {
+    constexpr int keypadZero = 320;
+    const std::vector<int> moves{45, 35, 40, 34, 37, 12, 39, 36, 38, 33, 46};
+    for (int i = 0; i <= 10; ++i) {  // the last one is the decimal point
+        EXPECT_EQ(Platform::KeyCode(keypadZero + i, false), moves[static_cast<std::size_t>(i)]);
+    }
+    Platform::KeyCodes keys;
+    EXPECT_EQ(keys.Press(keypadZero + 4, false), VirtualKey::left);
+    EXPECT_EQ(keys.Press(keypadZero + 4, true), VirtualKey::left) << "a repeat";
+    EXPECT_EQ(keys.Release(keypadZero + 4), VirtualKey::left);
+    EXPECT_EQ(keys.Press(keypadZero + 4, true), 100);
+    EXPECT_EQ(keys.Release(keypadZero + 4), 100);
+}
+
 std::vector<Event> Drain(WindowInput& input) {
     std::vector<Event> events;
     for (Event event; input.Take(event);) {

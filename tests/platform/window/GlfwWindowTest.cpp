@@ -42,12 +42,14 @@ class Recorder : public GLWindowEventListener {
 public:
     void OnKeyDown(int key) override { keys.emplace_back(key, GLWindow::KeyToChar(key)); }
     void OnMouseDown(int x, int y, int button) override { clicks.push_back({x, y, button}); }
+    void OnMouseMove(int x, int y) override { moves.push_back({x, y}); }
     void OnClose() override { ++closes; }
     void OnPaint() override { ++paints; }
     void OnFocusLost() override { ++losses; }
 
     std::vector<std::pair<int, char>> keys;
     std::vector<std::array<int, 3>> clicks;
+    std::vector<std::array<int, 2>> moves;
     int closes = 0;
     int paints = 0;
     int losses = 0;
@@ -83,6 +85,11 @@ protected:
     }
     void PumpFor(std::uint32_t milliseconds) {
         PumpUntil([] { return false; }, milliseconds);
+    }
+    /// Words that have the pointer moved to a place in client pixels.
+    std::string To(int x, int y) const {
+        return " mousemove " + std::to_string(window.ClientLeft() + x) + " " +
+               std::to_string(window.ClientTop() + y) + " ";
     }
     /// What keys sent from outside arrive as.
     std::vector<std::pair<int, char>> Type(const std::string& keys, std::size_t count) {
@@ -140,6 +147,9 @@ TEST_F(AnyDesktop, TakesKeysWithTheirCharacters) {
     EXPECT_EQ(Type("Return Escape Tab BackSpace Pause", 5),
               (Keys{{13, 13}, {27, 27}, {9, 9}, {8, 8}, {19, 0}}));
     EXPECT_EQ(Type("Caps_Lock b Caps_Lock c", 4), (Keys{{20, 0}, {'B', 'B'}, {20, 0}, {'C', 'c'}}));
+    // By their places: the names of what they type would have the lock changed for them.
+    EXPECT_EQ(Type("83 80 Num_Lock 83 80 Num_Lock", 6),
+              (Keys{{37, 0}, {38, 0}, {144, 0}, {100, '4'}, {104, '8'}, {144, 0}}));
     EXPECT_FALSE(GLWindow::IsKeyToggled(VirtualKey::insert));
     Type("Insert", 1);
     EXPECT_TRUE(GLWindow::IsKeyToggled(VirtualKey::insert));
@@ -150,15 +160,40 @@ TEST_F(AnyDesktop, TakesKeysWithTheirCharacters) {
     EXPECT_TRUE(PumpUntil([] { return !GLWindow::IsKeyDown(VirtualKey::left); }));
 }
 
-TEST_F(AnyDesktop, TakesClicksInClientPixels) {
-    Xdotool("mousemove " + std::to_string(window.ClientLeft() + 40) + " " +
-            std::to_string(window.ClientTop() + 30) + " click 1 click 3 click 2");
-    ASSERT_TRUE(PumpUntil([&] { return recorder.clicks.size() == 3; }));
-    EXPECT_EQ(recorder.clicks[0], (std::array{40, 30, 1}));
-    EXPECT_EQ(recorder.clicks[1][2], 2);
-    EXPECT_EQ(recorder.clicks[2][2], 4);
-    EXPECT_EQ(GLWindow::MouseX(), 40);
-    EXPECT_EQ(GLWindow::MouseY(), 30);
+using Moves = std::vector<std::array<int, 2>>;
+using Clicks = std::vector<std::array<int, 3>>;
+
+TEST_F(AnyDesktop, TakesClicksWhereTheyWereMade) {
+    Xdotool(To(40, 30) + "click 1" + To(0, 0) + "click 3 click 2" + To(500, 400));
+    ASSERT_TRUE(PumpUntil([&] { return GLWindow::MouseX() == 500; }));
+    EXPECT_EQ(recorder.clicks, (Clicks{{40, 30, 1}, {0, 0, 2}, {0, 0, 4}}));
+    EXPECT_EQ(GLWindow::MouseY(), 400);
+
+    // The window goes away under a pointer at rest.
+    GLWindow::Move(GLWindow::WindowLeft() - 50, GLWindow::WindowTop() + 20);
+    PumpFor(50);
+    Xdotool("click 1");
+    ASSERT_TRUE(PumpUntil([&] { return recorder.clicks.size() == 4; }));
+    EXPECT_EQ(recorder.clicks[3], (std::array{550, 380, 1}));
+    Xdotool("mousemove_relative -- -50 20 click 1");
+    ASSERT_TRUE(PumpUntil([&] { return recorder.clicks.size() == 5; }));
+    EXPECT_EQ(recorder.clicks[4], (std::array{500, 400, 1})) << "the place reported last but one";
+}
+
+TEST_F(AnyDesktop, HearsOfEachMoveOfTheMouseAroundAWarp) {
+    Xdotool(To(40, 30));
+    ASSERT_TRUE(PumpUntil([&] { return GLWindow::MouseX() == 40; }));
+    GLWindow::WarpCursorToCentre();
+    PumpFor(50);
+    EXPECT_EQ(recorder.moves.back(), (std::array{399, 299}));
+    recorder.moves.clear();
+    // Where it was before, in and out of where it was put, and into the corner.
+    Xdotool(To(40, 30) + To(399, 299) + To(398, 299) + To(399, 299) + "click 1" + To(0, 0) +
+            To(1, 1) + To(0, 0) + "click 1");
+    ASSERT_TRUE(PumpUntil([&] { return recorder.clicks.size() == 2; }));
+    EXPECT_EQ(recorder.moves,
+              (Moves{{40, 30}, {399, 299}, {398, 299}, {399, 299}, {0, 0}, {1, 1}, {0, 0}}));
+    EXPECT_EQ(recorder.clicks, (Clicks{{399, 299, 1}, {0, 0, 1}}));
 }
 
 TEST_F(AnyDesktop, GetsTheSamplesThatTheDriverHas) {
