@@ -13,14 +13,12 @@ extern "C" {
 #include <optional>
 #include <vector>
 
+#include "platform/ImageBounds.h"
 #include "platform/Video.h"
 
 namespace Platform {
 
 namespace {
-
-/// What a picture may measure at most, so that a small file can't ask for all memory.
-constexpr std::int64_t mostPixels = std::int64_t{16384} * 16384;
 
 struct Release {
     void operator()(AVFormatContext* context) const { avformat_close_input(&context); }
@@ -95,7 +93,7 @@ bool FfmpegVideo::OpenDecoder() {
     }
     // More threads would hold frames back.
     decoder->thread_count = 1;
-    decoder->max_pixels = mostPixels;
+    decoder->max_pixels = mostImagePixels;
     decoder->pkt_timebase = stream->time_base;
     return avcodec_open2(decoder.get(), codec, nullptr) >= 0;
 }
@@ -109,7 +107,8 @@ bool FfmpegVideo::ReadDimensions() {
         const std::int64_t duration = std::int64_t{unit.num} * 1000 / unit.den;
         frameMilliseconds = static_cast<int>(std::min<std::int64_t>(duration, 1 << 30));
     }
-    return width > 0 && height > 0 && std::int64_t{width} * height <= mostPixels;
+    return width > 0 && height > 0 &&
+           IsBearableImage(static_cast<std::uint64_t>(width), static_cast<std::uint64_t>(height));
 }
 
 /// By its packets: the header of a file that was cut off still tells of all its frames.

@@ -65,6 +65,91 @@ Announced Png(const Bytes& file) {
                : Announced{};
 }
 
+/// The bits of a GIF picture: codes that lie across blocks of up to 255 bytes.
+class GifBits {
+public:
+    GifBits(const Bytes& bytes, std::size_t start) : file(bytes), at(start) {}
+
+    /// The next code of that many bits; none behind the last block.
+    std::optional<std::uint32_t> Take(unsigned width) {
+        while (count < width) {
+            if (left == 0) {
+                left = file.At(at++);
+            }
+            if (left == 0 || at >= file.Size()) {
+                return std::nullopt;
+            }
+            bits |= static_cast<std::uint32_t>(file.At(at++)) << count;
+            count += 8;
+            --left;
+        }
+        const std::uint32_t code = bits & ((1u << width) - 1);
+        bits >>= width;
+        count -= width;
+        return code;
+    }
+
+private:
+    const Bytes& file;
+    std::size_t at;
+    std::uint64_t left = 0;  // bytes of the block
+    std::uint32_t bits = 0;  // taken from the file, and how many
+    unsigned count = 0;
+};
+
+/// Whether the codes of a GIF picture make sense, up to its last pixel or its end. The decoder
+/// follows a code that isn't defined yet wherever it leads, and never ends where blocks are cut
+/// off.
+bool AreGifCodesSound(const Bytes& file, std::size_t at, std::uint64_t pixels) {
+    constexpr std::uint32_t mostCodes = 4096;
+    const auto colourBits = static_cast<unsigned>(file.At(at));
+    if (colourBits < 1 || colourBits > 8) {
+        return false;
+    }
+    const std::uint32_t clear = 1u << colourBits;
+    const std::uint32_t end = clear + 1;
+    std::array<std::uint32_t, mostCodes> lengths;  // in pixels
+    lengths.fill(1);
+    GifBits bits(file, at + 1);
+    unsigned width = colourBits + 1;
+    std::uint32_t next = clear + 2;
+    std::uint32_t previous = 0;
+    bool fresh = true;   // no code since the last clearing
+    bool begun = false;  // any colour came
+    while (pixels > 0) {
+        const auto code = bits.Take(width);
+        if (!code) {
+            return false;
+        }
+        if (*code == clear) {
+            if (begun && fresh) {
+                return false;  // the decoder would take the second of two for a colour
+            }
+            width = colourBits + 1;
+            next = clear + 2;
+            fresh = true;
+            continue;
+        }
+        if (fresh ? *code >= clear : *code > next) {
+            return false;
+        }
+        if (*code == end) {
+            return true;
+        }
+        const std::uint32_t length = *code == next ? lengths[previous] + 1 : lengths[*code];
+        pixels -= std::min<std::uint64_t>(pixels, length);
+        if (!fresh && next < mostCodes) {
+            lengths[next] = lengths[previous] + 1;
+            ++next;
+            width += next == (1u << width) && width < 12 ? 1 : 0;
+        }
+        previous = *code;
+        fresh = false;
+        begun = true;
+    }
+    return true;
+}
+
 /// The size stands with the first image, behind any number of extension blocks.
 Announced Gif(const Bytes& file) {
     constexpr std::uint64_t perByte = 4096;  // LZW: one code for as many pixels
@@ -76,7 +161,10 @@ Announced Gif(const Bytes& file) {
     std::size_t at = 13 + tableSize(10);
     while (at < file.Size()) {
         if (file.At(at) == 0x2C) {
-            return Announced{file.Little(at + 5, 2), file.Little(at + 7, 2), perByte};
+            const Announced result{file.Little(at + 5, 2), file.Little(at + 7, 2), perByte};
+            const std::size_t codes = at + 10 + tableSize(at + 9);
+            return AreGifCodesSound(file, codes, result.width * result.height) ? result
+                                                                               : Announced{};
         }
         if (file.At(at) != 0x21) {
             ++at;  // the decoder skips what it doesn't know, byte by byte

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "level/LevelFile.h"
+#include "fuzz/LevelMutator.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const auto bytes = std::as_bytes(std::span(data, size));

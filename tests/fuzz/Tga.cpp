@@ -12,8 +12,8 @@ namespace {
 
 class Block : public BufferedFile {
 public:
-    Block(const std::uint8_t* data, std::size_t size) {
-        const auto* bytes = reinterpret_cast<const std::byte*>(data);
+    Block(const std::uint8_t* first, std::size_t size) {
+        const auto* bytes = reinterpret_cast<const std::byte*>(first);
         Adopt(std::vector<std::byte>(bytes, bytes + size));
     }
     void Open(const std::string& /*name*/) override {}

@@ -1,0 +1,54 @@
+// Any bytes as the cfg files of all modules and menus at once: whatever they set, the game starts,
+// every menu opens and takes keys and clicks, and a second is played.
+
+#include "fuzz/FuzzGame.h"
+#include "platform/VirtualKeys.h"
+
+namespace {
+
+/// Every settings file becomes a link to one.
+void LinkSettings(const std::filesystem::path& root) {
+    namespace fs = std::filesystem;
+    for (const auto& entry : fs::directory_iterator(VANTREL_SOURCE_DIR "/data/cfg")) {
+        const fs::path link = root / "cfg" / entry.path().filename();
+        fs::remove(link);
+        fs::create_symlink("../settings.txt", link);
+    }
+    fs::create_symlink("../settings.txt", root / "cfg" / "emitter.cfg");
+    Platform::ForgetListings();
+}
+
+void UseMenus(TestGame& game) {
+    for (int menu = MenuManager::Main; menu <= MenuManager::Restart; ++menu) {
+        MenuManager::Show(menu);
+        MenuManager::OnMouseMove(400, 300);
+        game.Frames(1);
+        MenuManager::OnMouseDown(400, 300, 1);
+        MenuManager::OnMouseUp(400, 300, 1);
+        MenuManager::OnKeyDown(VirtualKey::down);
+        MenuManager::OnKeyUp(VirtualKey::down);
+        game.Frames(1);
+    }
+    MenuManager::Show(MenuManager::None);
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    constexpr std::size_t longest = 16384;
+    static const std::vector<std::byte> level = FuzzLevel().Serialise();
+    FuzzGame& fuzz = FuzzGame::The();
+    static const bool linked = (LinkSettings(fuzz.game.directory.path), true);
+    if (size > longest || !linked) {
+        return 0;
+    }
+    fuzz.game.directory.Write("settings.txt", {reinterpret_cast<const char*>(data), size});
+    Console::Initialise();
+    ReadSurfaces();
+    fuzz.Load(TestLevelFile::Text(level));
+    UseMenus(fuzz.game);
+    Camera::SetState(Camera::Following);
+    fuzz.game.Frames(60);
+    Game::Shutdown();
+    return 0;
+}
