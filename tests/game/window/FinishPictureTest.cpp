@@ -40,6 +40,8 @@ TEST(FinishPicture, CoversWindowsOfAnyShape) {
         TextureManager::Shutdown();
         GLWindow::Close();
     }
+    Platform::UseDataRoot({});
+    Platform::ForgetListings();
 }
 
 }  // namespace
