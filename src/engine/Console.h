@@ -36,6 +36,10 @@ bool IsLogging();
 
 /// Empties the text ring and the line being typed.
 void Clear();
+/// Empties the line being typed only.
+void ClearLine();
+/// Forgets the lines typed before and a running completion.
+void ForgetHistory();
 /// One key press, as a virtual key code.
 void HandleKey(int virtualKey);
 /// Runs a line as if it had been typed, without echo or history.
@@ -53,6 +57,25 @@ extern std::uint32_t outputWrite;
 /// The line being typed; zeros behind its end.
 extern std::array<char, inputSize + 1> inputLine;
 extern std::uint32_t inputCursor;
+
+/// A place in the text area that moves on with each character.
+struct TextCursor {
+    int row = 0;
+    int column = 0;
+
+    /// Moves past `c` in an area of `columns` columns.
+    void Advance(char c, int columns);
+};
+
+/// The stretch of the output ring that ends at its newest character.
+struct VisibleText {
+    std::uint32_t first = 0;  ///< index in the ring
+    std::uint32_t count = 0;
+};
+
+/// The newest text that is worth drawing in an area of that size: as much as fills `rows`
+/// rows, counted backwards from the newest character, and at most the whole ring.
+VisibleText FindVisibleText(int rows, int columns);
 
 struct Colour {
     float r, g, b, a;

@@ -4,7 +4,6 @@
 
 #include "engine/Console.h"
 #include "engine/ConsoleCommands.h"
-#include "engine/ConsoleParts.h"
 #include "engine/Text.h"
 #include "platform/Window.h"
 

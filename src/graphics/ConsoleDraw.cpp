@@ -11,7 +11,6 @@
 #include <vector>
 
 #include "engine/Console.h"
-#include "engine/ConsoleLayout.h"
 #include "graphics/GLWindow.h"
 #include "graphics/GLWindowDraw.h"
 

@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include "WorkingFolder.h"
-#include "engine/ConsoleLayout.h"
 #include "platform/HeadlessWindow.h"
 
 namespace fs = std::filesystem;
@@ -132,20 +131,10 @@ TEST_F(ConsoleTest, LogsWhatIsPrintedUnchanged) {
 TEST_F(ConsoleTest, StopsALogThatCannotBeWritten) {
     fs::create_symlink("/dev/full", directory.path / "ConsoleLog.txt");
     Console::SetLogging(true);
-    if (!Console::IsLogging()) {
-        GTEST_SKIP() << "nothing to write to that fails";
-    }
-    Console::Clear();
-    const std::string tooLong(20000, 'x');
-    Console::Print(tooLong);
     EXPECT_FALSE(Console::IsLogging());
-    const std::string message = "\nLogging to ConsoleLog.txt stopped because of a write error.";
-    EXPECT_EQ(Console::OutputText(), message + tooLong);
-    // Short text fails only when the file is closed.
-    Console::SetLogging(true);
-    Console::Clear();
-    Console::SetLogging(false);
-    EXPECT_EQ(Console::OutputText(), message);
+    EXPECT_EQ(Console::OutputText(),
+              "\nLogging to ConsoleLog.txt stopped because of a write error."
+              "\nCommencing console log to ConsoleLog.txt");
 
     fs::remove(directory.path / "ConsoleLog.txt");
     fs::create_directory(directory.path / "ConsoleLog.txt");
