@@ -19,9 +19,9 @@
 #include "graphics/GLWindow.h"
 #include "graphics/TextureManager.h"
 #include "level/LevelData.h"
+#include "level/Surfaces.h"
 #include "platform/GlfwWindow.h"
 #include "platform/Paths.h"
-#include "water/ParticleMover.h"
 
 namespace {
 
