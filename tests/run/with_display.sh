@@ -8,9 +8,10 @@ set -u
 folder=$(mktemp -d)
 server=
 manager=
+command=
 finish() {
   local process
-  for process in $manager $server; do
+  for process in $command $manager $server; do
     kill "$process" 2>/dev/null
     wait "$process" 2>/dev/null
   done
@@ -51,4 +52,10 @@ if [ "${WINDOW_MANAGER:-openbox}" != none ]; then
   await managed || fail "openbox doesn't start"
 fi
 
-"$@"
+# Not in the foreground, where bash would hear of a signal only when the command has ended.
+"$@" <&0 &
+command=$!
+wait "$command"
+status=$?
+command=
+exit "$status"
