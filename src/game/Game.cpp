@@ -2,6 +2,8 @@
 
 #include "game/Game.h"
 
+#include <cmath>
+
 #include "actors/Camera.h"
 #include "actors/LevelObjectsManager.h"
 #include "actors/MoverManager.h"
@@ -25,6 +27,7 @@
 #include "level/Surfaces.h"
 #include "menus/MenuHost.h"
 #include "menus/MenuManager.h"
+#include "platform/Assert.h"
 #include "platform/Clock.h"
 #include "water/FxParticleManager.h"
 #include "water/ParticleManager.h"
@@ -256,6 +259,7 @@ void Game::Frame() {
 }
 
 void Game::Step(const RunStep& step) {
+    VANTREL_ASSERT(step.dt > 0.0f && std::isfinite(step.dt));
     gameState.lastStep = step.dt;
     RunRecorder::StepBegins(step);
     StepModules(step);

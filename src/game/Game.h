@@ -27,7 +27,7 @@ public:
     static void Frame();
     static void Shutdown();
     static bool IsRunning();
-    /// One module step with this input at once, whatever clock and keys say.
+    /// One module step with this input, of a time above 0, at once, whatever clock and keys say.
     static void Step(const RunStep& step);
     /// The next step of the run that is replayed, at once; false if there is none.
     static bool StepReplay();

@@ -9,9 +9,12 @@
 #include "graphics/TextureManager.h"
 #include "level/Surfaces.h"
 #include "menus/MenuManager.h"
+#include "platform/Assert.h"
 #include "platform/VirtualKeys.h"
 
 HeadlessGame::HeadlessGame(int width, int height) {
+    VANTREL_ASSERT(width > 0 && height > 0);
+    VANTREL_ASSERT(!Game::IsRunning());
     Platform::UseClock(&clock);
     Platform::UseWindow(&window);
     GLWindow::Create("headless", width, height);

@@ -19,6 +19,7 @@
 #include "level/LevelData.h"
 #include "menus/GuiAnimatedButton.h"
 #include "menus/MenuManager.h"
+#include "platform/Assert.h"
 #include "water/GroupedParticleMover.h"
 #include "water/ParticleManager.h"
 
@@ -158,6 +159,7 @@ void Shutdown() {
 }
 
 void Step(float dt) {
+    VANTREL_ASSERT(dt > 0.0f);
     if (!finishing) {
         StepTime(dt);
     }

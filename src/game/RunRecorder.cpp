@@ -14,6 +14,7 @@
 #include "game/LevelProgress.h"
 #include "game/Notice.h"
 #include "game/StateHash.h"
+#include "platform/Assert.h"
 #include "platform/Paths.h"
 
 namespace RunRecorder {
@@ -121,6 +122,7 @@ bool IsPending(const std::string& level) {
 }  // namespace
 
 bool Record(const std::string& path) {
+    VANTREL_ASSERT(mode != Mode::Recording);
     if (!path.empty() && !Platform::CanWriteFile(path)) {
         return false;
     }
@@ -195,10 +197,13 @@ void GiveUp() {
 }
 
 const RunStep& NextStep() {
+    VANTREL_ASSERT(IsReplaying());
     return run.steps[nextStep];
 }
 
 void StepBegins(const RunStep& step) {
+    VANTREL_ASSERT(!isInStep);
+    VANTREL_ASSERT(mode != Mode::Recording || step.dt <= RunStep::longest);
     isInStep = true;
     if (mode == Mode::Recording) {
         run.steps.push_back(step);
@@ -209,6 +214,7 @@ void StepBegins(const RunStep& step) {
 }
 
 void StepEnds(bool isFinished) {
+    VANTREL_ASSERT(isInStep);
     isInStep = false;
     if (mode == Mode::Recording && isFinished) {
         LevelEnds();

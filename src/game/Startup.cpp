@@ -11,6 +11,7 @@
 #include "engine/PreferenceStore.h"
 #include "engine/Text.h"
 #include "game/Notice.h"
+#include "platform/Assert.h"
 
 StartupSettings startupSettings;
 
@@ -243,6 +244,7 @@ bool FallBackResolution() {
 }
 
 DetailProfile ProfileOf(std::int32_t detailLevel) {
+    VANTREL_ASSERT(detailLevel >= 0 && detailLevel <= 5);
     static constexpr unsigned counts[] = {8, 4, 2};
     const std::span<const unsigned> all(counts);
     switch (detailLevel) {

@@ -49,4 +49,5 @@ struct DetailProfile {
     int textureQuality = 0;
     int anisotropy = 0;  ///< 0: not set
 };
+/// Of a level from 0 to 5.
 DetailProfile ProfileOf(std::int32_t detailLevel);
