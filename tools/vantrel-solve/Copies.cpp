@@ -152,6 +152,8 @@ Copies::Number Copies::StartFirst(HeadlessGame& game) {
 }
 
 Copies::Number Copies::Start(Number from, const Move& move) {
+    while (unused.empty() && !ending.empty() && Reap(0)) {
+    }
     if (unused.empty()) {
         return none;
     }
@@ -167,19 +169,28 @@ Copies::Number Copies::Start(Number from, const Move& move) {
     return number;
 }
 
-/// Takes away processes that have ended. One that hadn't reported is given back.
-Copies::Number Copies::Reap() {
-    pid_t ended = 0;
-    while ((ended = waitpid(-1, nullptr, WNOHANG)) > 0) {
-        for (const Number number : playing) {
-            if (slots[number].pid == ended) {
-                slots[number].pid = 0;
-                slots[number].failed = 1;
-                return number;
-            }
+/// Takes away a process that has ended; false if there is none. A killed process may still wait
+/// for its slot's wake, and would take it from the next one there: so slots are free only then.
+bool Copies::Reap(int options) {
+    const pid_t ended = waitpid(-1, nullptr, options);
+    if (ended <= 0) {
+        return false;
+    }
+    const auto dropped = std::ranges::find(ending, ended, &std::pair<pid_t, Number>::first);
+    if (dropped != ending.end()) {
+        sem_destroy(&slots[dropped->second].wake);
+        unused.push_back(dropped->second);
+        ending.erase(dropped);
+        return true;
+    }
+    for (const Number number : playing) {
+        if (slots[number].pid == ended) {
+            slots[number].pid = 0;
+            slots[number].failed = 1;
+            died.push_back(number);
         }
     }
-    return none;
+    return true;
 }
 
 Copies::Number Copies::Wait() {
@@ -190,10 +201,13 @@ Copies::Number Copies::Wait() {
                                        static_cast<ssize_t>(sizeof(number)))) {
         return none;
     }
-    if (number == none) {
-        number = Reap();
+    while (Reap(WNOHANG)) {
+    }
+    if (number == none && !died.empty()) {
+        number = died.back();
     }
     if (number != none) {
+        std::erase(died, number);
         std::erase(playing, number);
         slots[number].outcome.lost = slots[number].outcome.lost || slots[number].failed != 0;
     }
@@ -205,15 +219,15 @@ const Outcome& Copies::Of(Number copy) const {
 }
 
 void Copies::Drop(Number copy) {
-    if (const pid_t pid = slots[copy].pid; pid != 0) {
-        kill(pid, SIGKILL);  // it sleeps and does nothing more; Reap takes it away
-        slots[copy].pid = 0;
+    const pid_t pid = slots[copy].pid;
+    if (pid == 0) {  // it has died
+        sem_destroy(&slots[copy].wake);
+        unused.push_back(copy);
+        return;
     }
-    if (playing.empty()) {
-        Reap();
-    }
-    sem_destroy(&slots[copy].wake);
-    unused.push_back(copy);
+    kill(pid, SIGKILL);  // it sleeps and does nothing more
+    slots[copy].pid = 0;
+    ending.emplace_back(pid, copy);
 }
 
 /// A copy that is being made has no known process yet: it sees `closing`, or is found in the

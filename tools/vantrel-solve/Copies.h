@@ -9,6 +9,7 @@
 #include <sys/types.h>
 
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 #include "Playing.h"
@@ -39,7 +40,7 @@ public:
     /// Ends a paused copy.
     void Drop(Number copy);
     /// How many more copies there is room for.
-    std::size_t Room() const { return unused.size(); }
+    std::size_t Room() const { return unused.size() + ending.size(); }
 
 private:
     struct Slot;
@@ -49,7 +50,7 @@ private:
     [[noreturn]] void Live(HeadlessGame& game, Number self);
     void PlayMove(HeadlessGame& game, Number self);
     void EndAll();
-    Number Reap();
+    bool Reap(int options);
 
     Number capacity = 0;
     std::uint32_t leastWater = 0;
@@ -57,6 +58,8 @@ private:
     Slot* slots = nullptr;
     std::vector<Number> unused;
     std::vector<Number> playing;
-    int results[2] = {-1, -1};  ///< a pipe: numbers of copies that have played
+    std::vector<Number> died;                      ///< of these, those whose process ended
+    std::vector<std::pair<pid_t, Number>> ending;  ///< dropped, and not gone yet
+    int results[2] = {-1, -1};                     ///< a pipe: numbers of copies that have played
     pid_t owner = 0;
 };
