@@ -1,11 +1,14 @@
-// vantrel-solve: searches for a run that wins a level, or for places where water is stuck.
+// vantrel-solve: searches for a run that wins a level, for places where water is stuck, or for
+// leaks.
 
 #include <cstdio>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "LeakHunt.h"
 #include "Options.h"
 #include "Search.h"
 #include "StuckSearch.h"
@@ -15,7 +18,7 @@
 namespace {
 
 constexpr int noWin = 3;
-constexpr int someStuck = 3;
+constexpr int someFound = 3;
 
 int Fail(const std::string& message, int status) {
     std::fprintf(stderr, "vantrel-solve: %s\n", message.c_str());
@@ -49,28 +52,54 @@ std::string Numbered(const std::string& path, std::size_t number) {
                        : (whole.parent_path() / (name + whole.extension().string())).string();
 }
 
-int Hunt(const Options& options) {
-    Run run;
-    if (!options.along.empty()) {
-        std::string reason;
-        auto read = ReadRun(options.along, reason);
-        if (!read || !FitsLevel(*read, reason)) {
-            return Fail("cannot use '" + options.along + "': " + reason, 1);
-        }
-        run = std::move(*read);
+/// The run's steps; none if it isn't there, or not of this level, with `reason` set.
+std::optional<std::vector<RunStep>> ReadSteps(const std::string& path, std::string& reason) {
+    if (path.empty()) {
+        return std::vector<RunStep>();
     }
-    const StuckResult result = HuntStuck(options.search, std::move(run.steps));
-    if (!result.failure.empty()) {
-        return Fail(result.failure, 1);
+    auto run = ReadRun(path, reason);
+    if (!run || !FitsLevel(*run, reason)) {
+        reason = "cannot use '" + path + "': " + reason;
+        return std::nullopt;
     }
-    std::fputs(Text(result.report).c_str(), stdout);
-    for (std::size_t i = 0; i < result.runs.size() && !options.output.empty(); ++i) {
+    return std::move(run->steps);
+}
+
+/// Prints the report and writes the run to each finding.
+int Tell(const Options& options, const std::string& report, const std::vector<Run>& runs) {
+    std::fputs(report.c_str(), stdout);
+    for (std::size_t i = 0; i < runs.size() && !options.output.empty(); ++i) {
         const std::string path = Numbered(options.output, i + 1);
-        if (!WriteRun(path, result.runs[i])) {
+        if (!WriteRun(path, runs[i])) {
             return Fail("cannot write '" + path + "'", 1);
         }
     }
-    return result.report.found.empty() ? 0 : someStuck;
+    return runs.empty() ? 0 : someFound;
+}
+
+int FindStuck(const Options& options, std::vector<RunStep> along) {
+    const StuckResult result = HuntStuck(options.search, std::move(along));
+    return result.failure.empty() ? Tell(options, Text(result.report), result.runs)
+                                  : Fail(result.failure, 1);
+}
+
+int FindLeaks(const Options& options, std::vector<RunStep> along) {
+    const LeakResult result = HuntLeaks(options.search, options.seeds, std::move(along));
+    return result.failure.empty() ? Tell(options, Text(result), result.runs)
+                                  : Fail(result.failure, 1);
+}
+
+int DoTask(const Options& options) {
+    if (!options.stuck && !options.leaks) {
+        return Solve(options);
+    }
+    std::string reason;
+    auto along = ReadSteps(options.along, reason);
+    if (!along) {
+        return Fail(reason, 1);
+    }
+    return options.stuck ? FindStuck(options, std::move(*along))
+                         : FindLeaks(options, std::move(*along));
 }
 
 }  // namespace
@@ -96,7 +125,7 @@ int main(int argc, char** argv) {
     if (!options->dataRoot.empty()) {
         Platform::UseDataRoot(options->dataRoot, true);
     }
-    const int status = options->stuck ? Hunt(*options) : Solve(*options);
+    const int status = DoTask(*options);
     if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
         return Fail("standard output cannot be written", 1);
     }

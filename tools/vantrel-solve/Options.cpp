@@ -13,23 +13,30 @@ const char* const solveHelpText =
     "Usage: vantrel-solve LEVEL.swah [-o FILE.run] [--minutes M] [--least N] [--improve]\n"
     "                     [--seed S] [--jobs J] [--room N] [--window WxH] [--data DIR]\n"
     "       vantrel-solve LEVEL.swah --stuck [-o FILE.run] [--along FILE.run] [--minutes M] ...\n"
+    "       vantrel-solve LEVEL.swah --leaks [-o FILE.run] [--along FILE.run] [--minutes M]\n"
+    "                     [--seeds N] ...\n"
     "Searches for a run that wins the level, by playing many tilts ahead on copies of the\n"
     "game, and writes the best one that it found, also when it is interrupted. With --stuck\n"
     "it looks for places where water is stuck for good, and writes the run to the worst one,\n"
-    "and to others with a number in the name.\n"
+    "and to others with a number in the name. With --leaks it tilts the level for long, slowly\n"
+    "and at random, counts drops that get into or through what is solid, and writes the runs to\n"
+    "where they do.\n"
     "  -o FILE      where to write the run\n"
     "  --stuck      look for stuck water; ends before the time is up when all is judged\n"
-    "  --along FILE a run of the level, from along which --stuck explores too\n"
-    "  --minutes M  how long to search; 9 if not given\n"
+    "  --leaks      look for leaks\n"
+    "  --along FILE a run of the level, from along which --stuck and --leaks set out, too\n"
+    "  --minutes M  how long to search; with --leaks, how long each seed plays, in the game's\n"
+    "               time; 9 if not given\n"
     "  --least N    drops of the 128 that must reach the end; 90 if not given\n"
     "  --improve    go on after the first win until the time is up: more water, then less time\n"
     "  --seed S     another number gives another search; 1 if not given\n"
+    "  --seeds N    with --leaks, so many seeds from that one on; 1 if not given\n"
     "  --jobs J     copies that play at the same time; one per processor if not given\n"
     "  --room N     copies to keep; 2500 if not given, each takes about half a megabyte\n"
     "  --window WxH the window that the run is for; 1280x720 if not given\n"
     "  --data DIR   the game's data\n"
-    "Exit status: 0 a win, 3 no win, 1 an unusable file, 2 bad arguments; with --stuck 0 no\n"
-    "place found, 3 some found.\n";
+    "Exit status: 0 a win, 3 no win, 1 an unusable file, 2 bad arguments; with --stuck and\n"
+    "--leaks 0 nothing found, 3 something found.\n";
 
 namespace {
 
@@ -61,6 +68,9 @@ bool TakeValue(const std::string& name, const std::string& value, Options& optio
     }
     if (name == "--seed") {
         return ParseNumber(value, 0u, 0xffffffffu, search.seed);
+    }
+    if (name == "--seeds") {
+        return ParseNumber(value, 1u, 10000u, options.seeds);
     }
     if (name == "--jobs") {
         return ParseNumber(value, 1u, Copies::mostAtOnce, search.processes);
@@ -102,6 +112,8 @@ std::optional<Options> ParseOptions(const std::vector<std::string>& arguments,
             options.search.improve = true;
         } else if (name == "--stuck") {
             options.stuck = true;
+        } else if (name == "--leaks") {
+            options.leaks = true;
         } else if (i + 1 == arguments.size()) {
             message = "unknown option or missing value: '" + name + "'";
             return std::nullopt;

@@ -20,12 +20,10 @@
 namespace Playing {
 
 std::vector<RunStep> script;
+std::function<void(Outcome&)> watch;
 
 namespace {
 
-/// Milliseconds of a frame. Each is one module step, but for the first sixteen, in which the
-/// game measures its frame time.
-constexpr std::uint32_t frameMs = 16;
 /// The turn goes on this long after a key is let go, in seconds: the time in which the angular
 /// velocity falls to 1/e.
 constexpr float coasting = 0.19f;
@@ -186,7 +184,7 @@ int KeysOfScript(std::size_t step) {
 }
 
 /// One frame with the arrow keys held: above 0 left, below 0 right, 0 none.
-void PlayFrame(HeadlessGame& game, int keys) {
+void PlayFrame(HeadlessGame& game, int keys, std::uint32_t frameMs) {
     game.Hold(keys > 0, keys < 0);
     game.Frame(frameMs);
 }
@@ -205,7 +203,7 @@ std::string Begin(HeadlessGame& game, const std::string& level) {
 bool FlyIn(HeadlessGame& game, Outcome& outcome) {
     outcome = {};
     while (Camera::IsOpeningFlight() && StepsSoFar() < Outcome::mostSteps) {
-        PlayFrame(game, 0);
+        PlayFrame(game, 0, Move().frameMs);
     }
     ReadSteps(0, outcome);
     ReadWorld(outcome);
@@ -219,10 +217,15 @@ void Play(HeadlessGame& game, const Move& move, std::uint32_t leastWater, Outcom
     float turning = 0.0f;
     const auto playFrame = [&] {
         const std::size_t step = move.scriptStep + (StepsSoFar() - begin);
-        PlayFrame(game, move.scriptStep != Move::none ? KeysOfScript(step)
-                                                      : KeysTowards(move.angle, turning));
-        turning = (Camera::angle - before) / (static_cast<float>(frameMs) * 0.001f);
+        PlayFrame(
+            game,
+            move.scriptStep != Move::none ? KeysOfScript(step) : KeysTowards(move.angle, turning),
+            move.frameMs);
+        turning = (Camera::angle - before) / (static_cast<float>(move.frameMs) * 0.001f);
         before = Camera::angle;
+        if (watch) {
+            watch(outcome);
+        }
     };
     const std::uint32_t most = move.frames + move.settle;
     Rest rest;

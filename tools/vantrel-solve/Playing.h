@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -18,8 +19,18 @@ struct Move {
     std::uint32_t settle = 0;
     /// Not `none`: plays Playing::script from this step on instead of holding a tilt.
     std::uint32_t scriptStep = none;
+    /// Milliseconds of a frame. Each is one module step, but for the first sixteen after a
+    /// change, in which the game measures its frame time.
+    std::uint32_t frameMs = 16;
 
     static constexpr std::uint32_t none = 0xffffffff;
+};
+
+/// Water that left the space it can reach.
+struct Leak {
+    std::uint32_t steps = 0;  ///< of the run, when it was seen
+    std::uint32_t drops = 0;
+    Vector2 from;  ///< where it was shortly before
 };
 
 enum class Matter : std::uint8_t { Water, Steam, Ice };
@@ -55,12 +66,19 @@ struct Outcome {
     std::array<std::uint64_t, mostTriggers / 64> firedTriggers;
     std::uint32_t stepCount = 0;
     std::array<RunStep, mostSteps> steps;  ///< as recorded
+    static constexpr std::size_t mostLeaks = 32;
+    // Only with Playing::watch.
+    std::uint32_t watchedFrames = 0;  ///< in which water moved
+    std::uint32_t leakCount = 0;
+    std::array<Leak, mostLeaks> leaks;
 };
 
 namespace Playing {
 
 /// A run whose turns moves can follow; set before copies are made.
 extern std::vector<RunStep> script;
+/// Called after each frame of a move, if there is one; set before copies are made.
+extern std::function<void(Outcome&)> watch;
 
 /// Starts the level, recorded in memory, and collects its switches. Why it can't; else empty.
 std::string Begin(HeadlessGame& game, const std::string& level);

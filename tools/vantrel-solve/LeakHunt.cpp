@@ -1,0 +1,294 @@
+// Lives that tilt and watch; see LeakHunt.h.
+
+#include "LeakHunt.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <utility>
+
+#include "Dice.h"
+#include "LeakSpace.h"
+#include "LeakWatch.h"
+#include "Opening.h"
+#include "ProgressLine.h"
+#include "Rounds.h"
+#include "Way.h"
+#include "game/RunRecorder.h"
+
+namespace {
+
+/// Seconds of tilting in a life: long enough for a level's movers to come by many times.
+constexpr double lifeSeconds = 120.0;
+/// Leaks this close are one place, world units.
+constexpr float onePlace = 40.0f;
+/// Lives that are played side by side.
+constexpr std::size_t abreast = 16;
+/// Degrees; further than the view turns.
+constexpr float fullTilt = 66.0f;
+/// Milliseconds of a frame: a quick machine's, and one's that just keeps up, where drops and
+/// platforms go furthest in a step.
+constexpr std::array<std::uint32_t, 2> frameLengths{16, 33};
+
+enum class Style { Sweeping, Random, Full, Count };
+
+struct Life {
+    std::size_t seed = 0;  ///< index of its count
+    std::uint32_t number = 0;
+    Dice dice{0};
+    Style style = Style::Random;
+    std::uint32_t frameMs = 16;
+    std::uint32_t scriptFrames = 0;  ///< still to follow
+    std::uint32_t step = 0;          ///< of the script
+    float angle = 0.0f;              ///< of a sweep
+    float sweep = 4.0f;              ///< degrees a move
+    double secondsLeft = lifeSeconds;
+    Copies::Number copy = Copies::none;  ///< none: the first
+    Way way;
+};
+
+class Hunter {
+public:
+    Hunter(const SearchSettings& chosen, std::uint32_t seeds, Copies& where, Copies::Number begin,
+           LeakResult& into)
+        : settings(chosen),
+          copies(where),
+          first(begin),
+          result(into),
+          line(chosen.seconds * seeds) {
+        for (std::uint32_t i = 0; i < seeds; ++i) {
+            result.seeds.push_back({.seed = settings.seed + i});
+        }
+    }
+    void Run();
+
+private:
+    bool PlanLife();
+    void BeginLife(std::size_t ofSeed, double seconds);
+    Move NextMove(Life& life);
+    /// False when the life is over.
+    bool Take(Life& life, const Move& move, Copies::Number copy);
+    void Note(const Life& life, const Leak& leak, const std::vector<RunStep>& steps);
+    void ShowProgress();
+
+    const SearchSettings& settings;
+    Copies& copies;
+    Copies::Number first;
+    LeakResult& result;
+    ProgressLine line;
+    const ::Run start = RunRecorder::Current();
+    std::vector<Life> lives;
+    std::size_t seed = 0;  ///< of the next life
+    double planned = 0.0;  ///< seconds of that seed
+};
+
+double SecondsOf(const std::vector<RunStep>& steps, std::size_t count) {
+    double seconds = 0.0;
+    for (std::size_t i = 0; i < std::min(count, steps.size()); ++i) {
+        seconds += double{steps[i].dt};
+    }
+    return seconds;
+}
+
+/// The next life of the seed whose turn it is; false after the last.
+bool Hunter::PlanLife() {
+    if (planned >= settings.seconds) {
+        ++seed;
+        planned = 0.0;
+    }
+    if (seed == result.seeds.size()) {
+        return false;
+    }
+    const double seconds = std::min(lifeSeconds, settings.seconds - planned);
+    planned += seconds;
+    BeginLife(seed, seconds);
+    return true;
+}
+
+void Hunter::BeginLife(std::size_t ofSeed, double seconds) {
+    LeakCount& count = result.seeds[ofSeed];
+    Life life;
+    life.seed = ofSeed;
+    life.number = count.lives++;
+    life.dice = Dice(count.seed * 100003u + life.number);
+    life.style = static_cast<Style>(life.number % static_cast<std::uint32_t>(Style::Count));
+    life.frameMs = frameLengths[life.dice.Below(frameLengths.size())];
+    life.sweep = static_cast<float>(1u << life.dice.Below(5));
+    life.step = copies.Of(first).stepCount;
+    life.secondsLeft = seconds;
+    const auto length = static_cast<std::uint32_t>(Playing::script.size());
+    if (length > life.step && life.dice.Below(4) != 0) {
+        life.scriptFrames = life.dice.Below(length - life.step);
+    }
+    life.way = Extend(nullptr, copies.Of(first));
+    lives.push_back(std::move(life));
+}
+
+Move Hunter::NextMove(Life& life) {
+    constexpr std::uint32_t mostFrames = 500;
+    Move move;
+    if (life.scriptFrames > 0) {
+        move.scriptStep = life.step;
+        move.frames = std::min(life.scriptFrames, mostFrames);
+        life.scriptFrames -= move.frames;
+        life.step += move.frames;
+        return move;
+    }
+    std::uint32_t ms = 16 * Opening::lengths[life.dice.Below(Opening::lengths.size())];
+    if (life.style == Style::Sweeping) {
+        // To and fro, with a rest at each end.
+        life.angle += life.sweep;
+        ms = 100 + life.dice.Below(300);
+        if (std::fabs(life.angle) > fullTilt) {
+            life.angle = std::clamp(life.angle, -fullTilt, fullTilt);
+            life.sweep = -life.sweep;
+            ms = 2000 + life.dice.Below(8000);
+        }
+        move.angle = life.angle;
+    } else if (life.style == Style::Full && life.dice.Below(3) != 0) {
+        move.angle = life.dice.Below(2) == 0 ? fullTilt : -fullTilt;
+        ms = 1000 + life.dice.Below(7000);
+    } else {
+        move.angle = Opening::angles[life.dice.Below(Opening::angles.size())];
+    }
+    move.frameMs = life.frameMs;
+    move.frames = std::clamp(ms / life.frameMs, 1u, mostFrames);
+    return move;
+}
+
+void Hunter::Note(const Life& life, const Leak& leak, const std::vector<RunStep>& steps) {
+    LeakCount& count = result.seeds[life.seed];
+    count.drops += leak.drops;
+    const auto isNear = [&](const LeakPlace& place) {
+        return Distance(place.at, leak.from) < onePlace;
+    };
+    auto place = std::ranges::find_if(result.places, isNear);
+    if (place == result.places.end()) {
+        const double second = SecondsOf(steps, leak.steps);
+        place = result.places.insert(place, {leak.from, 0, count.seed, life.number, second});
+        result.runs.push_back(start);
+        result.runs.back().steps = steps;
+    }
+    place->drops += leak.drops;
+}
+
+bool Hunter::Take(Life& life, const Move& move, Copies::Number copy) {
+    const Outcome& outcome = copies.Of(copy);
+    LeakCount& count = result.seeds[life.seed];
+    life.way = Extend(std::move(life.way), outcome);
+    if (move.scriptStep == Move::none) {
+        const double seconds = outcome.watchedFrames * move.frameMs * 0.001;
+        count.seconds += seconds;
+        life.secondsLeft -= seconds;
+    }
+    count.wins += outcome.finished ? 1 : 0;
+    count.losses += outcome.cameBack ? 1 : 0;
+    if (outcome.leakCount > 0) {
+        const std::vector<RunStep> steps = StepsOf(life.way);
+        for (std::size_t i = 0; i < outcome.leakCount; ++i) {
+            Note(life, outcome.leaks[i], steps);
+        }
+    }
+    if (outcome.lost) {  // the copy of the game died
+        life.secondsLeft = 0.0;
+    }
+    return !outcome.finished && life.secondsLeft > 0.0;
+}
+
+void Hunter::ShowProgress() {
+    double seconds = 0.0;
+    std::uint32_t drops = 0;
+    for (const LeakCount& count : result.seeds) {
+        seconds += count.seconds;
+        drops += count.drops;
+    }
+    line.Show(std::to_string(static_cast<int>(seconds / 60.0)) + " minutes of play, " +
+              std::to_string(drops) + " drops leaked");
+}
+
+void Hunter::Run() {
+    const Rounds::InterruptEndsSearch guard;
+    std::vector<Rounds::Planned> moves;
+    while (!Rounds::IsInterrupted()) {
+        while (lives.size() < abreast && PlanLife()) {
+        }
+        if (lives.empty()) {
+            break;
+        }
+        moves.clear();
+        for (Life& life : lives) {
+            moves.push_back({life.copy == Copies::none ? first : life.copy, NextMove(life)});
+        }
+        Rounds::Play(copies, moves, settings.processes);
+        std::vector<Life> played = std::exchange(lives, {});
+        for (std::size_t i = 0; i < played.size(); ++i) {
+            Life& life = played[i];
+            if (life.copy != Copies::none) {
+                copies.Drop(life.copy);
+            }
+            life.copy = moves[i].copy;
+            if (life.copy == Copies::none) {
+                continue;  // an interrupt
+            }
+            if (Take(life, moves[i].move, life.copy)) {
+                lives.push_back(std::move(life));
+                continue;
+            }
+            copies.Drop(life.copy);
+            if (life.secondsLeft > 0.0) {
+                BeginLife(life.seed, life.secondsLeft);
+            }
+        }
+        ShowProgress();
+    }
+}
+
+}  // namespace
+
+LeakResult HuntLeaks(const SearchSettings& settings, std::uint32_t seeds,
+                     std::vector<RunStep> script) {
+    LeakResult result;
+    HeadlessGame game(settings.windowWidth, settings.windowHeight);
+    result.failure = Playing::Begin(game, settings.level);
+    if (!result.failure.empty()) {
+        return result;
+    }
+    Playing::script = std::move(script);
+    const LeakSpace space;
+    LeakWatch watch(space);
+    Playing::watch = [&](Outcome& outcome) { watch.Look(outcome); };
+    Copies copies(settings.room, 0);
+    const Copies::Number first = copies.StartFirst(game);
+    if (first == Copies::none) {
+        result.failure = "cannot start copies of the game";
+    } else {
+        Hunter(settings, seeds, copies, first, result).Run();
+    }
+    Playing::watch = nullptr;
+    return result;
+}
+
+std::string Text(const LeakResult& result) {
+    char text[200];
+    std::string report;
+    std::uint32_t drops = 0;
+    for (const LeakCount& count : result.seeds) {
+        std::snprintf(text, sizeof text,
+                      "seed %u: %.1f minutes of play in %u lives, %u won, all water lost %u "
+                      "times: %u drops leaked\n",
+                      count.seed, count.seconds / 60.0, count.lives, count.wins, count.losses,
+                      count.drops);
+        report += text;
+        drops += count.drops;
+    }
+    for (const LeakPlace& place : result.places) {
+        std::snprintf(
+            text, sizeof text,
+            "leak near (%.0f, %.0f): %u drops, first after %.1f s of life %u of seed %u\n",
+            double{place.at.x}, double{place.at.y}, place.drops, place.second, place.life,
+            place.seed);
+        report += text;
+    }
+    return report + "drops leaked: " + std::to_string(drops) + "\n";
+}
