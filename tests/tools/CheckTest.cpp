@@ -176,12 +176,69 @@ TEST_F(Check, FindsMoversThatDontWork) {
               "warning: mover 3: has a speed below 0 and leaves its path\n");
 }
 
+TEST_F(Check, FindsMovingSidesInLineWithWalls) {
+    const std::string push = ", carried by mover 0: ";
+    // A lift between two walls, of which the right one begins further up.
+    level.polygons = {Box(0, 0, 10, 200), Box(110, 0, 120, 100), Box(10, 150, 110, 170)};
+    level.polygons[2].id = 6;
+    level.movers = {{6, 50.0f, {0, 0}, {0, -120}}};
+    AddTrigger(TriggerKind::MoverGoToEndOnce, 6);
+    const auto problems = [&](int left, int right) {
+        level.polygons[2] = Box(left, 150, right, 170);
+        level.polygons[2].id = 6;
+        return Problems();
+    };
+    const std::string found = problems(10, 110);
+    EXPECT_EQ(std::ranges::count(found, '\n'), 2) << found;
+    for (const char* wall : {"0 near (10, 100)", "1 near (110, 65)"}) {
+        EXPECT_NE(found.find("warning: polygon 2: slides along a side of polygon " +
+                             std::string(wall) + push),
+                  std::string::npos)
+            << found;
+    }
+    // A gap is as bad as a side that is hardly in the wall; wider and deeper ones are harmless.
+    EXPECT_EQ(std::ranges::count(problems(11, 111), '\n'), 2);
+    EXPECT_EQ(problems(12, 112), "");
+
+    // A slab that moves from one wall to the other.
+    level.polygons = {Box(0, 0, 10, 200), Box(110, 0, 120, 200), Box(10, 50, 60, 70)};
+    level.polygons[2].id = 6;
+    level.polygons[1].points[3].x = 111;
+    level.movers[0].end = {50, 0};
+    const std::string ends = Problems();
+    EXPECT_NE(ends.find("polygon 2: starts its way in line with a side of polygon 0 near (10, 60)"),
+              std::string::npos)
+        << ends;
+    EXPECT_NE(ends.find("polygon 2: ends its way in line with a side of polygon 1 near (110, 60)"),
+              std::string::npos)
+        << ends;
+    level.movers[0].end = {53, 0};
+    level.polygons[2].points[0].x = level.polygons[2].points[3].x = 8;
+    EXPECT_EQ(Problems(), "");
+}
+
 TEST_F(Check, FindsThinWallsButNoSpikesNorWallsOfTwoLeaves) {
     level.polygons = {Box(0, 0, 3, 100), Box(20, 0, 23, 100), Box(23, 0, 26, 100),
                       Box(40, 0, 44, 100), Box(60, 0, 160, 100)};
     level.polygons[4].points = {{60, 0}, {160, 50}, {60, 20}};
     EXPECT_EQ(Problems(),
               "warning: polygon 0: is thinner than 4 near (0, 50): drops pass through\n");
+}
+
+TEST_F(Check, FindsSeamsOfWhichOneSideIsJoined) {
+    // Below 0.81 degrees the two lower sides become one, and those of the floor don't.
+    level.polygons = {Box(0, 0, 1, 1), Box(0, 0, 1, 1), Box(0, 0, 1, 1)};
+    level.polygons[0].points = {{0, 0}, {130, 6}, {140, 60}, {-10, 60}, {-10, 0}};
+    level.polygons[0].points.insert(level.polygons[0].points.begin() + 1, {40, 2});
+    level.polygons[1].points = {{0, 0}, {14, -9}, {30, -7}, {40, 2}};
+    level.polygons[2].points = {{40, 2}, {60, -13}, {100, -11}, {130, 6}};
+    level.polygons[0].surface = 3;
+    const std::string found = Problems();
+    EXPECT_NE(found.find("has an edge inside of another solid near ("), std::string::npos) << found;
+    for (LevelFile::Polygon& polygon : level.polygons) {
+        std::ranges::replace(polygon.points, LevelFile::Point{40, 2}, LevelFile::Point{40, 3});
+    }
+    EXPECT_EQ(Problems(), "");
 }
 
 TEST_F(Check, FindsLevelsWithoutFinishAndWithAnOpenBottom) {

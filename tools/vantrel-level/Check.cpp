@@ -9,6 +9,7 @@ bool PrintCheck(const LevelFile& level, std::list<LevelPolygon>& polygons) {
     CheckJoints(level, polygons, problems);
     CheckRecords(level, problems);
     CheckBindings(level, polygons, problems);
+    CheckSlides(level, polygons, problems);
     CheckSpace(level, polygons, problems);
     std::printf("polygons %zu\nobjects %zu\nforces %zu\nmovers %zu\ntriggers %zu\nsounds %zu\n",
                 level.polygons.size(), level.objects.size(), level.forces.size(),

@@ -44,7 +44,10 @@ void CheckGeometry(const LevelFile& level, const std::list<LevelPolygon>& polygo
                    Problems& problems);
 /// Edges that the game joins into one although they differ.
 void CheckJoints(const LevelFile& level, std::list<LevelPolygon>& polygons, Problems& problems);
-/// Ways for water to get lost: walls too thin to hold it, and a bottom that is open.
+/// Moving sides in the line of a wall, which let water through it.
+void CheckSlides(const LevelFile& level, std::list<LevelPolygon>& polygons, Problems& problems);
+/// Ways for water to get lost: walls too thin to hold it, edges inside of solids, and a bottom
+/// that is open.
 void CheckSpace(const LevelFile& level, std::list<LevelPolygon>& polygons, Problems& problems);
 
 /// The number of images that a name stands for: with "_FRAME", all files that have anything

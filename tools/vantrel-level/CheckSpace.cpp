@@ -1,5 +1,5 @@
-// Ways for water to get lost: walls that drops pass through, and a bottom that is open. Both
-// are asked of the cleaned edges, which are what drops collide with.
+// Ways for water to get lost: walls that drops pass through, seams that they get into, and a
+// bottom that is open. All are asked of the cleaned edges, which are what drops collide with.
 
 #include <algorithm>
 #include <cmath>
@@ -17,6 +17,7 @@
 namespace {
 
 using Edges = std::vector<BspSegment>;
+using Numbers = std::unordered_map<const LevelPolygon*, std::size_t>;
 
 /// Units. A drop has a radius of 2; from one hop to the next it can pass a thinner wall.
 constexpr double thinnest = 4.0;
@@ -45,7 +46,8 @@ public:
         std::vector<Box> boxes;
         auto record = level.polygons.begin();
         for (const LevelPolygon& polygon : polygons) {
-            if (polygon.solid && polygon.triangleCount > 0 && !polygon.movedByMover) {
+            if (polygon.solid && polygon.triangleCount > 0 && !polygon.movedByMover &&
+                !polygon.toggledByTrigger) {
                 outlines.push_back(&record->points);
                 boxes.push_back(Box::Round(record->points));
             }
@@ -54,12 +56,13 @@ public:
         tree.emplace(std::move(boxes));
     }
 
-    bool Contain(Vector2 point) {
+    std::ptrdiff_t CountAt(Vector2 point) {
         tree->Find({point.x, point.y, point.x, point.y}, hits);
-        return std::ranges::any_of(hits, [&](std::size_t number) {
+        return std::ranges::count_if(hits, [&](std::size_t number) {
             return Outline::Contains(*outlines[number], point.x, point.y);
         });
     }
+    bool Contain(Vector2 point) { return CountAt(point) > 0; }
 
 private:
     std::vector<const Outline::Points*> outlines;
@@ -67,13 +70,8 @@ private:
     std::vector<std::size_t> hits;
 };
 
-void CheckThickness(const LevelFile& level, const Edges& edges,
-                    const std::list<LevelPolygon>& polygons, Problems& problems) {
-    Solids solids(level, polygons);
-    std::unordered_map<const LevelPolygon*, std::size_t> numbers;
-    for (const LevelPolygon& polygon : polygons) {
-        numbers.emplace(&polygon, numbers.size());
-    }
+void CheckThickness(const Edges& edges, Solids& solids, const Numbers& numbers,
+                    Problems& problems) {
     std::vector<Box> boxes;
     boxes.reserve(edges.size());
     for (const BspSegment& edge : edges) {
@@ -99,7 +97,7 @@ void CheckThickness(const LevelFile& level, const Edges& edges,
             const Vector2 normal = edges[i].normal;
             const float beyond = static_cast<float>(*thickness) + 1.0f;
             if (!solids.Contain(middle - normal) && !solids.Contain(middle + normal * beyond)) {
-                thin.emplace(numbers[edges[i].polygon], middle);
+                thin.emplace(numbers.at(edges[i].polygon), middle);
             }
         }
     }
@@ -107,6 +105,21 @@ void CheckThickness(const LevelFile& level, const Edges& edges,
         problems.Warning("polygon", number,
                          Message("is thinner than ", thinnest, " near (", std::lround(place.x),
                                  ", ", std::lround(place.y), "): drops pass through"));
+    }
+}
+
+/// Seams that weren't cleaned away: edges that face a solid instead of the space for water. Those
+/// of solids that overlap, behind which lies the other one too, are told of elsewhere.
+void CheckSeams(const Edges& edges, Solids& solids, const Numbers& numbers, Problems& problems) {
+    for (const BspSegment& edge : edges) {
+        const Vector2 middle = (edge.start + edge.end) * 0.5f;
+        if (!edge.polygon->toggledByTrigger && solids.Contain(middle - edge.normal) &&
+            solids.CountAt(middle + edge.normal) == 1) {
+            problems.Warning(
+                "polygon", numbers.at(edge.polygon),
+                Message("has an edge inside of another solid near (", std::lround(middle.x), ", ",
+                        std::lround(middle.y), "): drops get in at its ends"));
+        }
     }
 }
 
@@ -304,6 +317,12 @@ void CheckBottom(const LevelFile& level, const Edges& edges, Problems& problems)
 
 void CheckSpace(const LevelFile& level, std::list<LevelPolygon>& polygons, Problems& problems) {
     const Edges edges = BspEdges::Clean(BspEdges::Collect(polygons));
-    CheckThickness(level, edges, polygons, problems);
+    Numbers numbers;
+    for (const LevelPolygon& polygon : polygons) {
+        numbers.emplace(&polygon, numbers.size());
+    }
+    Solids solids(level, polygons);
+    CheckThickness(edges, solids, numbers, problems);
+    CheckSeams(edges, solids, numbers, problems);
     CheckBottom(level, edges, problems);
 }
