@@ -41,7 +41,7 @@ def reservoir():
     stage.solid([(500, 64 - 12), (600, 58), (600, 230), (500, 230)], "stone", BRICK,
                 name="gate house")
     plate = stage.plate(44, 400, 76)
-    stage.gate((540, 230, 24, 100), (0, -96), plate, speed=50, edge=False)
+    stage.gate((540, 228, 24, 104), (0, -96), plate, speed=50, edge=False)
     stage.arrow(150, 290, "left")
     stage.arrow(640, 270, "right")
     stage.pipe([(80, 460), (80, 250), (500, 250)])
@@ -93,7 +93,7 @@ def lock():
     stage.solid(box(1122, 560, 1140, 920), "stone", name="lock wall, left")
     stage.solid(box(1122, 960, 1140, 1036), "stone", name="lock wall, left below")
     stage.solid(box(1302, 820, 1320, 1036), "stone", name="lock wall, right")
-    stage.gate((1140, 780, 160, 20), (0, 300), (1150, 700, 140, 78), speed=70, delay=1.5)
+    stage.gate((1138, 780, 166, 22), (0, 300), (1150, 700, 140, 78), speed=70, delay=1.5)
     stage.rail((1220, 790), (1220, 1090), 150)
     stage.pipe([(1340, 600), (1340, 700)], layer=0)
     stage.gauge(1220, 640)
@@ -132,7 +132,7 @@ def race():
                 name="race, metal")
     stage.solid(box(1500, 828, 1534, 980), "stone", BRICK, name="gate house")
     gate, middle = stage.new_id(), (1517, 1030)
-    stage.solid(box(1506, 980, 1528, 1080), "metal", COPPER, id=gate, edge=False,
+    stage.solid(box(1506, 978, 1528, 1082), "metal", COPPER, id=gate, edge=False,
                 name="race gate")
     stage.mover(gate, middle, (1517, 934), 15, name="race gate")
     stage.trigger("Mover_goto_end_a", stage.plate(60, 1120, 150), target=gate, name="opens")
@@ -170,7 +170,7 @@ def winched(x, top, bottom, plate, delay, speed):
     """A gate that a winch lifts in its own time; until then water squirts through its foot."""
     gate_house(x, top)
     travel = bottom - top - 6
-    stage.gate((x, top, 20, bottom - top), (0, -travel), plate, speed=speed, delay=delay,
+    stage.gate((x, top - 2, 20, bottom - top + 4), (0, -travel), plate, speed=speed, delay=delay,
                edge=False)
     stage.winch(x + 60, top + 44, plate, delay, travel / speed)
     for settings in ("splash", "jet"):
@@ -191,7 +191,7 @@ def locks():
     winched(1160, 1374, 1470, stage.plate(1380, 1470, 60), 0.4, 15)
     gate_house(840, 1414)
     gate = stage.new_id()
-    stage.solid(box(840, 1414, 860, 1510), "metal", COPPER, id=gate, edge=False,
+    stage.solid(box(840, 1412, 860, 1512), "metal", COPPER, id=gate, edge=False,
                 name="third gate")
     stage.hazard(840, 1500, 860, 1510, id=gate)
     stage.mover(gate, (850, 1460), (850, 1366), 45, name="third gate")

@@ -104,7 +104,7 @@ def boilers():
 
 def hall():
     """The bell at the top of the second chimney opens the hall when steam presses into it."""
-    stage.gate((1183, 327, 12, 94), (0, -92), (1096, 330, 84, 50), speed=90)
+    stage.gate((1183, 327, 12, 100), (0, -98), (1096, 330, 84, 50), speed=90)
     stage.shake((1096, 330, 84, 50), delay=1.0)
     stage.trigger("To_steam_a", (1094, 326, 86, 110), name="hot bell")
     stage.warmer((1290, 300, 120, 70), lamp=False)

@@ -40,7 +40,7 @@ def lift_shaft():
     stage.solid(box(580, 360, 620, 1040), "stone", BRICK, name="shaft wall")
     lift = stage.new_id()
     # It runs in a groove of the wall, as nothing must get in beside it.
-    stage.solid([(440, 910), (510, 924), (588, 908), (588, 936), (440, 936)], "metal", COPPER,
+    stage.solid([(438, 910), (510, 924), (588, 908), (588, 936), (438, 936)], "metal", COPPER,
                 id=lift, name="lift")
     stage.mover(lift, (510, 924), (510, 332), 80, name="lift")
     stage.trigger("Mover_goto_end_a", (530, 884, 50, 44), target=lift, delay=2.4, name="lift rises")
@@ -69,7 +69,7 @@ def hammer_gallery():
                 [(1180, 320), (1180, 360), (620, 360), (580, 360)], "stone", TILE, name="gallery")
     stage.solid(box(620, 88, 1120, 116), "stone", BRICK, name="hammer beam")
     for x, speed in ((690, 55), (850, 70), (1010, 85)):
-        stage.piston(x, 116, 64, 90, (0, 112), speed=speed)
+        stage.piston(x, 114, 64, 92, (0, 112), speed=speed)
         stage.hazard(x - 8, 320, x + 72, 330)
     stage.check_point(596, 190, 80, 128)
     stage.check_point(1096, 190, 80, 128)
@@ -80,7 +80,7 @@ def hammer_gallery():
 
 def shuttle():
     """Over the pit; a full tilt spills everything."""
-    deck(1180, 330, 150, (270, 0), 60)
+    deck(1178, 330, 154, (270, 0), 60)
     stage.solid([(1180, 360), (1204, 360), (1204, 566), (1600, 566), (1600, 340), (1690, 350),
                  (1690, 390), (1616, 384), (1616, 600), (1180, 600)], "stone", BRICK,
                 name="turbine pit and far landing")
@@ -102,8 +102,9 @@ def rising_steps():
     """Each platform is up when the next is down."""
     stage.solid([(1590, 700), (1760, 670), (1760, 730), (1620, 740), (1620, 950), (1590, 950)],
                 "stone", name="catch shelf")
-    for x, low, high in ((1464, 700, 790), (1338, 790, 700), (1212, 700, 790)):
-        deck(x, low, 126, (0, high - low), 36)
+    for left, right, low, high in ((1464, 1592, 700, 790), (1338, 1464, 790, 700),
+                                   (1210, 1338, 700, 790)):
+        deck(left, low, right - left, (0, high - low), 36)
     stage.solid([(700, 775), (1212, 708), (1212, 920), (1590, 920), (1590, 950), (1180, 950),
                  (1180, 810), (700, 810)], "stone", BRICK, name="turbine tray")
     stage.kill((1212, 850, 378, 70))
@@ -132,7 +133,7 @@ def double_hammer():
                 name="way, metal")
     stage.solid(box(900, 810, 1090, 846), "stone", BRICK, name="hammer house")
     for x, speed in ((912, 110), (1012, 75)):
-        stage.piston(x, 846, 64, 90, (0, 162), speed=speed)
+        stage.piston(x, 844, 64, 92, (0, 162), speed=speed)
     stage.hazard(900, 1100, 1090, 1110)
     stage.check_point(690, 970, 110, 128)
     stage.arrow(650, 860, "down")
@@ -155,7 +156,7 @@ def press():
         stage.scenery(1, box(x, 1180, x + 20, 1320), METAL, id=press, name="press rod")
     stage.hazard(952, 1560, 1248, 1570)
     stage.scenery(1, box(930, 1154, 1270, 1190), BEAM, name="press beam")
-    paddles = [deck(474, 1600, 116, (0, -234), 50), deck(342, 1192, 120, (0, 234), 50)]
+    paddles = [deck(472, 1600, 120, (0, -234), 50), deck(342, 1192, 122, (0, 234), 50)]
     # The paddles pass each other behind it; over its sill water steps across.
     stage.solid([(462, 1196), (474, 1196), (474, 1336), (462, 1336)], "metal", name="screen")
     wheel, hum = stage.new_id(), stage.new_id()

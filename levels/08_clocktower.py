@@ -40,7 +40,7 @@ def wall_lift(left, low, high, call):
     Below it, gears."""
     id = stage.new_id()
     y = low + 10
-    a, b = (left - 8, left + 140) if left == LEFT else (left, left + 148)
+    a, b = (left - 8, left + 142) if left == LEFT else (left - 2, left + 148)
     stage.solid([(a, y), (left + 70, y + 14), (b, y), (b, y + 26), (a, y + 26)], "metal", COPPER,
                 id=id, name="lift")
     stage.mover(id, (left, y), (left, high), LIFT, name="lift")
@@ -109,11 +109,11 @@ def first_floor():
     """A bob over the gap, a weight before the lift."""
     y, low = FIRST, FIRST + 2 * STEP
     floor([(60, y + 130), (200, y + 130), (200, low)] + hollow(366, 426, low) +
-          [(440, low), (440, y + 130), (700, y + 130), (700, y)] + hollow(742, 818, y) +
+          [(440, low), (440, y + 130), (706, y + 130), (706, y + 8), (700, y + 8), (700, y)] + hollow(742, 818, y) +
           [(908, y), (940, y + 12), (974, y + 12), (1000, y), (1000, y + 34), (716, y + 34),
            (716, y + 146), (424, y + 146), (424, low + 34), (216, low + 34), (216, y + 146),
            (60, y + 146)], "stone", [(440, 700, low)])
-    bob(440, 550, y + STEP)
+    bob(438, 548, y + STEP, 152)
     weight(290, low, 80)
     wall_lift(LEFT, low, SECOND, call=(380, low - 24, 40, 24))
     stage.check_point(910, y - 116, 80, 128)
@@ -125,13 +125,13 @@ def second_floor():
     """Two weights, then two bobs that meet over the middle."""
     y, low = SECOND, SECOND + 3 * STEP
     floor([(200, y), (226, y + 12), (260, y + 12), (292, y)] + hollow(364, 444, y, 12) +
-          [(512, y), (540, y + 12), (572, y), (584, y), (584, y + 150),
+          [(512, y), (540, y + 12), (572, y), (584, y), (584, y + 8), (578, y + 8), (578, y + 150),
            (964, y + 150), (964, low), (1000, low), (1000, y + 150), (1140, y + 150), (1140, y + 166), (568, y + 166),
            (568, y + 34), (200, y + 34)], "wood", [(584, 964, low)])
     weight(296, y, 80)
     weight(448, y, 100)
     bob(584, 634, y + STEP, 140, speed=30)
-    bob(824, 774, y + 2 * STEP, 140, speed=30)
+    bob(824, 774, y + 2 * STEP, 142, speed=30)
     wall_lift(1000, low, THIRD, call=(966, low - 24, 32, 24))
     stage.check_point(208, y - 116, 76, 128)
     stage.arrow(390, y - 150, "right")
@@ -142,13 +142,13 @@ def third_floor():
     """The great weight that shakes the tower, and a bob on the way to the escapement."""
     y, low = THIRD, THIRD + 2 * STEP
     floor([(60, y + 180), (356, y + 180), (356, low), (382, low + 12), (416, low + 12),
-           (448, low), (460, low), (460, y + 130), (700, y + 130), (700, y),
+           (448, low), (460, low), (460, y + 130), (706, y + 130), (706, y + 8), (700, y + 8), (700, y),
            (712, y), (744, y + 12), (776, y), (908, y), (940, y + 12), (974, y + 12),
            (1000, y), (1000, y + 34), (716, y + 34), (716, y + 146), (444, y + 146), (444, low + 34), (372, low + 34), (372, y + 196),
            (60, y + 196)], "stone", [(460, 700, low)])
     weight(780, y, 110, speed=60, width=110)
     stage.shake((776, y - 70, 118, 68), again=True)
-    bob(460, 550, y + STEP)
+    bob(458, 548, y + STEP, 152)
     stage.check_point(910, y - 116, 80, 128)
     stage.arrow(940, y - 150, "left")
     clock = stage.clock_face(600, 470)
@@ -162,9 +162,9 @@ def escapement():
     y = foot + 40  # the lowest step when it is down
     right, left = stage.new_id(), stage.new_id()
     for step in (y, y - 240):
-        stage.solid([(216, step), (286, step + 14), (356, step), (356, step + 26),
-                     (216, step + 26)], "cloth", COPPER, id=right, name="step of the right rod")
-    stage.solid([(52, y - 300), (130, y - 286), (200, y - 300), (200, y - 274), (52, y - 274)],
+        stage.solid([(214, step), (286, step + 14), (358, step), (358, step + 26),
+                     (214, step + 26)], "cloth", COPPER, id=right, name="step of the right rod")
+    stage.solid([(52, y - 300), (130, y - 286), (202, y - 300), (202, y - 274), (52, y - 274)],
                 "cloth", COPPER, id=left, name="step of the left rod")
     stage.scenery(1, box(280, y - 470, 292, y + 20), IRON, id=right, name="right rod")
     stage.scenery(1, box(124, y - 650, 136, y - 280), IRON, id=left, name="left rod")
@@ -220,7 +220,7 @@ def belfry():
     stage.shake(rope, again=True)
     stage.sparks(590, y - 60, rope)
     stage.solid(box(420, -452, 440, y - 110), "stone", name="lintel")
-    stage.gate((420, y - 110, 20, 110), (0, -104), rope, speed=50, delay=1.0)
+    stage.gate((420, y - 112, 20, 114), (0, -104), rope, speed=50, delay=1.0)
     stage.check_point(910, y - 116, 80, 128)
     stage.finish(102, y + 30, 180, 60)
     stage.solid([(LEFT, y + 30), (84, y + 30), (84, y + 110), (LEFT, y + 110)], "metal",

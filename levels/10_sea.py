@@ -106,7 +106,7 @@ def cistern():
     stage.solid([(1540, 672), (1556, 672), (1590, 700), (1670, 700), (1700, 640), (1716, 640),
                   (1716, 750), (1540, 750)], "metal", name="cistern bowl")
     stage.solid([(1150, 700), (1400, 708), (1400, 750), (1150, 750)], "wood", name="ledge")
-    stage.gate((1226, 750, 18, 100), (0, 98), stage.plate(1154, 700, 60), speed=40)
+    stage.gate((1226, 748, 18, 104), (0, 100), stage.plate(1154, 700, 60), speed=40)
     stage.jet((1716, 640, 60, 208), (0, -1), 330)
     stage.check_point(1300, 756, 60, 93)
 
@@ -126,7 +126,7 @@ def gallery():
                   name="pump's apron")
     stage.suction(1560, 1220, (1656, 1190, 64, 262), 9000)
     stage.lost(1242, 1538, 1370, 60, ((1208, 1300, 1240, 1310), (1540, 1296, 1566, 1306)))
-    stage.cradle(1430, 1296, 110, (1240, 1300), speed=60)
+    stage.cradle(1428, 1296, 114, (1238, 1300), speed=60)
     stage.jet((680, 1423, 180, 56), (-1, 0), 380)
     stage.check_point(1800, 1340, 70, 108)
     stage.check_point(1568, 1200, 66, 103)
@@ -145,8 +145,9 @@ def hoist(points, travel, speed, area, delay):
 
 def lift():
     """The plate in the cave sets it going; who is quick gets back in time."""
-    hoist([(420, 1474), (428, 1474), (428, 1480), (552, 1480), (552, 1474), (560, 1474),
-            (560, 1494), (420, 1494)], (0, -444), 90, stage.plate(66, 1440, 70), 2.5)
+    hoist([(418, 1474), (428, 1474), (428, 1480), (552, 1480), (552, 1474), (562, 1474),
+            (562, 1482), (550, 1494), (430, 1494), (418, 1482)], (0, -444), 90,
+          stage.plate(66, 1440, 70), 2.5)
     stage.rail((490, 1487), (490, 1043), 140)
     stage.check_point(200, 1360, 60, 102)
     stage.kill((420, 1506, 140, 24))
@@ -157,7 +158,7 @@ def lift():
 
 def hammers():
     for x, speed in ((650, 75), (800, 100)):
-        stage.piston(x, 876, 64, 90, (0, 112), speed=speed)
+        stage.piston(x, 874, 64, 92, (0, 112), speed=speed)
         stage.hazard(x - 8, 1080, x + 72, 1090)
     stage.check_point(570, 960, 66, 119)
 
@@ -220,7 +221,7 @@ def storm():
     stage.trigger("Emitter_start_1", out, target=gusts, name="storm")
     stage.trigger("Emitter_stop_1", top, target=gusts, name="storm")
     stage.shake(out)
-    hoist([(1622, 406), (1667, 427), (1712, 406), (1712, 440), (1622, 440)], (0, -206), 60, (1642,
+    hoist([(1619, 406), (1667, 427), (1714, 406), (1714, 440), (1616, 440)], (0, -206), 60, (1642,
             380, 50, 46), 0.5)
     stage.rail((1667, 430), (1667, 214), 90)
 

@@ -63,9 +63,9 @@ def hatch():
     """Closes the funnel; draws aside once water lies on it, and the valve opens with it."""
     full = (1300, 600, 112, 110)
     id = stage.new_id()
-    solid(box(1284, 712, 1428, 726), "metal", COPPER, id=id, name="hatch")
+    solid(box(1284, 710, 1428, 726), "metal", COPPER, id=id, name="hatch")
     stage.rail((1356, 719), (1500, 719), 144)
-    stage.mover(id, (1356, 719), (1500, 719), 42, name="hatch")
+    stage.mover(id, (1356, 719), (1498, 719), 42, name="hatch")
     stage.trigger("Mover_goto_end_1", full, target=id, delay=0.6, name="hatch opens")
     stage.winch(1230, 690, full, 0.6, 4.0)
     stage.pipe([(1104, 40), (1104, 250), (1648, 250), (1648, 330)])
@@ -126,8 +126,8 @@ def tower():
     """A lift that goes up with the water on it, comes when it is called, and ramps down again."""
     id, (x, y) = stage.new_id(), (1940, 1262)
     # Its right end runs inside of the wall, so that no water is caught between the two.
-    solid([(x, y), (x + 8, y), (x + 18, y + 10), (x + 148, y + 10), (x + 148, y + 28),
-           (x + 34, y + 28)], "metal", COPPER, id=id, name="lift")
+    solid([(x - 3, y), (x + 8, y), (x + 18, y + 10), (x + 148, y + 10), (x + 148, y + 30),
+           (x + 33, y + 30)], "metal", COPPER, id=id, name="lift")
     stage.hazard(x + 34, y + 20, x + 140, y + 28, id=id)
     stage.rail((x + 70, y + 14), (x + 70, 604), 140)
     stage.mover(id, (x, y), (x, 590), 80, name="lift")
@@ -148,7 +148,7 @@ def fourth_storey():
            (1756, 1580), (2020, 1536), (2100, 1536), (2210, 1516), (2350, 1498), (2440, 1498)],
           "wood", name="boards")
     plate = stage.plate(2360, 1478, 76)
-    stage.gate((2050, 1420, 20, 96), (0, -92), plate, speed=40, edge=False)
+    stage.gate((2050, 1418, 20, 100), (0, -92), plate, speed=40, edge=False)
     stage.winch(2176, 1330, plate, 0.0, 2.3)
     solid([(1756, 1560), (1640, 1590), (1500, 1628), (1420, 1640), (1420, 1656), (1496, 1646),
            (1640, 1608), (1756, 1580)], "metal", name="chute")
