@@ -7,6 +7,7 @@
 #include <limits>
 
 #include "engine/EmbeddedResources.h"
+#include "platform/Assert.h"
 #include "platform/Paths.h"
 
 void BufferedFile::Close() {
@@ -27,6 +28,7 @@ void BufferedFile::Read(void* destination, std::size_t byteCount) {
         return;
     }
     if (byteCount > 0) {
+        VANTREL_ASSERT(destination != nullptr);
         std::memcpy(destination, Cursor(), byteCount);
     }
     position += byteCount;

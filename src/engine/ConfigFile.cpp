@@ -9,6 +9,7 @@
 
 #include "engine/Console.h"
 #include "engine/Text.h"
+#include "platform/Assert.h"
 #include "platform/Paths.h"
 
 namespace {
@@ -57,6 +58,7 @@ void ConfigFile::Load(const char* fileName) {
 }
 
 void ConfigFile::Parse(std::string_view text, const char* fileName) {
+    VANTREL_ASSERT(fileName != nullptr);
     Clear();
     const std::vector<std::string_view> words = Words(text.substr(0, text.find('\0')));
     if (words.size() % 2 != 0) {

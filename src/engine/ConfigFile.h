@@ -17,7 +17,7 @@ public:
     /// Clears the map, then reads the file.
     void Load(const std::string& fileName) { Load(fileName.c_str()); }
     void Load(const char* fileName);
-    /// Clears the map, then reads the text as if it were a file of the given name. A zero
+    /// Clears the map, then reads the text as if it were a file of the given name, not null. A zero
     /// byte ends the text.
     void Parse(std::string_view text, const char* fileName);
     void Clear() { values.clear(); }

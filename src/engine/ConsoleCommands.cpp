@@ -10,7 +10,9 @@
 
 #include "engine/Console.h"
 #include "engine/Text.h"
+#include "platform/Assert.h"
 #include "platform/System.h"
+#include "platform/ThreadPriority.h"
 
 namespace {
 
@@ -248,6 +250,7 @@ const std::map<std::string, ConsoleCommand>& Commands() {
 }
 
 void AddCommand(ConsoleCommand command) {
+    VANTREL_ASSERT(Platform::IsMainThread());
     const bool isNull =
         std::visit([](auto pointer) { return pointer == nullptr; }, command.function);
     if (command.name.empty() || isNull || command.name.find(' ') != std::string::npos) {
@@ -261,6 +264,7 @@ void AddCommand(std::string_view name, ConsoleCommand::Function function) {
 }
 
 void RemoveCommand(std::string_view name) {
+    VANTREL_ASSERT(Platform::IsMainThread());
     Registry().erase(UpperCased(name));
 }
 
@@ -314,6 +318,7 @@ bool ReadWord(const std::string& word, std::string& value) {
 }
 
 void Execute(std::string_view line) {
+    VANTREL_ASSERT(Platform::IsMainThread());
     line = WithoutLeadingBlanks(line);
     if (line.empty()) {
         return;

@@ -5,6 +5,8 @@
 #include "engine/Console.h"
 #include "engine/ConsoleCommands.h"
 #include "engine/Text.h"
+#include "platform/Assert.h"
+#include "platform/ThreadPriority.h"
 #include "platform/Window.h"
 
 namespace Console {
@@ -135,6 +137,7 @@ void ForgetHistory() {
 }
 
 void HandleKey(int virtualKey) {
+    VANTREL_ASSERT(Platform::IsMainThread());
     switch (virtualKey) {
         case Backspace:
             if (inputCursor > 0) {

@@ -8,6 +8,7 @@
 #include <thread>
 #include <utility>
 
+#include "platform/Assert.h"
 #include "platform/ThreadPriority.h"
 
 struct Thread::Handle {
@@ -45,6 +46,7 @@ Thread::Thread(Routine routine) {
 }
 
 Thread::~Thread() {
+    VANTREL_ASSERT(std::this_thread::get_id() == owner);
     Resume();
     if (handle) {
         handle->thread.join();
@@ -52,6 +54,7 @@ Thread::~Thread() {
 }
 
 void Thread::Resume() {
+    VANTREL_ASSERT(std::this_thread::get_id() == owner);
     if (handle && suspended) {
         suspended = false;
         handle->held = false;
@@ -60,6 +63,7 @@ void Thread::Resume() {
 }
 
 void Thread::Suspend() {
+    VANTREL_ASSERT(std::this_thread::get_id() == owner);
     if (handle && !suspended) {
         handle->held = true;
         suspended = true;
@@ -67,6 +71,7 @@ void Thread::Suspend() {
 }
 
 void Thread::SetPriority(int value) {
+    VANTREL_ASSERT(std::this_thread::get_id() == owner);
     if (handle && value >= -2 && value <= 2 && Platform::SetThreadPriority(Id(), value)) {
         priority = value;
     }

@@ -9,6 +9,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <thread>
 
 class Thread {
 public:
@@ -43,6 +44,7 @@ private:
     struct Handle;
 
     std::unique_ptr<Handle> handle;
+    std::thread::id owner = std::this_thread::get_id();
     bool suspended = true;
     int priority = 0;
 };

@@ -12,6 +12,7 @@
 #include <string_view>
 #include <thread>
 
+#include "platform/Assert.h"
 #include "platform/Descriptor.h"
 #include "platform/Paths.h"
 
@@ -29,6 +30,8 @@ constexpr milliseconds lockPatience{2000};
 constexpr milliseconds lockPause{5};
 constexpr int mostLinks = 40;  // in a row; as many as the system follows
 constexpr int mostNames = 1000;
+
+thread_local bool isUpdating = false;  // this thread has an update at work
 
 /// The file that is meant, which need not exist; empty if the links never end.
 fs::path BehindLinks(fs::path path) {
@@ -109,9 +112,13 @@ bool WriteAll(int file, const char* data, std::size_t size) {
 FileUpdate::FileUpdate(const fs::path& path)
     : target(BehindLinks(path)),
       directory(OpenDirectoryOf(target)),
-      locked(directory >= 0 && Lock(directory)) {}
+      locked(directory >= 0 && Lock(directory)) {
+    VANTREL_ASSERT(!isUpdating);  // it would wait for itself
+    isUpdating = true;
+}
 
 FileUpdate::~FileUpdate() {
+    isUpdating = false;
     if (directory >= 0) {
         close(directory);
     }
@@ -162,6 +169,7 @@ bool FileUpdate::CanWrite() const {
 }
 
 bool FileUpdate::Write(const void* data, std::size_t size) const {
+    VANTREL_ASSERT(data != nullptr || size == 0);
     if (locked) {
         SweepDirectoryOf(target);
     }

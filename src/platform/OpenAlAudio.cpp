@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/Assert.h"
 #include "platform/OpenAlState.h"
 
 namespace Platform {
@@ -53,6 +54,7 @@ bool OpenAlAudio::Start() {
 }
 
 void OpenAlAudio::Stop() {
+    VANTREL_ASSERT(state->starts > 0);
     if (state->starts == 0 || --state->starts > 0) {
         return;
     }
