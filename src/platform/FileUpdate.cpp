@@ -165,7 +165,10 @@ int FileUpdate::CreateTemporary(fs::path& made) const {
 bool FileUpdate::CanWrite() const {
     fs::path temporary;
     const Descriptor file(CreateTemporary(temporary));
-    return file.IsOpen() && unlink(temporary.c_str()) == 0;
+    if (file.IsOpen()) {
+        unlink(temporary.c_str());
+    }
+    return file.IsOpen();
 }
 
 bool FileUpdate::Write(const void* data, std::size_t size) const {
