@@ -3,7 +3,8 @@
 // editor with history and completion, and typed commands (ConsoleCommands.h). Printing is
 // valid at any moment. Messages start with "\n" and don't end with one.
 //
-// Keys and commands are the main thread's; another may print while that one waits. Drawing lies in graphics/ConsoleDraw.h.
+// Keys and commands are the main thread's; another may print while that one waits. Drawing lies in
+// graphics/ConsoleDraw.h.
 
 #include <array>
 #include <cstdint>
