@@ -12,8 +12,8 @@
 namespace Platform {
 
 /// One change of one file. While it lives, other updates in the same directory wait, in this
-/// program and in others; a thread has one at a time. A symbolic link stays one: the file that it leads to
-/// is meant. Where a lock can't be had within two seconds, or at all, it goes on without.
+/// program and in others; a thread has one at a time. A symbolic link stays one: the file that it
+/// leads to is meant. Where a lock can't be had within two seconds, or at all, it goes on without.
 class FileUpdate {
 public:
     enum class State { Missing, Unreadable, Read };
