@@ -6,6 +6,7 @@
 #include "actors/TriggerEffects.h"
 #include "engine/Console.h"
 #include "level/Limits.h"
+#include "platform/Assert.h"
 
 namespace {
 
@@ -50,6 +51,7 @@ void DelayedEffects::Run(float dt) {
 }
 
 void DelayedEffects::Add(std::span<const Firing> fired, float dt) {
+    VANTREL_ASSERT(std::ranges::is_sorted(fired, {}, &Firing::order));
     for (const Firing& firing : fired) {
         const float delay = firing.trigger->delay;
         if (IsForEver(delay)) {

@@ -8,6 +8,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "platform/Assert.h"
+
 /// The things of an id that were there when this was bound; later ones aren't part of it.
 /// Valid until the index is cleared.
 template <class T>
@@ -34,6 +36,7 @@ public:
     /// in list order.
     template <class List>
     BoundTargets<T> Bind(List& list, std::uint32_t id) {
+        VANTREL_ASSERT(list.size() >= indexed);
         if (list.size() > indexed) {
             const auto fresh = static_cast<std::ptrdiff_t>(list.size() - indexed);
             for (auto it = std::prev(list.end(), fresh); it != list.end(); ++it) {

@@ -13,6 +13,7 @@
 #include "engine/Text.h"
 #include "game/Game.h"
 #include "graphics/TextureManager.h"
+#include "platform/Assert.h"
 
 void LevelObject::SetTexture(const std::string& name) {
     std::vector<std::string> names;
@@ -152,6 +153,7 @@ void Shutdown() {
 }
 
 void Add(const LevelObject& object) {
+    VANTREL_ASSERT(object.layer < LevelObject::layerCount);
     if (object.frameCount == 1) {
         objects.push_back(object);
     } else if (object.frameCount > 1) {

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/Assert.h"
+
 namespace {
 
 /// Far beyond any level, world units; keeps offsets and their sums finite.
@@ -26,6 +28,7 @@ void Mover::SetPath(Vector2 from, Vector2 to) {
 }
 
 void Mover::Advance(float dt) {
+    VANTREL_ASSERT(state >= Stopped && state <= LoopingToEnd);
     constexpr float shortestStep = 0.0000001f;
     const float d = speed * std::max(dt, shortestStep);
     switch (state) {

@@ -16,6 +16,7 @@
 #include "game/Game.h"
 #include "level/Collision.h"
 #include "level/LevelData.h"
+#include "platform/Assert.h"
 
 namespace MoverManager {
 
@@ -203,6 +204,7 @@ void CollectVisible() {
 }
 
 void Step(float dt) {
+    VANTREL_ASSERT(dt >= 0.0f);
     for (Mover& mover : movers) {
         mover.Advance(dt);
     }

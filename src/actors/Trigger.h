@@ -8,6 +8,7 @@
 #include "actors/IdIndex.h"
 #include "engine/Vector2.h"
 #include "level/TriggerTypes.h"
+#include "platform/Assert.h"
 
 class LevelPolygon;
 struct Emitter;
@@ -45,7 +46,10 @@ struct Trigger {
     Vector2 Centre() const;
     /// The type's kind; of no enumerator if the number is unknown.
     TriggerKind Kind() const { return static_cast<TriggerKind>(type); }
-    bool IsSpent() const { return typeInfo->fireLimit != 0 && fireCount >= typeInfo->fireLimit; }
+    bool IsSpent() const {
+        VANTREL_ASSERT(typeInfo != nullptr);
+        return typeInfo->fireLimit != 0 && fireCount >= typeInfo->fireLimit;
+    }
 
     TriggerTriangle triangleA;  ///< corners 0, 1, 2
     TriggerTriangle triangleB;  ///< corners 2, 3, 0

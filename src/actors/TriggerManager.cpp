@@ -18,6 +18,7 @@
 #include "engine/ConsoleCommands.h"
 #include "game/Game.h"
 #include "level/LevelData.h"
+#include "platform/Assert.h"
 #include "water/FxParticleManager.h"
 #include "water/GroupedParticleMover.h"
 #include "water/ParticleManager.h"
@@ -202,6 +203,7 @@ void Reset() {
 }
 
 void Step(float dt) {
+    VANTREL_ASSERT(dt >= 0.0f);
     delayedEffects.Run(dt);
     CollectCandidates(dt);
     if (candidates.empty()) {

@@ -10,6 +10,7 @@
 #include "engine/Console.h"
 #include "engine/ConsoleCommands.h"
 #include "engine/Text.h"
+#include "platform/Assert.h"
 #include "platform/Paths.h"
 
 namespace SoundManager {
@@ -136,6 +137,7 @@ void Release(std::string_view name) {
         return;
     }
     const auto entry = Samples().find(UpperCased(name));
+    VANTREL_ASSERT(entry == Samples().end() || entry->second.referenceCount > 0);
     if (entry == Samples().end() || --entry->second.referenceCount > 0) {
         return;
     }

@@ -5,6 +5,7 @@
 #include <bit>
 
 #include "engine/Console.h"
+#include "platform/Assert.h"
 #include "platform/Paths.h"
 
 AviPlayer::AviPlayer(const std::string& fileName) {
@@ -77,6 +78,7 @@ void AviPlayer::Update() {
 }
 
 void AviPlayer::Show(std::uint32_t number) {
+    VANTREL_ASSERT(IsOpen() && number < frameCount);
     const unsigned char* const pixels = video->Frame(number);
     if (pixels != nullptr) {
         Upload(pixels);

@@ -9,6 +9,7 @@
 #include "engine/Text.h"
 #include "graphics/ImageReader.h"
 #include "graphics/TgaReader.h"
+#include "platform/Assert.h"
 #include "platform/Paths.h"
 
 namespace TextureManager {
@@ -199,6 +200,7 @@ void Release(const std::string& name) {
         return;
     }
     TextureRecord& record = found->second;
+    VANTREL_ASSERT(record.refCount > 0);
     if (--record.refCount == 0) {
         if (device) {
             device->Delete(record.glName);

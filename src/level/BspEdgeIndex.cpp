@@ -3,11 +3,14 @@
 #include <algorithm>
 #include <iterator>
 
+#include "platform/Assert.h"
+
 BspEdgeIndex::BspEdgeIndex(std::vector<Item> items) {
     ranges.push_back({0, BspEdgeTree(std::move(items))});
 }
 
 void BspEdgeIndex::Append(const Item& item) {
+    VANTREL_ASSERT(fresh.empty() || item.number > fresh.back().number);
     fresh.push_back(item);
     if (fresh.size() == freshLimit) {
         PlantFresh();

@@ -8,6 +8,8 @@
 #include <bit>
 #include <iterator>
 
+#include "platform/Assert.h"
+
 BspEdgeTree::BspEdgeTree(std::vector<Item> members) : items(std::move(members)) {
     size = items.size();
     leafCount = std::bit_ceil(std::max<std::size_t>(1, (size + leafSize - 1) / leafSize));
@@ -47,9 +49,10 @@ void BspEdgeTree::Sort(std::size_t first, std::size_t last, std::size_t room) {
 }
 
 std::size_t BspEdgeTree::PlaceOf(std::size_t number) const {
-    return std::lower_bound(placeOfNumber.begin(), placeOfNumber.end(),
-                            std::pair(number, std::size_t{0}))
-        ->second;
+    const auto place = std::lower_bound(placeOfNumber.begin(), placeOfNumber.end(),
+                                        std::pair(number, std::size_t{0}));
+    VANTREL_ASSERT(place != placeOfNumber.end() && items[place->second].number == number);
+    return place->second;
 }
 
 void BspEdgeTree::Refresh(std::size_t node) {

@@ -10,6 +10,8 @@
 #include <limits>
 #include <vector>
 
+#include "platform/Assert.h"
+
 namespace {
 
 using BspGrid::largestRadius;
@@ -69,6 +71,7 @@ void MakeReach() {
         reach[i] = SegmentReach(nodes[i]);
     }
     for (std::size_t i = nodes.size(); i-- > 1;) {
+        VANTREL_ASSERT(nodes[i].parent >= nodes.data() && nodes[i].parent < &nodes[i]);
         reach[static_cast<std::size_t>(nodes[i].parent - nodes.data())].Add(reach[i]);
     }
 }
@@ -181,6 +184,7 @@ void BspGrid::Prepare(std::span<const BspSegment> treeNodes) {
 }
 
 bool BspGrid::CanTouch(const BspSegment* node, Vector2 position) {
+    VANTREL_ASSERT(node >= nodes.data() && node < nodes.data() + nodes.size());
     const Box& box = reach[static_cast<std::size_t>(node - nodes.data())];
     return position.x >= box.minX && position.x <= box.maxX && position.y >= box.minY &&
            position.y <= box.maxY;

@@ -6,6 +6,8 @@
 #include <cmath>
 #include <limits>
 
+#include "platform/Assert.h"
+
 namespace {
 
 /// Edges in a box of the finest level, and boxes in a box of the next.
@@ -44,6 +46,7 @@ void BspSideCounter::Assign(std::span<const BspSegment> edges,
     }
     for (std::size_t i = 0; i < count; ++i) {
         const std::size_t from = withBoxes ? places[i] & 0xFFFFFFFFu : i;
+        VANTREL_ASSERT(indices[from] < edges.size());
         const BspSegment& edge = edges[indices[from]];
         startX[i] = edge.start.x;
         startY[i] = edge.start.y;

@@ -10,6 +10,7 @@
 #include "engine/Console.h"
 #include "game/Game.h"
 #include "level/LevelData.h"
+#include "platform/Assert.h"
 
 namespace DynamicPolygonRenderer {
 
@@ -102,6 +103,7 @@ std::size_t PolygonCount() {
 }
 
 const LevelPolygon* TakeQueued(int layer) {
+    VANTREL_ASSERT(layer >= 0 && static_cast<std::size_t>(layer) < layerCount);
     auto& queue = layerQueues[static_cast<std::size_t>(layer)];
     if (queue.empty()) {
         return nullptr;

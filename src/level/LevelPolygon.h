@@ -9,6 +9,7 @@
 
 #include "engine/Vector2.h"
 #include "graphics/Texture.h"
+#include "platform/Assert.h"
 
 class LevelPolygon {
 public:
@@ -35,7 +36,10 @@ public:
     void DrawWireframe() const;
 
     std::size_t PointCount() const { return pointsX.size(); }
-    Vector2 Point(std::size_t i) const { return {pointsX[i], pointsY[i]}; }
+    Vector2 Point(std::size_t i) const {
+        VANTREL_ASSERT(i < pointsX.size());
+        return {pointsX[i], pointsY[i]};
+    }
 
     std::uint8_t solid = 1;             ///< the edges collide
     std::uint8_t enabled = 1;           ///< a trigger can take it out of the level

@@ -5,8 +5,10 @@
 #include <algorithm>
 
 #include "engine/Geometry.h"
+#include "platform/Assert.h"
 
 LevelPolygonOutline::LevelPolygonOutline(std::span<const Vector2> outline) : points(outline) {
+    VANTREL_ASSERT(points.size() >= 3);
     if (points.size() > plainLimit) {
         sideTree.emplace(points);
         pointTree.emplace(points);

@@ -11,6 +11,7 @@
 #include <limits>
 
 #include "engine/Geometry.h"
+#include "platform/Assert.h"
 
 namespace {
 
@@ -86,6 +87,7 @@ struct LevelPolygonPointTree::Query {
 
 LevelPolygonPointTree::LevelPolygonPointTree(std::span<const Vector2> points)
     : ordered(points.begin(), points.end()) {
+    VANTREL_ASSERT(!ordered.empty());
     nodes.reserve(ordered.size());
     Build(0, static_cast<std::uint32_t>(ordered.size()));
 }

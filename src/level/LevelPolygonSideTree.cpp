@@ -17,6 +17,7 @@
 #include <limits>
 
 #include "engine/Geometry.h"
+#include "platform/Assert.h"
 
 namespace {
 
@@ -106,6 +107,7 @@ struct LevelPolygonSideTree::Query {
 };
 
 LevelPolygonSideTree::LevelPolygonSideTree(std::span<const Vector2> outline) : points(outline) {
+    VANTREL_ASSERT(points.size() >= 3);
     std::array<std::vector<std::uint32_t>, 2> byAxis;
     for (std::uint32_t side = 0; side < points.size(); ++side) {
         const Vector2 p = points[side];

@@ -5,6 +5,7 @@
 #include "engine/Geometry.h"
 #include "level/LevelPolygon.h"
 #include "level/LevelPolygonOutline.h"
+#include "platform/Assert.h"
 
 namespace {
 
@@ -131,6 +132,7 @@ std::vector<Vector2> LevelPolygon::DrawnOutline() const {
 }
 
 void LevelPolygon::Triangulate(std::uint8_t tryWinding) {
+    VANTREL_ASSERT(tryWinding <= 1);
     ClearTriangles(*this);
     if (IsInvalid()) {
         return;

@@ -12,6 +12,8 @@
 #include <deque>
 #include <memory>
 
+#include "platform/Assert.h"
+
 namespace {
 
 /// Polygons that reach farther are drawn whole; their numbers are too coarse to be cut.
@@ -218,6 +220,7 @@ bool VisibleParts::MayCut(std::size_t index, const std::vector<std::size_t>& hid
 }
 
 void VisibleParts::AppendTriangles(std::size_t index, std::vector<Vector2>& corners) {
+    VANTREL_ASSERT(index < entries.size());
     const LevelPolygon& polygon = *entries[index].polygon;
     const std::vector<std::size_t> hiders = HidersOf(index);
     if (hiders.empty() || !MayCut(index, hiders)) {

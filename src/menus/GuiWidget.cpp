@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "platform/Assert.h"
+
 void GuiWidget::SetColour(float r, float g, float b, float a) {
     red = std::clamp(r, 0.0f, 1.0f);
     green = std::clamp(g, 0.0f, 1.0f);
@@ -22,6 +24,7 @@ void GuiWidget::SetPosition(int left, int top) {
 }
 
 void GuiWidget::MapKey(int virtualKey, GuiWidget* target) {
+    VANTREL_ASSERT(target != nullptr);
     keyNavigation[virtualKey] = target;
 }
 

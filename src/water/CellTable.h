@@ -10,6 +10,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "platform/Assert.h"
+
 /// Cell of a coordinate, `inverseSize` being 1 / width of a cell. Two coordinates in one cell
 /// are never further apart than the width. From 2^40 on, where neighbouring floats are further
 /// apart than any distance that links water, each float is a cell of its own.
@@ -36,7 +38,10 @@ public:
     std::uint32_t Find(Key key) const;
     std::uint32_t FindOrAdd(Key key);
     std::uint32_t Count() const { return static_cast<std::uint32_t>(keys.size()); }
-    const Key& KeyOf(std::uint32_t cell) const { return keys[cell]; }
+    const Key& KeyOf(std::uint32_t cell) const {
+        VANTREL_ASSERT(cell < Count());
+        return keys[cell];
+    }
 
 private:
     // Cells lie in tiles of 4 by 4, and only tiles are hashed: a cell's neighbours are mostly
@@ -72,11 +77,13 @@ inline std::size_t CellTable::Slot(const Key& tileKey) const {
 }
 
 inline std::uint32_t CellTable::Find(Key key) const {
+    VANTREL_ASSERT(!slots.empty());
     const std::uint32_t tile = slots[Slot(TileKey(key))];
     return tile == none ? none : tiles[tile].cells[PlaceInTile(key)];
 }
 
 inline std::uint32_t CellTable::FindOrAdd(Key key) {
+    VANTREL_ASSERT(!slots.empty());
     const Key tileKey = TileKey(key);
     std::size_t slot = Slot(tileKey);
     if (slots[slot] == none) {

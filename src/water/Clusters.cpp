@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/Assert.h"
+
 namespace {
 
 constexpr std::uint32_t noCluster = 0xFFFFFFFFu;
@@ -23,6 +25,7 @@ float BoxDistanceSquared(Vector2 low, Vector2 high, Vector2 point) {
 }  // namespace
 
 std::span<const std::uint32_t> Clusters::Members(std::size_t cluster) const {
+    VANTREL_ASSERT(cluster < clusterCount);
     const std::uint32_t begin = cluster == 0 ? 0 : memberEnd[cluster - 1];
     return {members.data() + begin, memberEnd[cluster] - begin};
 }

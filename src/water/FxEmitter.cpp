@@ -7,6 +7,7 @@
 #include "engine/ConfigFile.h"
 #include "engine/Random.h"
 #include "level/Limits.h"
+#include "platform/Assert.h"
 #include "water/FxParticleManager.h"
 
 namespace {
@@ -128,6 +129,7 @@ void Emitter::EmitOne() const {
 }
 
 void Emitter::Burst() {
+    VANTREL_ASSERT(burstSize <= Limits::burst);
     for (std::uint32_t i = 0; i < burstSize && FxParticleManager::HasRoom(); ++i) {
         EmitOne();
     }

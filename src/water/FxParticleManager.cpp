@@ -11,6 +11,7 @@
 #include "engine/ConsoleCommands.h"
 #include "game/Game.h"
 #include "level/Limits.h"
+#include "platform/Assert.h"
 #include "water/ParticleManager.h"
 
 namespace FxParticleManager {
@@ -53,6 +54,7 @@ void StepEmitters(float dt) {
         if (!emitter.running || !view.Overlaps(at.x, at.x, at.y, at.y)) {
             continue;
         }
+        VANTREL_ASSERT(emitter.frequency >= 0.001f);
         emitter.timeSinceEmit += dt;
         while (emitter.timeSinceEmit >= emitter.frequency) {
             emitter.timeSinceEmit -= emitter.frequency;
@@ -99,6 +101,7 @@ void Add(const Emitter& emitter) {
 }
 
 void AddParticle(const FxParticle& particle) {
+    VANTREL_ASSERT(particle.texture != nullptr);
     if (spare.empty()) {
         particles.push_back(particle);
         return;
@@ -125,6 +128,7 @@ void ClearParticles() {
 }
 
 void Step(float dt) {
+    VANTREL_ASSERT(dt >= 0.0f);
     StepEmitters(dt);
     StepParticles(dt);
 }

@@ -8,6 +8,7 @@
 #include "engine/Console.h"
 #include "engine/ConsoleCommands.h"
 #include "level/Collision.h"
+#include "platform/Assert.h"
 #include "water/GroupFreeze.h"
 #include "water/GroupMembers.h"
 #include "water/GroupMerge.h"
@@ -170,6 +171,7 @@ void Freeze(ParticleList& particles) {
 }
 
 void Step(float dt, ParticleList& particles) {
+    VANTREL_ASSERT(dt >= 0.0f);
     if (groups.empty()) {
         return;
     }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "actors/Camera.h"
+#include "platform/Assert.h"
 
 namespace ParticleGrid {
 
@@ -76,8 +77,10 @@ void Remove(Particle& particle) {
         return;
     }
     if (particle.gridPrevious == nullptr) {
+        VANTREL_ASSERT(Head(particle.gridX, particle.gridY) == &particle);
         heads[CellIndex(particle.gridX, particle.gridY)] = particle.gridNext;
     } else {
+        VANTREL_ASSERT(particle.gridPrevious->gridNext == &particle);
         particle.gridPrevious->gridNext = particle.gridNext;
     }
     if (particle.gridNext != nullptr) {

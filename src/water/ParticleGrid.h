@@ -8,6 +8,7 @@
 
 #include <cstdint>
 
+#include "platform/Assert.h"
 #include "water/Particle.h"
 
 namespace ParticleGrid {
@@ -40,6 +41,7 @@ constexpr std::uint32_t CellIndex(std::uint32_t x, std::uint32_t y) {
 }
 /// First of the cell's chain, or null.
 inline Particle* Head(std::uint32_t x, std::uint32_t y) {
+    VANTREL_ASSERT(x < side && y < side);
     return heads[CellIndex(x, y)];
 }
 

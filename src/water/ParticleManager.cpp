@@ -10,6 +10,7 @@
 #include "engine/ConsoleCommands.h"
 #include "engine/Random.h"
 #include "level/Limits.h"
+#include "platform/Assert.h"
 #include "water/GroupedParticleMover.h"
 #include "water/ParticleGrid.h"
 #include "water/ParticleMover.h"
@@ -174,6 +175,7 @@ void CreateParticles(float x, float y, float radius, std::uint32_t amount) {
 }
 
 void Step(float dt) {
+    VANTREL_ASSERT(dt >= 0.0f);
     const WaterStep step(dt);
     DropUnreasonable();
     ParticleGrid::FillFrom(particles);

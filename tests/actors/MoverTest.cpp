@@ -54,7 +54,7 @@ TEST(Mover, NeverLeavesTheFiniteWorld) {
     constexpr float most = std::numeric_limits<float>::max();
     for (const float speed : {infinity, -infinity, std::nanf(""), most, -most, -1.0e9f}) {
         for (const float end : {0.0f, 100.0f, most, infinity, std::nanf("")}) {
-            for (int state = -1; state <= 5; ++state) {
+            for (int state = Mover::Stopped; state <= Mover::LoopingToEnd; ++state) {
                 Mover mover = Along({}, {end, 0.0f}, speed, state);
                 for (int i = 0; i < 50; ++i) {
                     mover.Advance(1.0f / 30.0f);

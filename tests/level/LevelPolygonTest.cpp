@@ -227,6 +227,9 @@ TEST(LevelPolygon, FindsTheSameCrossingsFarFromTheOrigin) {
             for (std::size_t i = 0; i < polygon.PointCount(); ++i) {
                 kept.push_back(polygon.Point(i));
             }
+            if (kept.size() < 3) {
+                continue;  // so far out that most points are one
+            }
             LevelPolygonOutline fast(kept);
             for (std::size_t i = 0; i + 7 < kept.size(); ++i) {
                 const Vector2 a = kept[i];
