@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "platform/Assert.h"
+
 namespace {
 
 constexpr float inaudible = 0.001f;

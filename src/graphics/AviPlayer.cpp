@@ -78,7 +78,7 @@ void AviPlayer::Update() {
 }
 
 void AviPlayer::Show(std::uint32_t number) {
-    VANTREL_ASSERT(IsOpen() && number < frameCount);
+    VANTREL_ASSERT(IsOpen());
     const unsigned char* const pixels = video->Frame(number);
     if (pixels != nullptr) {
         Upload(pixels);

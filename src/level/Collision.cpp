@@ -4,7 +4,6 @@
 #include "level/Collision.h"
 
 #include "level/BspGrid.h"
-#include "platform/Assert.h"
 
 namespace {
 
@@ -113,7 +112,6 @@ void EdgePass(Vector2& position) {
 }
 
 bool Collide(Vector2& position, float radius, bool withMoving) {
-    VANTREL_ASSERT(radius > 0.0f);
     contactNormal = {};
     contactFriction = 0.0f;
     contactCount = 0;
