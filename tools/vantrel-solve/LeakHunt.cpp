@@ -25,8 +25,7 @@ constexpr double lifeSeconds = 120.0;
 constexpr float onePlace = 40.0f;
 /// Lives that are played side by side.
 constexpr std::size_t abreast = 16;
-/// Degrees; further than the view turns.
-constexpr float fullTilt = 66.0f;
+constexpr float fullTilt = Opening::angles.back();
 /// Milliseconds of a frame: a quick machine's, and one's that just keeps up, where drops and
 /// platforms go furthest in a step.
 constexpr std::array<std::uint32_t, 2> frameLengths{16, 33};
@@ -190,7 +189,10 @@ bool Hunter::Take(Life& life, const Move& move, Copies::Number copy) {
             Note(life, outcome.leaks[i], steps);
         }
     }
-    if (outcome.lost) {  // the copy of the game died
+    if (outcome.lost) {
+        result.failure = "a copy of the game has died";
+    }
+    if (outcome.alive == 0) {  // no more water will come
         life.secondsLeft = 0.0;
     }
     return !outcome.finished && life.secondsLeft > 0.0;

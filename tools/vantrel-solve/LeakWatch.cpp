@@ -41,7 +41,9 @@ void LeakWatch::Add(const void* who, Vector2 from, std::size_t drops, Outcome& o
     if (before.contains(who)) {
         return;
     }
-    if (outcome.leakCount < Outcome::mostLeaks) {
+    if (outcome.leakCount == Outcome::mostLeaks) {
+        outcome.leaks.back().drops += static_cast<std::uint32_t>(drops);
+    } else {
         Leak& leak = outcome.leaks[outcome.leakCount++];
         leak.steps = static_cast<std::uint32_t>(RunRecorder::Current().steps.size());
         leak.drops = static_cast<std::uint32_t>(drops);
