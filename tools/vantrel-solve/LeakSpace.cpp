@@ -114,21 +114,22 @@ void LeakSpace::DrawEdges() {
     }
 }
 
-/// Water dies where it is deadly and goes no further.
+/// Where it is deadly water gets as far as it falls before it fades away, and no further.
 void LeakSpace::SpreadFromStart() {
     std::vector<std::size_t> open;
+    std::uint8_t from = Reached;
     const auto enter = [&](std::size_t index) {
-        if (cells[index] == Outside) {
+        std::uint8_t& cell = cells[index];
+        if (cell == Deadly || (cell == Outside && from == Reached)) {
+            cell = cell == Deadly ? Dying : Reached;
             open.push_back(index);
-        }
-        if (cells[index] != Edge) {
-            cells[index] = Reached;
         }
     };
     enter(RowOf(LevelData::waterStart.y) * columns + ColumnOf(LevelData::waterStart.x));
     while (!open.empty()) {
         const std::size_t index = open.back();
         open.pop_back();
+        from = cells[index];
         const std::size_t column = index % columns;
         if (column > 0) {
             enter(index - 1);
@@ -144,6 +145,7 @@ void LeakSpace::SpreadFromStart() {
         }
     }
     std::ranges::replace(cells, std::uint8_t{Deadly}, std::uint8_t{Outside});
+    std::ranges::replace(cells, std::uint8_t{Dying}, std::uint8_t{Reached});
     isOpen = cells.front() == Reached;
 }
 

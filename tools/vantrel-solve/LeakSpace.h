@@ -22,7 +22,7 @@ public:
 
 private:
     static constexpr double mostCells = 4e7;
-    enum Cell : std::uint8_t { Outside, Edge, Deadly, Reached, Near };
+    enum Cell : std::uint8_t { Outside, Edge, Deadly, Reached, Dying, Near };
 
     void Measure();
     void DrawEdges();
