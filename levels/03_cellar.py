@@ -175,7 +175,7 @@ def leaking_sacks():
 def barrel_lift():
     """Rises with what is on it; the plate before it calls it back."""
     id = stage.new_id()
-    stage.solid([(918, 1530), (980, 1544), (1042, 1530), (1042, 1556), (918, 1556)], "metal", COPPER,
+    stage.solid([(918, 1530), (980, 1544), (1042, 1530), (1042, 1544), (1030, 1556), (918, 1556)], "metal", COPPER,
                 id=id, name="lift")
     for x in (950, 1010):
         stage.object(x, 1580, "img\\barrel.png", layer=1, id=id, name="barrel of the lift")

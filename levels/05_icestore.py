@@ -229,9 +229,10 @@ def lowest_storey():
     freezer((1966, 1760, 284, 176))
     stage.lost(1298, 1398, 2064, 40, ((1404, 2058, 1430, 2068), (1280, 2040, 1290, 2104)),
                opaque=True)
-    stove(1420, 2160, (1330, 2130, 174, 84), glow=False)
-    for y in (2136, 2166):
-        stage.solid(box(1514, y, 1528, y + 13), "metal", METAL, name="grate")
+    # So long that the fastest and coldest lump thaws before it runs into the grate.
+    stove(1420, 2160, (1330, 2130, 260, 84), glow=False)
+    for y in (2128, 2158):
+        stage.solid(box(1600, y, 1614, y + 13), "metal", METAL, name="grate")
     stage.gate((1268, 2127, 14, 89), (0, -82), stage.plate(1640, 2181, 60))
     stage.check_point(1150, 2140, 60, 100)
     freezer((1094, 2140, 150, 106))
@@ -348,7 +349,7 @@ def life():
 def signs():
     for way, places in (
             ("right", [(560, 270), (1310, 600), (320, 1060), (340, 1640), (1210, 1650),
-                       (1920, 1650), (1590, 2140)]),
+                       (1920, 1650), (1550, 2140)]),
             ("down", [(1060, 290), (2140, 860), (136, 930), (950, 1180), (200, 1470),
                       (2020, 1800), (1464, 1960)]),
             ("left", [(2020, 1150), (1380, 830), (840, 800), (790, 1280), (1850, 1900),

@@ -17,10 +17,11 @@ def hollow(left, right, y, depth=10):
 
 
 def deck(x, y, width, travel, speed):
-    """A platform that runs to and fro from the start; sackcloth on it brakes."""
+    """A platform that runs to and fro from the start; sackcloth on it brakes. Its lower corners
+    push what lies on a ledge aside instead of into it."""
     stage.rail((x + width // 2, y + 14), (x + travel[0] + width // 2, y + travel[1] + 14), width)
-    return stage.carry([(x, y), (x + width // 2, y + 12), (x + width, y), (x + width, y + 26),
-                        (x, y + 26)], travel, speed, surface="cloth")
+    return stage.carry([(x, y), (x + width // 2, y + 12), (x + width, y), (x + width, y + 14),
+                        (x + width - 12, y + 26), (x + 12, y + 26), (x, y + 14)], travel, speed, surface="cloth")
 
 
 def hall():
@@ -40,7 +41,7 @@ def lift_shaft():
     stage.solid(box(580, 360, 620, 1040), "stone", BRICK, name="shaft wall")
     lift = stage.new_id()
     # It runs in a groove of the wall, as nothing must get in beside it.
-    stage.solid([(438, 910), (510, 924), (588, 908), (588, 936), (438, 936)], "metal", COPPER,
+    stage.solid([(438, 910), (510, 924), (588, 908), (588, 936), (450, 936), (438, 924)], "metal", COPPER,
                 id=lift, name="lift")
     stage.mover(lift, (510, 924), (510, 332), 80, name="lift")
     stage.trigger("Mover_goto_end_a", (530, 884, 50, 44), target=lift, delay=2.4, name="lift rises")

@@ -41,8 +41,11 @@ def wall_lift(left, low, high, call):
     id = stage.new_id()
     y = low + 10
     a, b = (left - 8, left + 142) if left == LEFT else (left - 2, left + 148)
-    stage.solid([(a, y), (left + 70, y + 14), (b, y), (b, y + 26), (a, y + 26)], "metal", COPPER,
-                id=id, name="lift")
+    # The lower corner before the ledges is cut off, to push aside what lies on them.
+    below = ([(b, y + 14), (b - 12, y + 26), (a, y + 26)] if left == LEFT else
+             [(b, y + 26), (a + 12, y + 26), (a, y + 14)])
+    stage.solid([(a, y), (left + 70, y + 14), (b, y)] + below, "metal", COPPER, id=id,
+                name="lift")
     stage.mover(id, (left, y), (left, high), LIFT, name="lift")
     wall = left if left == LEFT else left + 90
     stage.trigger("Mover_goto_end_a", (wall, low - 20, 50, 40), target=id, delay=1.6,
@@ -162,10 +165,12 @@ def escapement():
     y = foot + 40  # the lowest step when it is down
     right, left = stage.new_id(), stage.new_id()
     for step in (y, y - 240):
-        stage.solid([(214, step), (286, step + 14), (358, step), (358, step + 26),
-                     (214, step + 26)], "cloth", COPPER, id=right, name="step of the right rod")
-    stage.solid([(52, y - 300), (130, y - 286), (202, y - 300), (202, y - 274), (52, y - 274)],
-                "cloth", COPPER, id=left, name="step of the left rod")
+        stage.solid([(214, step), (286, step + 14), (358, step), (358, step + 14),
+                     (346, step + 26), (226, step + 26), (214, step + 14)], "cloth", COPPER,
+                    id=right, name="step of the right rod")
+    stage.solid([(52, y - 300), (130, y - 286), (202, y - 300), (202, y - 286),
+                 (190, y - 274), (52, y - 274)], "cloth", COPPER,
+                id=left, name="step of the left rod")
     stage.scenery(1, box(280, y - 470, 292, y + 20), IRON, id=right, name="right rod")
     stage.scenery(1, box(124, y - 650, 136, y - 280), IRON, id=left, name="left rod")
     for id, x, top, travel in ((right, 286, y - 230, -stroke), (left, 130, y - 286, stroke)):

@@ -221,8 +221,8 @@ def storm():
     stage.trigger("Emitter_start_1", out, target=gusts, name="storm")
     stage.trigger("Emitter_stop_1", top, target=gusts, name="storm")
     stage.shake(out)
-    hoist([(1619, 406), (1667, 427), (1714, 406), (1714, 440), (1616, 440)], (0, -206), 60, (1642,
-            380, 50, 46), 0.5)
+    hoist([(1619, 406), (1667, 427), (1714, 406), (1714, 440), (1630, 440), (1618, 424)], (0, -206),
+          60, (1642, 380, 50, 46), 0.5)
     stage.rail((1667, 430), (1667, 214), 90)
 
 
