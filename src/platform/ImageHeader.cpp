@@ -56,13 +56,30 @@ struct Announced {
     std::uint64_t perByte = 1;
 };
 
+/// Whether chunk follows chunk up to the last one. The decoder doesn't notice that a file ends,
+/// and may take its last chunk again and again.
+bool HoldsPngChunks(const Bytes& file) {
+    constexpr std::uint64_t lastMark = 0x49454E44;  // "IEND"
+    constexpr std::size_t around = 12;              // length, mark and checksum
+    std::size_t at = 8;
+    while (at + around <= file.Size()) {
+        const bool isLast = file.Big(at + 4, 4) == lastMark;
+        at += around + static_cast<std::size_t>(file.Big(at, 4));
+        if (isLast) {
+            return at <= file.Size();
+        }
+    }
+    return false;
+}
+
 /// The header comes first of all, whole.
 Announced Png(const Bytes& file) {
     constexpr std::uint64_t headerMark = 0x0000000D49484452;  // 13 bytes, "IHDR"
+    if (file.Big(8, 8) != headerMark || !HoldsPngChunks(file)) {
+        return {};
+    }
     // Deflate reaches 1,032 to 1, with 8 pixels to a byte at best.
-    return file.Big(8, 8) == headerMark
-               ? Announced{file.Big(16, 4), file.Big(20, 4), std::uint64_t{1032} * 8}
-               : Announced{};
+    return Announced{file.Big(16, 4), file.Big(20, 4), std::uint64_t{1032} * 8};
 }
 
 /// The bits of a GIF picture: codes that lie across blocks of up to 255 bytes.
@@ -227,11 +244,13 @@ Announced Jpeg(const Bytes& file) {
 
 Announced Bitmap(const Bytes& file) {
     constexpr std::size_t oldHeader = 12;
+    constexpr std::size_t newHeader = 40;  // or more
     const std::uint64_t headerSize = file.Little(14, 4);
     const std::uint64_t pixelsAt = file.Little(10, 4);
     const std::uint64_t depth = file.Little(headerSize == oldHeader ? 24 : 28, 2);
     constexpr std::array<std::uint64_t, 6> depths{1, 4, 8, 16, 24, 32};
-    if (file.Size() < 26 || headerSize > file.Size() - 14 || pixelsAt >= file.Size() ||
+    if (file.Size() < 26 || (headerSize != oldHeader && headerSize < newHeader) ||
+        headerSize > file.Size() - 14 || pixelsAt >= file.Size() ||
         std::ranges::find(depths, depth) == depths.end()) {
         return {};
     }

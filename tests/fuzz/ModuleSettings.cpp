@@ -1,5 +1,5 @@
 // Any bytes as the cfg files of all modules and menus at once: whatever they set, the game starts,
-// every menu opens and takes keys and clicks, and a second is played.
+// every menu opens and takes keys and clicks, and some frames are played.
 
 #include "fuzz/FuzzGame.h"
 #include "platform/VirtualKeys.h"
@@ -35,7 +35,7 @@ void UseMenus(TestGame& game) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    constexpr std::size_t longest = 16384;
+    constexpr std::size_t longest = 4096;
     static const std::vector<std::byte> level = FuzzLevel().Serialise();
     FuzzGame& fuzz = FuzzGame::The();
     static const bool linked = (LinkSettings(fuzz.game.directory.path), true);
@@ -48,7 +48,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     fuzz.Load(TestLevelFile::Text(level));
     UseMenus(fuzz.game);
     Camera::SetState(Camera::Following);
-    fuzz.game.Frames(60);
+    fuzz.game.Frames(20);
     Game::Shutdown();
     return 0;
 }

@@ -3,7 +3,7 @@
 
     fuzz.py BUILD --seconds N   each program N seconds, as many at once as there are processors
     fuzz.py BUILD --minutes N   all programs in N minutes
-    fuzz.py BUILD --keep        the smallest inputs that reach all that is known go to corpus/
+    fuzz.py BUILD --keep        small inputs that reach what corpus/ doesn't go there
 
 What is found stays in BUILD/corpus/NAME, from where the next run goes on; inputs that break
 something go to BUILD/crashes. --only NAME,... picks programs. Status 1 if anything broke.
@@ -19,9 +19,11 @@ import sys
 import tempfile
 
 HERE = pathlib.Path(__file__).resolve().parent
-LONGEST_KEPT = 4096
+LONGEST_KEPT = 4096  # bytes
+MOST_KEPT = 60  # found inputs of a program
+FOUND_NAME = re.compile("[0-9a-f]{12}")  # the beginning of the library's own
 # Bytes of an input; what is slow on long ones learns more from short ones.
-LONGEST = {"Input": 256, "ConsoleLine": 512, "LevelWhole": 8192, "ModuleSettings": 16384,
+LONGEST = {"Input": 256, "ConsoleLine": 512, "LevelWhole": 8192,
            "Music": 16384, "Video": 16384}
 # The entropic schedule costs the large programs a fifth of their time, and whole stacks of
 # allocations as much.
@@ -65,15 +67,20 @@ class Program:
         return runs, stats.get("average_exec_per_sec", 0), status != 0
 
     def keep(self):
-        """Edges only, without how often they were taken: a small set."""
+        """Inputs that somebody named stay; of those found, a few that reach further edges."""
         target = HERE / "corpus" / self.name
+        target.mkdir(parents=True, exist_ok=True)
         with tempfile.TemporaryDirectory() as folder:
+            named = [file for file in target.iterdir() if not FOUND_NAME.fullmatch(file.name)]
+            for file in named:
+                shutil.copy(file, folder)
             status = self.call(["-merge=1", "-use_counters=0", f"-max_len={LONGEST_KEPT}", folder,
                                 *self.kept(), str(self.found)])
             if status == 0:
-                shutil.rmtree(target, ignore_errors=True)
-                target.mkdir(parents=True)
-                for file in pathlib.Path(folder).iterdir():
+                for file in set(target.iterdir()) - set(named):
+                    file.unlink()
+                found = [f for f in pathlib.Path(folder).iterdir() if len(f.name) == 40]
+                for file in sorted(found, key=lambda f: f.stat().st_size)[:MOST_KEPT]:
                     shutil.copy(file, target / file.name[:12])
         return status == 0
 
