@@ -235,7 +235,8 @@ def lowest_storey():
         stage.solid(box(1600, y, 1614, y + 13), "metal", METAL, name="grate")
     stage.gate((1268, 2127, 14, 89), (0, -82), stage.plate(1640, 2181, 60))
     stage.check_point(1150, 2140, 60, 100)
-    freezer((1094, 2140, 150, 106))
+    # It ends in the bowl: what has only just frozen may thaw again before it is over the edge.
+    freezer((1136, 2140, 108, 106))
     lift(992, 2214, 256)
     stage.lost(996, 1084, 2280, 50, ((1090, 2214, 1104, 2226), (978, 2150, 990, 2330)),
                opaque=True)
