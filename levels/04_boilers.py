@@ -114,8 +114,9 @@ def hall():
 
 def damper(x, y, width):
     """A plate that slides to and fro across a chimney; shut, it leaves a gap of 12 at the left,
-    so that it holds steam up but crushes none."""
-    id = stage.carry(box(x, y, x + width, y + 12), (width + 4, 0), 46, texture=RUST)
+    so that it holds steam up but crushes none, and reaches into the wall at the right, so that
+    none is pressed into the crack."""
+    id = stage.carry(box(x, y, x + width + 14, y + 12), (width + 4, 0), 46, texture=RUST)
     stage.hazard(x, y, x + 14, y + 12, id=id)
 
 
