@@ -134,6 +134,9 @@ def tower():
     stage.trigger("Mover_goto_start_a", stage.plate(1720, 1262, 90), target=id, name="calls")
     stage.trigger("Mover_goto_end_a", (x + 20, y - 40, 100, 50), target=id, name="lifts")
     stage.hum(x + 70, 940, 420, "machine")
+    # What it comes down on is crushed, and not pressed into the landing.
+    stage.kill([(x + 1, y), (x + 35, y + 28), (x + 35, y + 38), (x + 1, y + 10)])
+    stage.kill((x + 35, y + 27, 105, 10))
     solid([(2080, 600), (2120, 604), (2120, 622), (2127, 780), (2120, 950), (2120, 966),
            (2127, 1110), (2120, 1262), (2080, 1262)], "stone", BRICK, name="tower wall")
     solid([(2120, 604), (2250, 617), (2250, 633), (2120, 622)], "wood", name="gallery")
