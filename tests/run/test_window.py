@@ -43,6 +43,12 @@ class WhileLoading(unittest.TestCase):
         self.assertNotIn("Game initialisation", game.log())
         return game
 
+    @staticmethod
+    def other_window():
+        found = subprocess.run(["xdotool", "search", "--onlyvisible", "--class", "xmessage"],
+                               capture_output=True, text=True, check=False).stdout.split()
+        return found[0] if found else None
+
     def test_a_close_waits_for_the_level_and_ends_the_program_in_order(self):
         for _ in range(3):
             game = self.start()
@@ -51,9 +57,12 @@ class WhileLoading(unittest.TestCase):
             self.assertRegex(game.log(), "(?s)Game initialisation.*Game shutdown")
 
     def test_a_lost_foreground_waits_for_the_level_and_minimises_the_game(self):
-        game = self.start()
+        # There before the game, so that it is at hand within the second that loading takes.
         other = subprocess.Popen(["xmessage", "-geometry", "+0+0", "another window"])
         self.addCleanup(lambda: (other.kill(), other.wait()))
+        other_window = wait_for(self.other_window, "the other window")
+        game = self.start()
+        x("windowactivate", other_window)
         wait_for(lambda: shown(game) == "IsUnMapped", "the game to minimise")
         self.assertIn("Game initialisation", game.log())
         x("windowactivate", game.window)
