@@ -1,50 +1,91 @@
-// The level's tree: the same on every build, cleaned where polygons touch, safe on hostile
-// levels, and the ray cast and commands on top of it.
+// The level's tree against its plain form, its edges cleaned where polygons touch, safe on
+// hostile levels, and the ray cast and commands on top of it.
 
 #include "level/BspTree.h"
 
 #include <gtest/gtest.h>
 
-#include <map>
+#include <algorithm>
+#include <string>
 
 #include "engine/Console.h"
+#include "level/BspEdges.h"
 #include "level/BspWorlds.h"
-#include "support/Fingerprint.h"
+#include "reference/PlainEdges.h"
+#include "reference/PlainTree.h"
+#include "reference/Same.h"
 
 namespace {
 
 using Polygons = std::list<LevelPolygon>;
 
-/// Adds all that the nodes from `node` down hold, and how they hang together.
-void AddTree(Fingerprint& print, const BspSegment* node, const BspSegment* parent,
-             const std::map<const LevelPolygon*, std::uint32_t>& numbers) {
-    print.Add(node ? 1u : 0u);
-    if (!node) {
-        return;
-    }
-    ASSERT_EQ(node->parent, parent);
-    for (const Vector2 vector : {node->start, node->end, node->normal, node->direction}) {
-        print.Add(vector);
-    }
-    print.Add(node->length);
-    print.Add(node->friction);
-    print.Add(std::uint32_t{node->active} + 2u * node->cutOnly);
-    print.Add(numbers.at(node->polygon));
-    AddTree(print, node->backChild, node, numbers);
-    AddTree(print, node->frontChild, node, numbers);
+/// An edge, and where it hangs in the tree if it is a node.
+constexpr const char* fields[] = {"depth",    "front side",  "start.x",     "start.y",  "end.x",
+                                  "end.y",    "direction.x", "direction.y", "normal.x", "normal.y",
+                                  "friction", "length",      "active",      "polygon"};
+using EdgeRow = Row<std::size(fields)>;
+
+EdgeRow RowOf(const BspSegment& e, int depth = 0, bool isFront = false) {
+    return {float(depth), float(isFront), e.start.x,       e.start.y,           e.end.x,
+            e.end.y,      e.direction.x,  e.direction.y,   e.normal.x,          e.normal.y,
+            e.friction,   e.length,       float(e.active), float(e.polygon->id)};
 }
 
-void BuildAndAdd(Fingerprint& print, Polygons& polygons) {
-    BspTree::Build(polygons);
-    std::map<const LevelPolygon*, std::uint32_t> numbers;
-    for (const LevelPolygon& polygon : polygons) {
-        numbers.emplace(&polygon, numbers.size());
+std::vector<EdgeRow> RowsOf(const std::vector<BspSegment>& edges) {
+    std::vector<EdgeRow> rows;
+    for (const BspSegment& edge : edges) {
+        rows.push_back(RowOf(edge));
     }
-    AddTree(print, BspTree::Root(), nullptr, numbers);
-    std::vector<BspSegment*> nodes;
-    BspTree::CollectNodes(nodes);
-    EXPECT_EQ(BspTree::Size(), static_cast<int>(nodes.size()));
-    EXPECT_TRUE(BspTree::Validate());
+    return rows;
+}
+
+/// The tree from `node` down: the node, its back subtree, its front subtree.
+void AddTree(const BspSegment* node, int depth, bool isFront, std::vector<EdgeRow>& rows) {
+    if (node != nullptr) {
+        rows.push_back(RowOf(*node, depth, isFront));
+        AddTree(node->backChild, depth + 1, false, rows);
+        AddTree(node->frontChild, depth + 1, true, rows);
+    }
+}
+
+/// Calls `look` with random worlds, as they are and with mixed flags; polygons are numbered
+/// by their ids.
+template <class Look>
+void ForEachWorld(Look look) {
+    const auto both = [&](const char* kind, std::uint32_t seed, Polygons polygons) {
+        for (const char* flags : {"", ", mixed flags"}) {
+            std::uint32_t number = 0;
+            for (LevelPolygon& polygon : polygons) {
+                polygon.id = number++;
+            }
+            if (testing::Test::HasFatalFailure()) {
+                return;
+            }
+            look(std::string(kind) + ", seed " + std::to_string(seed) + flags, polygons);
+            BspWorlds::MixFlags(seed, polygons);
+        }
+    };
+    for (std::uint32_t seed = 0; seed < 40; ++seed) {
+        const int size = 3 + static_cast<int>(seed % 7) * 8;
+        both("tiles", seed, BspWorlds::Tiles(seed, 2 + size / 8));
+        both("boxes", seed, BspWorlds::Boxes(seed, size));
+        both("stars", seed, BspWorlds::Stars(seed, size));
+        both("skyline", seed, BspWorlds::Skyline(seed, size));
+        both("nudged tiles", seed, BspWorlds::Nudged(seed, BspWorlds::Tiles(seed, 2 + size / 8)));
+        both("nudged boxes", seed, BspWorlds::Nudged(seed, BspWorlds::Boxes(seed, size)));
+    }
+    both("many stars", 7, BspWorlds::Stars(7, 200));
+    both("many tiles", 7, BspWorlds::Tiles(7, 44));
+    for (std::uint32_t seed = 0; seed < 10; ++seed) {
+        Polygons polygons = BspWorlds::Boxes(seed, 40);
+        for (LevelPolygon& polygon : polygons) {
+            for (std::size_t i = 0; i < polygon.PointCount(); ++i) {
+                polygon.pointsX[i] = polygon.pointsX[i] * 7000003.0f - 1e9f;
+                polygon.pointsY[i] = polygon.pointsY[i] * 7000003.0f + 2e8f * float(seed);
+            }
+        }
+        both("boxes far away", seed, polygons);
+    }
 }
 
 /// The nodes as "x y > x y" in CollectNodes order.
@@ -83,36 +124,50 @@ protected:
     }
 };
 
-// The numbers are those of the plain way to build the tree, every pair of edges tested.
-TEST_F(BspTreeTest, IsTheSameOnEveryBuild) {
-    Fingerprint print;
-    for (std::uint32_t seed = 0; seed < 40; ++seed) {
-        const int size = 3 + static_cast<int>(seed % 7) * 8;
-        for (Polygons polygons :
-             {BspWorlds::Tiles(seed, 2 + size / 8), BspWorlds::Boxes(seed, size),
-              BspWorlds::Stars(seed, size), BspWorlds::Skyline(seed, size)}) {
-            BuildAndAdd(print, polygons);
-            BspWorlds::MixFlags(seed, polygons);
-            BuildAndAdd(print, polygons);
+TEST_F(BspTreeTest, TakesEdgesFromTheLastPolygonsLastSideOn) {
+    // One outline each way round; the side of a hundredth is too short to be an edge.
+    Polygons polygons{
+        BspWorlds::Outline({{0.0f, 0.0f}, {10.0f, 0.0f}, {10.0f, 10.0f}, {10.0f, 10.009f}}),
+        BspWorlds::Outline({{50.0f, 0.0f}, {50.0f, 10.0f}, {60.0f, 10.0f}}, 0)};
+    polygons.back().solid = polygons.back().visible = 0;
+    std::vector<Row<5>> edges;
+    for (const BspSegment& edge : BspEdges::Collect(polygons)) {
+        edges.push_back(
+            {edge.start.x, edge.start.y, edge.normal.x, edge.normal.y, float(edge.cutOnly)});
+    }
+    ASSERT_EQ(edges.size(), 6u);
+    EXPECT_EQ(edges[1], (Row<5>{60.0f, 10.0f, 0.0f, -1.0f, 1.0f}));
+    EXPECT_EQ(edges[2], (Row<5>{50.0f, 10.0f, 1.0f, 0.0f, 1.0f}));
+    EXPECT_EQ(edges[4], (Row<5>{10.0f, 0.0f, -1.0f, 0.0f, 0.0f}));
+    EXPECT_EQ(edges[5], (Row<5>{0.0f, 0.0f, 0.0f, 1.0f, 0.0f}));
+}
+
+TEST_F(BspTreeTest, CleansEdgesAsThePlainFormDoes) {
+    ForEachWorld([](const std::string& world, Polygons& polygons) {
+        const std::vector<BspSegment> edges = BspEdges::Collect(polygons);
+        ASSERT_TRUE(
+            Same("edge", fields, RowsOf(BspEdges::Clean(edges)), RowsOf(Plain::CleanEdges(edges))))
+            << world;
+    });
+}
+
+TEST_F(BspTreeTest, BuildsThePlainFormsTree) {
+    ForEachWorld([](const std::string& world, Polygons& polygons) {
+        std::vector<Plain::TreeNode> plainNodes;
+        Plain::BuildTree(BspEdges::Clean(BspEdges::Collect(polygons)), 1, false, plainNodes);
+        std::vector<EdgeRow> plainRows;
+        for (const auto& [segment, depth, isFront] : plainNodes) {
+            plainRows.push_back(RowOf(segment, depth, isFront));
         }
-    }
-    EXPECT_EQ(print.value, 3907245365001427721u) << "random worlds";
-    for (Polygons polygons : {BspWorlds::Stars(7, 200), BspWorlds::Tiles(7, 44)}) {
-        BspWorlds::MixFlags(7, polygons);
-        BuildAndAdd(print, polygons);
-    }
-    EXPECT_EQ(print.value, 15911771178953724090u) << "large worlds";
-    for (std::uint32_t seed = 0; seed < 10; ++seed) {
-        Polygons polygons = BspWorlds::Boxes(seed, 40);
-        for (LevelPolygon& polygon : polygons) {
-            for (std::size_t i = 0; i < polygon.PointCount(); ++i) {
-                polygon.pointsX[i] = polygon.pointsX[i] * 7000003.0f - 1e9f;
-                polygon.pointsY[i] = polygon.pointsY[i] * 7000003.0f + 2e8f * float(seed);
-            }
-        }
-        BuildAndAdd(print, polygons);
-    }
-    EXPECT_EQ(print.value, 8165200454238370851u) << "far from the origin";
+        BspTree::Build(polygons);
+        std::vector<EdgeRow> rows;
+        AddTree(BspTree::Root(), 1, false, rows);
+        ASSERT_TRUE(Same("node", fields, rows, plainRows)) << world;
+        std::vector<BspSegment*> nodes;
+        BspTree::CollectNodes(nodes);
+        EXPECT_EQ(BspTree::Size(), static_cast<int>(nodes.size())) << world;
+        EXPECT_TRUE(BspTree::Validate()) << world;
+    });
 }
 
 TEST_F(BspTreeTest, CutsAwayWhatTouchingPolygonsShare) {

@@ -115,6 +115,19 @@ inline std::list<LevelPolygon> Skyline(std::uint32_t seed, int count) {
     return polygons;
 }
 
+/// The same with all corners moved by up to two hundredths, about as far as the corners of
+/// polygons that touch may be apart.
+inline std::list<LevelPolygon> Nudged(std::uint32_t seed, std::list<LevelPolygon> polygons) {
+    Dice dice(seed);
+    for (LevelPolygon& polygon : polygons) {
+        for (std::size_t i = 0; i < polygon.PointCount(); ++i) {
+            polygon.pointsX[i] += 0.004f * static_cast<float>(dice.Below(11) - 5);
+            polygon.pointsY[i] += 0.004f * static_cast<float>(dice.Below(11) - 5);
+        }
+    }
+    return polygons;
+}
+
 /// Gives polygons the flags and surfaces that a level's triggers, movers and decoration do.
 inline void MixFlags(std::uint32_t seed, std::list<LevelPolygon>& polygons) {
     Dice dice(seed);
