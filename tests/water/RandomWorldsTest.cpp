@@ -1,10 +1,14 @@
-// Fast forms of simple rules, on random worlds. The numbers are those of the plain forms: all
-// pairs, recursion and sweeps over lists.
+// Fast forms of simple rules against their plain forms, on random worlds, and one number for
+// a whole run of them all.
 
 #include <gtest/gtest.h>
 
 #include <vector>
 
+#include "reference/PlainClusters.h"
+#include "reference/PlainFreeze.h"
+#include "reference/PlainMerge.h"
+#include "reference/Same.h"
 #include "support/Fingerprint.h"
 #include "water/Clusters.h"
 #include "water/GroupFreeze.h"
@@ -42,25 +46,63 @@ std::vector<std::vector<std::size_t>> FindClusters(const std::vector<Vector2>& p
     return result;
 }
 
-void AddGroups(Fingerprint& print, const GroupList& groups) {
-    for (const ParticleGroup& group : groups) {
-        print.Add(static_cast<std::uint32_t>(group.particles.size()));
-        print.Add(Vector2{group.radius, group.targetRadius});
-        print.Add(group.position);
-        print.Add(group.velocity);
-        print.Add(group.temperature);
-        for (const Particle& particle : group.particles) {
-            print.Add(particle.position);
-            print.Add(particle.groupDirection);
-            print.Add(particle.groupScale);
+constexpr const char* clusterFields[] = {"cluster", "point"};
+
+/// The points in the order of their clusters.
+std::vector<Row<2>> RowsOf(const std::vector<std::vector<std::size_t>>& clusters) {
+    std::vector<Row<2>> rows;
+    for (std::size_t c = 0; c < clusters.size(); ++c) {
+        for (const std::size_t member : clusters[c]) {
+            rows.push_back({static_cast<float>(c), static_cast<float>(member)});
         }
+    }
+    return rows;
+}
+
+/// Particles are known by a number, which stands in for their kill timer.
+void Number(ParticleList& particles, int first = 0) {
+    auto number = static_cast<float>(first);
+    for (Particle& particle : particles) {
+        particle.killTimer = number++;
+    }
+}
+
+testing::AssertionResult SameParticles(const char* element, const ParticleList& fast,
+                                       const ParticleList& plain) {
+    constexpr const char* fields[] = {"number", "x", "y", "direction.x", "direction.y", "scale"};
+    const auto rows = [](const ParticleList& particles) {
+        std::vector<Row<6>> result;
+        for (const Particle& p : particles) {
+            result.push_back({p.killTimer, p.position.x, p.position.y, p.groupDirection.x,
+                              p.groupDirection.y, p.groupScale});
+        }
+        return result;
+    };
+    return Same(element, fields, rows(fast), rows(plain));
+}
+
+void ExpectSameGroups(const GroupList& fast, const GroupList& plain) {
+    constexpr const char* fields[] = {"members", "radius",     "targetRadius", "x",
+                                      "y",       "velocity.x", "velocity.y",   "temperature"};
+    const auto rows = [](const GroupList& groups) {
+        std::vector<Row<8>> result;
+        for (const ParticleGroup& g : groups) {
+            result.push_back({static_cast<float>(g.particles.size()), g.radius, g.targetRadius,
+                              g.position.x, g.position.y, g.velocity.x, g.velocity.y,
+                              g.temperature});
+        }
+        return result;
+    };
+    ASSERT_TRUE(Same("group", fields, rows(fast), rows(plain)));
+    for (auto f = fast.begin(), p = plain.begin(); f != fast.end(); ++f, ++p) {
+        ASSERT_TRUE(SameParticles("member", f->particles, p->particles))
+            << "group " << std::distance(fast.begin(), f);
     }
 }
 
 }  // namespace
 
-TEST(Clusters, AreTheSameOnEveryBuild) {
-    Fingerprint print;
+TEST(Clusters, AreThoseOfThePlainForm) {
     for (std::uint32_t world = 0; world < 300; ++world) {
         Dice dice(world);
         // From one crowd to many specks, near the origin and where floats are coarse.
@@ -76,14 +118,10 @@ TEST(Clusters, AreTheSameOnEveryBuild) {
                                  ? Vector2{std::round(place.x / 8) * 8, std::round(place.y / 8) * 8}
                                  : place);
         }
-        for (const auto& cluster : FindClusters(points)) {
-            print.Add(static_cast<std::uint32_t>(cluster.size()));
-            for (const std::size_t member : cluster) {
-                print.Add(static_cast<std::uint32_t>(member));
-            }
-        }
+        ASSERT_TRUE(Same("place", clusterFields, RowsOf(FindClusters(points)),
+                         RowsOf(Plain::FindClusters(points))))
+            << "world " << world;
     }
-    EXPECT_EQ(print.value, 17923297342894330808u);
 }
 
 TEST(Clusters, TakePointsBeyondAllBounds) {
@@ -97,12 +135,10 @@ TEST(Clusters, TakePointsBeyondAllBounds) {
     EXPECT_EQ(FindClusters(points), expected);
 }
 
-TEST(GroupFreeze, IsTheSameOnEveryBuild) {
-    Fingerprint print;
+TEST(GroupFreeze, TakesWhatThePlainFormTakes) {
     for (std::uint32_t seed = 0; seed < 200; ++seed) {
         Dice dice(seed);
         ParticleList particles;
-        GroupList groups;
         const float size = dice.Within(5.0f, 200.0f);
         const bool snapped = seed % 2 == 0;
         for (int i = 0; i < 200; ++i) {
@@ -113,17 +149,22 @@ TEST(GroupFreeze, IsTheSameOnEveryBuild) {
             particle.temperature = dice.Within(-1.0f, seed % 3 == 0 ? 20.0f : 1.0f);
             particle.velocity = dice.Place(-9.0f, 9.0f);
         }
+        Number(particles);
+        ParticleList plainParticles = particles;
+        GroupList groups;
+        GroupList plainGroups;
+        Random::state = seed;
+        Plain::Freeze(plainParticles, plainGroups);
+        const auto plainState = Random::state;
         Random::state = seed;
         GroupFreeze().Run(particles, groups);
-        print.Add(Random::state);
-        print.Add(static_cast<std::uint32_t>(particles.size()));
-        AddGroups(print, groups);
+        ASSERT_NO_FATAL_FAILURE(ExpectSameGroups(groups, plainGroups)) << "seed " << seed;
+        ASSERT_TRUE(SameParticles("free particle", particles, plainParticles)) << "seed " << seed;
+        ASSERT_EQ(Random::state, plainState) << "seed " << seed;
     }
-    EXPECT_EQ(print.value, 9515774735548709532u);
 }
 
-TEST(GroupMerge, IsTheSameOnEveryBuild) {
-    Fingerprint print;
+TEST(GroupMerge, MergesAsThePlainFormDoes) {
     for (std::uint32_t seed = 0; seed < 300; ++seed) {
         Dice dice(seed);
         const float size = dice.Within(10.0f, 600.0f);
@@ -138,15 +179,17 @@ TEST(GroupMerge, IsTheSameOnEveryBuild) {
             const float share = dice.Within(0.0f, 1.0f);
             group.particles.resize(
                 static_cast<std::size_t>(1.0f + 900.0f * std::pow(share, 20.0f)));
+            Number(group.particles, 1000 * i);
             group.targetRadius = 2.0f * std::sqrt(static_cast<float>(group.particles.size()));
             if (dice.Within(0.0f, 1.0f) < 0.1f) {
                 group.particles.clear();
             }
         }
+        GroupList plainGroups = groups;
         MergeGroups(groups);
-        AddGroups(print, groups);
+        Plain::MergeGroups(plainGroups);
+        ASSERT_NO_FATAL_FAILURE(ExpectSameGroups(groups, plainGroups)) << "seed " << seed;
     }
-    EXPECT_EQ(print.value, 6199229177098754126u);
 }
 
 TEST(GroupMerge, ReachesFurtherAsGroupsGrow) {
