@@ -5,12 +5,13 @@
 #include <algorithm>
 #include <chrono>
 #include <random>
+#include <sstream>
+#include <string>
 #include <vector>
 
 #include "actors/TriggerEffects.h"
 #include "engine/Console.h"
 #include "level/Limits.h"
-#include "support/Fingerprint.h"
 #include "support/TestWorld.h"
 
 namespace {
@@ -86,7 +87,7 @@ void BuildWorld(std::mt19937& random) {
         FxParticleManager::Add(emitter);
     }
     const int types[] = {401, 402, 404, 405, 406, 407, 409, 410, 501, 602, 603, 604, 801};
-    constexpr float delays[] = {0.0f, 0.1f, 0.1f, 0.1f, 0.101f, 0.105f, 0.5f, 2.0f, 1.0e30f};
+    constexpr float delays[] = {0.0f, 0.125f, 0.125f, 0.125f, 0.126f, 0.13f, 0.5f, 2.0f, 1.0e30f};
     for (int i = 0; i < 24; ++i) {
         const Vector2 corner{place(), place()};
         const Vector2 other = corner + Vector2{20.0f + place(), 20.0f + place()};
@@ -109,7 +110,7 @@ auto Play(unsigned seed, Triggers step) {
     std::mt19937 random(seed);
     TestWorld world;
     BuildWorld(random);
-    std::vector<std::uint64_t> states;
+    std::vector<std::string> states;
     std::vector<decltype(Summary())> noted;
     for (int i = 0; i < 300; ++i) {
         for (Particle& particle : ParticleManager::particles) {
@@ -118,24 +119,26 @@ auto Play(unsigned seed, Triggers step) {
                                      static_cast<float>(random() % 200)};
             }
         }
-        const float dt = random() % 3 == 0 ? 0.03f : 0.011f;
+        constexpr float times[] = {1.0f / 32.0f, 1.0f / 64.0f, 0.011f};  // some end delays exactly
+        const float dt = times[random() % 3];
         MoverManager::Step(dt);
         Camera::ReadConfig();  // a shake of its own in each step, which draws a random number
         Camera::position = {100.0f, 100.0f};
         Camera::SetState(i % 2 == 0 ? Camera::Following : Camera::Holding);
         calls.clear();
         step(dt);
-        Fingerprint print;
+        std::ostringstream state;
+        state << "movers";
         for (const Mover& mover : MoverManager::movers) {
-            print.Add(static_cast<std::uint32_t>(mover.state));
+            state << ' ' << mover.state;
         }
+        state << ", fired";
         for (const Trigger& trigger : TriggerManager::triggers) {
-            print.Add(trigger.fireCount);
+            state << ' ' << trigger.fireCount;
         }
-        print.Add(static_cast<std::uint32_t>(Camera::state));
-        print.Add(Random::state);
-        print.Add(static_cast<std::uint32_t>(FxParticleManager::particles.size()));
-        states.push_back(print.value);
+        state << ", camera " << Camera::state << ", random " << Random::state << ", effects "
+              << FxParticleManager::particles.size();
+        states.push_back(state.str());
         noted.push_back(Summary());
     }
     return std::pair(states, noted);

@@ -5,7 +5,7 @@
 #include <chrono>
 
 #include "engine/Console.h"
-#include "level/Collision.h"
+#include "reference/PlainHops.h"
 #include "water/WaterWorld.h"
 
 using GroupedParticleMover::groups;
@@ -126,22 +126,6 @@ TEST(Groups, LeaveWithTheViewAndItsMargin) {
     EXPECT_TRUE(groups.empty());
 }
 
-namespace {
-
-/// The plain form of a lump's move: a query after each hop, to the end.
-Vector2 HopThrough(Vector2 position, float radius, Vector2 move) {
-    float length = Length(move);
-    const Vector2 direction = move / length;
-    while (length > 0.0f) {
-        position += direction * std::min(length, radius * 0.75f);
-        Collision::CollideCircle(position, radius);
-        length = length > radius * 0.75f ? length - radius * 0.75f : 0.0f;
-    }
-    return position;
-}
-
-}  // namespace
-
 TEST(Groups, GoToTheEndOfTheirMoveHoweverFarItIs) {
     std::list<LevelPolygon> level;
     level.push_back(TestLevel::Box(-50.0f, 20000.0f, 50.0f, 20040.0f));
@@ -156,7 +140,7 @@ TEST(Groups, GoToTheEndOfTheirMoveHoweverFarItIs) {
             groups.clear();
             ParticleGroup& group = AddGroup({-30.0f, 10.0f}, members);
             group.velocity = velocity;
-            const Vector2 end = HopThrough(group.position, group.radius, velocity * dt);
+            const Vector2 end = Plain::HopThrough(group.position, group.radius, velocity * dt);
             GroupedParticleMover::Step(dt, ParticleManager::particles);
             EXPECT_EQ(group.position, end) << velocity.x << ' ' << velocity.y << ' ' << members;
         }

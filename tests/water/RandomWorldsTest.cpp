@@ -9,7 +9,6 @@
 #include "reference/PlainFreeze.h"
 #include "reference/PlainMerge.h"
 #include "reference/Same.h"
-#include "support/Fingerprint.h"
 #include "water/Clusters.h"
 #include "water/GroupFreeze.h"
 #include "water/GroupMerge.h"
@@ -214,8 +213,9 @@ TEST(GroupMerge, ReachesFurtherAsGroupsGrow) {
     EXPECT_EQ(sizes, (std::vector<std::size_t>{10, 9, 8, 6, 3, 2, 2}));
 }
 
-/// Adds a run in which the level turns and water freezes, thaws, boils, dies and leaves.
-static void AddRandomRun(Fingerprint& print, std::uint32_t seed) {
+/// Folds into `print` a run in which the level turns and water freezes, thaws, boils, dies and
+/// leaves.
+static void AddRandomRun(std::uint64_t& print, std::uint32_t seed) {
     Dice dice(seed);
     const WaterWorld world(WaterLevels::CrowdedBowl(160.0f, 120.0f, dice.Within(0.0f, 1.0f)),
                            {80.0f, 60.0f});
@@ -238,16 +238,14 @@ static void AddRandomRun(Fingerprint& print, std::uint32_t seed) {
             }
         }
         ParticleManager::Step(dice.Within(0.001f, 0.033f));
-        const std::uint64_t state = WaterCheck::Hash() ^ Random::state;
-        print.Add(static_cast<std::uint32_t>(state));
-        print.Add(static_cast<std::uint32_t>(state >> 32));
+        print = (print ^ WaterCheck::Hash() ^ Random::state) * 1099511628211u;
     }
 }
 
 TEST(ParticleManager, StepsTheSameOnEveryBuild) {
-    Fingerprint print;
+    std::uint64_t print = 0;
     for (std::uint32_t seed = 0; seed < 12; ++seed) {
         AddRandomRun(print, seed);
     }
-    EXPECT_EQ(print.value, 11235275598261699490u);
+    EXPECT_EQ(print, 9959217793043918612u);
 }
