@@ -21,8 +21,8 @@ void Draw() {
     glScalef(static_cast<float>(GLWindow::ClientWidth()) / menuWidth,
              static_cast<float>(GLWindow::ClientHeight()) / menuHeight, 0.0f);
     font->DrawTextCentred(display->text.data(), 0.0f, display->top, menuWidth, display->size,
-                          display->size, display->red, display->green, display->blue,
-                          display->alpha);
+                          display->size,
+                          {display->red, display->green, display->blue, display->alpha});
     AdvanceFade(frameTimer.deltaSeconds);
 }
 

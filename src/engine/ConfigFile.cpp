@@ -103,6 +103,12 @@ std::string ConfigFile::GetString(std::string_view key) const {
     return value;
 }
 
+Colour ConfigFile::GetColour(std::string_view name) const {
+    Colour value{0.0f, 0.0f, 0.0f, 0.0f};
+    ReadColour(name, value);
+    return value;
+}
+
 void ConfigFile::ReadInt(std::string_view key, int& target) const {
     const std::string* value = Find(key);
     if (value != nullptr && IsInteger(*value)) {
@@ -128,4 +134,12 @@ void ConfigFile::ReadString(std::string_view key, std::string& target) const {
     if (const std::string* value = Find(key)) {
         target = *value;
     }
+}
+
+void ConfigFile::ReadColour(std::string_view name, Colour& target) const {
+    const std::string key(name);
+    ReadFloat(key + "_r", target.r);
+    ReadFloat(key + "_g", target.g);
+    ReadFloat(key + "_b", target.b);
+    ReadFloat(key + "_a", target.a);
 }

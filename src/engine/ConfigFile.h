@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "engine/Colour.h"
+
 class ConfigFile {
 public:
     ConfigFile() = default;
@@ -30,6 +32,8 @@ public:
     bool GetBool(std::string_view key) const;
     float GetFloat(std::string_view key) const;
     std::string GetString(std::string_view key) const;
+    /// From the keys `name`_r, _g, _b and _a.
+    Colour GetColour(std::string_view name) const;
 
     // These leave the target alone unless the key is there and of the right form.
 
@@ -37,6 +41,8 @@ public:
     void ReadBool(std::string_view key, bool& target) const;
     void ReadFloat(std::string_view key, float& target) const;
     void ReadString(std::string_view key, std::string& target) const;
+    /// Each component by itself.
+    void ReadColour(std::string_view name, Colour& target) const;
 
 private:
     const std::string* Find(std::string_view key) const;

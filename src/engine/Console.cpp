@@ -71,13 +71,6 @@ void StopLog() {
     Print(logFileName);
 }
 
-// Reads `name`_r, _g and _b; missing keys leave the colour as it is.
-void ReadColour(const ConfigFile& config, const std::string& name, Colour& colour) {
-    config.ReadFloat(name + "_r", colour.r);
-    config.ReadFloat(name + "_g", colour.g);
-    config.ReadFloat(name + "_b", colour.b);
-}
-
 }  // namespace
 
 constinit std::array<char, outputSize> outputBuffer = LineFeeds();
@@ -93,12 +86,11 @@ void Initialise() {
     settings.fontTextureName = config.GetString("fontTextureName");
     config.ReadInt("fontSize", settings.fontSize);
     settings.fontSize = std::clamp(settings.fontSize, 1, maxFontSize);
-    ReadColour(config, "output_background", settings.outputBackground);
-    config.ReadFloat("output_background_a", settings.outputBackground.a);
-    ReadColour(config, "output_text", settings.outputText);
-    ReadColour(config, "input_background", settings.inputBackground);
-    ReadColour(config, "input_border", settings.inputBorder);
-    ReadColour(config, "input_text", settings.inputText);
+    config.ReadColour("output_background", settings.outputBackground);
+    config.ReadColour("output_text", settings.outputText);
+    config.ReadColour("input_background", settings.inputBackground);
+    config.ReadColour("input_border", settings.inputBorder);
+    config.ReadColour("input_text", settings.inputText);
     if (config.GetBool("enableLogging")) {
         SetLogging(true);
     }

@@ -11,6 +11,8 @@
 #include <string>
 #include <string_view>
 
+#include "engine/Colour.h"
+
 namespace Console {
 
 /// Empties everything, registers the built-in commands, reads the settings and starts the
@@ -78,19 +80,15 @@ struct VisibleText {
 /// rows, counted backwards from the newest character, and at most the whole ring.
 VisibleText FindVisibleText(int rows, int columns);
 
-struct Colour {
-    float r, g, b, a;
-};
-
 /// Look of the console, from cfg\console.cfg.
 struct Settings {
     std::string fontTextureName;
     int fontSize = 8;  ///< pixels per cell, at least 1
     Colour outputBackground{0.0f, 0.0f, 0.0f, 0.5f};
-    Colour outputText{1.0f, 1.0f, 1.0f, 1.0f};
-    Colour inputBackground{0.25f, 0.25f, 0.25f, 1.0f};
-    Colour inputBorder{0.5f, 0.25f, 0.25f, 1.0f};
-    Colour inputText{1.0f, 1.0f, 1.0f, 1.0f};
+    Colour outputText = Colours::white;
+    Colour inputBackground{0.25f, 0.25f, 0.25f};
+    Colour inputBorder{0.5f, 0.25f, 0.25f};
+    Colour inputText = Colours::white;
 };
 extern Settings settings;
 

@@ -113,21 +113,21 @@ void DrawFreeCameraOverlay() {
     std::snprintf(text, sizeof text, "%1f , %2f", static_cast<double>(at.x),
                   static_cast<double>(at.y));
     Console::Font().DrawText(text, at.x, at.y + 16.0f / gameState.freeCameraZoom,
-                             8.0f / gameState.freeCameraZoom, 1.0f, 1.0f, 1.0f, 1.0f);
+                             8.0f / gameState.freeCameraZoom, Colours::white);
 }
 
 /// In 800 by 600 units over the client area.
 void DrawPausedText() {
     const Texture& font = *gameState.font;
-    font.DrawTextCentred("Paused", 2.0f, 2.0f, 800.0f, 600.0f, 32.0f, 0.0f, 0.0f, 0.0f, 1.0f);
-    font.DrawTextCentred("Paused", 0.0f, 0.0f, 800.0f, 600.0f, 32.0f, 1.0f, 1.0f, 1.0f, 1.0f);
+    font.DrawTextCentred("Paused", 2.0f, 2.0f, 800.0f, 600.0f, 32.0f, Colours::black);
+    font.DrawTextCentred("Paused", 0.0f, 0.0f, 800.0f, 600.0f, 32.0f, Colours::white);
 }
 
 /// At its own size in pixels, its shadow first.
 void DrawMenuCursor() {
     const Texture& image = *gameState.cursorTexture;
     GuiPainter& painter = GuiPainter::Current();
-    const auto draw = [&](float x, float y, const GuiColour& colour) {
+    const auto draw = [&](float x, float y, const Colour& colour) {
         painter.DrawImage(
             image,
             {x, y, x + static_cast<float>(image.width), y + static_cast<float>(image.height)},
@@ -137,8 +137,8 @@ void DrawMenuCursor() {
     const auto x = static_cast<float>(GLWindow::MouseX());
     const auto y = static_cast<float>(GLWindow::MouseY());
     painter.BeginPage(0.0f, 0.0f, 1.0f, 1.0f);
-    draw(x + shadow, y + shadow, {0.0f, 0.0f, 0.0f, 1.0f});
-    draw(x, y, {});
+    draw(x + shadow, y + shadow, Colours::black);
+    draw(x, y, Colours::white);
     painter.EndPage();
 }
 

@@ -25,11 +25,6 @@ bool IsNameCharacter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == ' ';
 }
 
-GuiColour ReadColour(const ConfigFile& file, const std::string& name) {
-    return {file.GetFloat(name + "_r"), file.GetFloat(name + "_g"), file.GetFloat(name + "_b"),
-            file.GetFloat(name + "_a")};
-}
-
 }  // namespace
 
 HighScores::HighScores(GuiScreen* screen) : background(screen) {
@@ -38,8 +33,8 @@ HighScores::HighScores(GuiScreen* screen) : background(screen) {
     const ConfigFile levelFinished("cfg\\menu_levelFinished.cfg");
     cursor = Texture(game.GetString("cursor"), "DEFAULT_SPRITE");
     font = Texture(general.GetString("menuFont"), "DEFAULT_FONT");
-    textColour = ReadColour(general, "menuFontColor");
-    shadowColour = ReadColour(general, "textDropShadowColor");
+    textColour = general.GetColour("menuFontColor");
+    shadowColour = general.GetColour("textDropShadowColor");
     shadowOffsetX = general.GetFloat("textDropShadowOffset_x");
     shadowOffsetY = general.GetFloat("textDropShadowOffset_y");
     SetUpButton(continueButton, "continueButton", general, levelFinished);
@@ -138,13 +133,13 @@ void HighScores::OnPaint() {
     timer.Tick();
     StepTimes(timer.deltaSeconds);
     GuiPainter& painter = GuiPainter::Current();
-    painter.Clear(0.0f, 0.0f, 0.0f);
+    painter.Clear(Colours::black);
     if (background) {
         background->OnPaint();
     }
     painter.BeginPage(0.0f, 0.0f, static_cast<float>(GLWindow::ClientWidth()) / viewWidth,
                       static_cast<float>(GLWindow::ClientHeight()) / viewHeight);
-    constexpr GuiColour dark{0.0f, 0.0f, 0.0f, 0.9f};
+    constexpr Colour dark{0.0f, 0.0f, 0.0f, 0.9f};
     painter.FillRect({0.0f, 0.0f, viewWidth, viewHeight}, dark, dark);
     DrawTexts();
     continueButton.OnPaint();
@@ -160,7 +155,7 @@ void HighScores::DrawTexts() const {
 }
 
 void HighScores::DrawLines(const char* nameLine, float offsetX, float offsetY,
-                           const GuiColour& colour) const {
+                           const Colour& colour) const {
     const auto drawLine = [&](const char* text, float top, float height) {
         const GuiRect box{offsetX, top + offsetY, offsetX + viewWidth, top + height + offsetY};
         GuiPainter::Current().DrawTextCentred(font, text, box, fontSize, colour);
@@ -178,7 +173,7 @@ void HighScores::DrawCursor() const {
     painter.BeginPage(0.0f, 0.0f, 1.0f, 1.0f);
     painter.DrawImage(
         cursor, {x, y, x + static_cast<float>(cursor.width), y + static_cast<float>(cursor.height)},
-        wholeImage, {});
+        wholeImage, Colours::white);
     painter.EndPage();
 }
 

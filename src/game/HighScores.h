@@ -45,8 +45,7 @@ private:
     bool IsOnButton(Position position) const;
     void StepTimes(float dt);
     void DrawTexts() const;
-    void DrawLines(const char* nameLine, float offsetX, float offsetY,
-                   const GuiColour& colour) const;
+    void DrawLines(const char* nameLine, float offsetX, float offsetY, const Colour& colour) const;
     void DrawCursor() const;
 
     std::string name;
@@ -54,8 +53,8 @@ private:
     Texture cursor;
     Texture font;
     std::unique_ptr<Sound> sound;
-    GuiColour textColour;
-    GuiColour shadowColour;
+    Colour textColour;
+    Colour shadowColour;
     float shadowOffsetX = 0.0f;
     float shadowOffsetY = 0.0f;
     Timer timer;

@@ -54,7 +54,7 @@ void DrawFinishAnimation(float fade) {
     animation->visible = true;
     // Only the state: the frame goes on from paint to paint.
     animation->state = GuiAnimatedButton::OutOfFocus;
-    animation->SetColour(1.0f, 1.0f, 1.0f, fade);
+    animation->SetColour({1.0f, 1.0f, 1.0f, fade});
     const Vector2 centre{static_cast<float>(animation->width) / 2.0f,
                          static_cast<float>(animation->height) / 2.0f};
     const Texture* picture = animation->CurrentFrame();

@@ -71,7 +71,7 @@ void AviPlayer::Draw() const {
     glDisable(GL_ALPHA_TEST);
     glDisable(GL_BLEND);
     glBindTexture(GL_TEXTURE_2D, glName);
-    ClearScreen(0.0f, 0.0f, 0.0f);
+    ClearScreen(Colours::black);
 
     const auto w = static_cast<float>(video->Width());
     const auto h = static_cast<float>(video->Height());

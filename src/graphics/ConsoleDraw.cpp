@@ -64,7 +64,7 @@ Area CurrentArea() {
 
 void DrawBox(float left, float top, float right, float bottom, const Colour& colour) {
     const float corners[] = {left, top, right, top, right, bottom, left, bottom};
-    glColor4f(colour.r, colour.g, colour.b, colour.a);
+    glColor4fv(&colour.r);
     glInterleavedArrays(GL_V2F, 0, corners);
     glDrawArrays(GL_QUADS, 0, 4);
 }
@@ -142,7 +142,7 @@ void DrawCursor(const Area& area) {
     const auto left = static_cast<float>(column * area.cell);
     const float line = area.inputTop + static_cast<float>(3 * area.cell);
     const float bottom = GLWindow::IsKeyToggled(insertKey) ? line : line + 4.0f;
-    DrawBox(left, line - 1.0f, left + static_cast<float>(area.cell), bottom, {1, 1, 1, 1});
+    DrawBox(left, line - 1.0f, left + static_cast<float>(area.cell), bottom, Colours::white);
 }
 
 const Texture& FontTexture() {

@@ -13,8 +13,8 @@ void GLWindow::SetPixelProjection() {
     Platform::TheWindow().SetPixelProjection(ClientWidth(), ClientHeight());
 }
 
-void ClearScreen(float r, float g, float b) {
-    glClearColor(r, g, b, 1.0f);
+void ClearScreen(const Colour& colour) {
+    glClearColor(colour.r, colour.g, colour.b, 1.0f);
     glClear(GL_COLOR_BUFFER_BIT);
 }
 
@@ -56,10 +56,6 @@ namespace {
 
 constexpr float headLength = 6.0f;  // of an arrow, world units
 
-void SetColour(Colour colour) {
-    glColor4f(colour.r, colour.g, colour.b, 1.0f);
-}
-
 void Vertex(Vector2 at) {
     glVertex2f(at.x, at.y);
 }
@@ -78,7 +74,7 @@ State::~State() {
 }
 
 void Line(Vector2 from, Vector2 to, Colour colour, float width) {
-    SetColour(colour);
+    glColor4fv(&colour.r);
     glLineWidth(width);
     glBegin(GL_LINES);
     Vertex(from);
@@ -87,7 +83,7 @@ void Line(Vector2 from, Vector2 to, Colour colour, float width) {
 }
 
 void Point(Vector2 at, Colour colour, float size) {
-    SetColour(colour);
+    glColor4fv(&colour.r);
     glPointSize(size);
     glBegin(GL_POINTS);
     Vertex(at);
@@ -95,7 +91,7 @@ void Point(Vector2 at, Colour colour, float size) {
 }
 
 void Circle(Vector2 centre, float radius, Colour colour, int segments) {
-    SetColour(colour);
+    glColor4fv(&colour.r);
     glLineWidth(1.0f);
     DrawCircleOutline(centre.x, centre.y, radius, segments);
 }
@@ -119,7 +115,7 @@ void Arrow(Vector2 from, Vector2 to, Colour colour, float width) {
 void Label(Vector2 at, const char* text, float size, Colour colour) {
     // The text sets what it needs, but leaves blend function, binding and colour behind.
     glPushAttrib(GL_CURRENT_BIT | GL_COLOR_BUFFER_BIT | GL_TEXTURE_BIT);
-    Console::Font().DrawText(text, at.x, at.y, size, colour.r, colour.g, colour.b, 1.0f);
+    Console::Font().DrawText(text, at.x, at.y, size, colour);
     glPopAttrib();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 // Drawing helpers that every screen and debug view uses.
 
+#include "engine/Colour.h"
 #include "engine/Vector2.h"
 
 namespace GLWindow {
@@ -11,8 +12,8 @@ void SetPixelProjection();
 
 }  // namespace GLWindow
 
-/// Clears the colour buffer, with alpha 1.
-void ClearScreen(float r, float g, float b);
+/// Clears the colour buffer, with alpha 1 whatever the colour's.
+void ClearScreen(const Colour& colour);
 /// Pushes all server and client attributes, then projection and modelview matrix; modelview
 /// stays selected. `PopAllState` undoes it.
 void PushAllState();
@@ -24,9 +25,7 @@ void DrawCircleOutline(float x, float y, float radius, int segments);
 /// blending must be off, except for the label, which sets its own state.
 namespace DebugDraw {
 
-struct Colour {
-    float r, g, b;
-};
+using ::Colour;
 
 /// Saves the GL state and turns off textures, lighting, culling, blending and depth test;
 /// restores the state when it goes.

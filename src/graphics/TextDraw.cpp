@@ -49,8 +49,7 @@ void LayOut(std::vector<Corner>& corners, const char* text, float x, float y, fl
 
 }  // namespace
 
-void Texture::DrawText(const char* text, float x, float y, float size, float r, float g, float b,
-                       float a) const {
+void Texture::DrawText(const char* text, float x, float y, float size, const Colour& colour) const {
     if (!text || !(size > 0.0f)) {
         return;
     }
@@ -70,7 +69,7 @@ void Texture::DrawText(const char* text, float x, float y, float size, float r, 
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
     glBindTexture(GL_TEXTURE_2D, glName);
 
-    glColor4f(r, g, b, a);
+    glColor4fv(&colour.r);
     glDisableClientState(GL_COLOR_ARRAY);
     glDisableClientState(GL_NORMAL_ARRAY);
     glEnableClientState(GL_VERTEX_ARRAY);
@@ -84,12 +83,12 @@ void Texture::DrawText(const char* text, float x, float y, float size, float r, 
 }
 
 void Texture::DrawTextCentred(const char* text, float x, float y, float w, float h, float size,
-                              float r, float g, float b, float a) const {
+                              const Colour& colour) const {
     if (!text || !(size > 0.0f)) {
         return;
     }
     const auto length = static_cast<float>(std::strlen(text));
     const float left = std::round(w / 2.0f + x - length * size / 2.0f);
     const float top = std::round(h / 2.0f + y - size / 2.0f);
-    DrawText(text, left, top, size, r, g, b, a);
+    DrawText(text, left, top, size, colour);
 }

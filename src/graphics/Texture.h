@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <string>
 
+#include "engine/Colour.h"
+
 class Texture {
 public:
     /// The texture that says that none was named.
@@ -28,11 +30,10 @@ public:
 
     /// Draws bytes as cells of a 16 by 16 font sheet, from the pen position on; a line feed
     /// starts a new line. `size` is cell width, cell height and advance.
-    void DrawText(const char* text, float x, float y, float size, float r, float g, float b,
-                  float a) const;
+    void DrawText(const char* text, float x, float y, float size, const Colour& colour) const;
     /// The same, centred in a box; for single lines.
-    void DrawTextCentred(const char* text, float x, float y, float w, float h, float size, float r,
-                         float g, float b, float a) const;
+    void DrawTextCentred(const char* text, float x, float y, float w, float h, float size,
+                         const Colour& colour) const;
 
     // Copies taken when the handle was made; `glName` stays right over reloads.
     std::uint32_t width = 0;  ///< source pixels

@@ -156,7 +156,7 @@ void GuiAnimatedButton::OnPaint() {
         const float shadowLeft = left + shadowOffsetX;
         const float shadowTop = top + shadowOffsetY;
         painter.DrawImage(*picture, {shadowLeft, shadowTop, shadowLeft + w, shadowTop + h},
-                          wholeImage, ShadowColour());
+                          wholeImage, shadowColour);
     }
-    painter.DrawImage(*picture, {left, top, left + w, top + h}, wholeImage, Colour());
+    painter.DrawImage(*picture, {left, top, left + w, top + h}, wholeImage, colour);
 }

@@ -19,7 +19,7 @@ constexpr float firstRow = 2.0f;
 }  // namespace
 
 GuiHighScores::GuiHighScores() {
-    SetColour(0.0f, 0.0f, 0.0f, 1.0f);
+    SetColour(Colours::black);
 }
 
 void GuiHighScores::SetEntryFontSize(float size) {
@@ -34,27 +34,27 @@ void GuiHighScores::SetTitleFontSize(float size) {
     }
 }
 
-void GuiHighScores::DrawTable(float left, float top, const GuiColour& colour) const {
+void GuiHighScores::DrawTable(float left, float top, const Colour& textColour) const {
     GuiPainter& painter = GuiPainter::Current();
     const float nameLeft = left + nameColumn * titleFontSize;
     const float scoreLeft = left + scoreColumn * titleFontSize;
-    painter.DrawText(font, "Rank", left, top, titleFontSize, colour);
-    painter.DrawText(font, "Name", nameLeft, top, titleFontSize, colour);
-    painter.DrawText(font, "Score", scoreLeft, top, titleFontSize, colour);
+    painter.DrawText(font, "Rank", left, top, titleFontSize, textColour);
+    painter.DrawText(font, "Name", nameLeft, top, titleFontSize, textColour);
+    painter.DrawText(font, "Score", scoreLeft, top, titleFontSize, textColour);
 
     float rowTop = top + firstRow * titleFontSize;
     int rank = 1;
     for (const HighScoreRow& row : MenuHost::Current().HighScores()) {
         char number[16];
         std::snprintf(number, sizeof number, "%d", rank);
-        painter.DrawText(font, number, left, rowTop, entryFontSize, colour);
+        painter.DrawText(font, number, left, rowTop, entryFontSize, textColour);
         // Copied, since a name from a foreign file needn't end in a zero.
         char name[HighScoreRow::longestName + 2];
         std::snprintf(name, sizeof name, "%.*s", static_cast<int>(row.name.size()),
                       row.name.data());
-        painter.DrawText(font, name, nameLeft, rowTop, entryFontSize, colour);
+        painter.DrawText(font, name, nameLeft, rowTop, entryFontSize, textColour);
         std::snprintf(number, sizeof number, "%" PRIu32, row.score);
-        painter.DrawText(font, number, scoreLeft, rowTop, entryFontSize, colour);
+        painter.DrawText(font, number, scoreLeft, rowTop, entryFontSize, textColour);
         rowTop += titleFontSize;
         ++rank;
     }
@@ -64,7 +64,7 @@ void GuiHighScores::OnPaint() {
     const auto left = static_cast<float>(x);
     const auto top = static_cast<float>(y);
     if (dropShadow) {
-        DrawTable(left + shadowOffsetX, top + shadowOffsetY, ShadowColour());
+        DrawTable(left + shadowOffsetX, top + shadowOffsetY, shadowColour);
     }
-    DrawTable(left, top, Colour());
+    DrawTable(left, top, colour);
 }

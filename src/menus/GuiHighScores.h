@@ -21,5 +21,5 @@ public:
     float titleFontSize = 32.0f;
 
 private:
-    void DrawTable(float left, float top, const GuiColour& colour) const;
+    void DrawTable(float left, float top, const Colour& textColour) const;
 };

@@ -25,5 +25,5 @@ void GuiImage::OnPaint() {
     }
     const GuiRect area{static_cast<float>(x), static_cast<float>(y), static_cast<float>(x + width),
                        static_cast<float>(y + height)};
-    GuiPainter::Current().DrawImage(texture, area, source, Colour());
+    GuiPainter::Current().DrawImage(texture, area, source, colour);
 }

@@ -33,7 +33,7 @@ void GuiLevelTimeDisplay::OnPaint() {
     if (dropShadow) {
         const GuiRect shifted{box.left + shadowOffsetX, box.top + shadowOffsetY,
                               box.right + shadowOffsetX, box.bottom + shadowOffsetY};
-        painter.DrawTextCentred(font, text, shifted, fontSize, ShadowColour());
+        painter.DrawTextCentred(font, text, shifted, fontSize, shadowColour);
     }
-    painter.DrawTextCentred(font, text, box, fontSize, Colour());
+    painter.DrawTextCentred(font, text, box, fontSize, colour);
 }

@@ -22,10 +22,10 @@ void GuiOptionChooser::SetSelected(unsigned index) {
     selected = count == 0 ? 0 : std::min(index, count - 1);
 }
 
-void GuiOptionChooser::SetShadowColour(float r, float g, float b, float a) {
-    GuiShadow::SetShadowColour(r, g, b, a);
-    leftButton.SetShadowColour(r, g, b, a);
-    rightButton.SetShadowColour(r, g, b, a);
+void GuiOptionChooser::SetShadowColour(const Colour& newColour) {
+    GuiShadow::SetShadowColour(newColour);
+    leftButton.SetShadowColour(newColour);
+    rightButton.SetShadowColour(newColour);
 }
 
 void GuiOptionChooser::SetShadowOffset(float offsetX, float offsetY) {
@@ -106,7 +106,7 @@ void GuiOptionChooser::PaintArrow(GuiAnimatedButton& arrow, float edge, bool lef
     arrow.SetPosition(static_cast<int>(leftOfEdge ? edge - w : edge),
                       static_cast<int>(centreY - h / 2.0f));
     arrow.SetSize(static_cast<int>(picture->width), static_cast<int>(picture->height));
-    arrow.SetColour(1.0f, 1.0f, 1.0f, leadsOn ? 1.0f : faint);
+    arrow.SetColour({1.0f, 1.0f, 1.0f, leadsOn ? 1.0f : faint});
     arrow.OnPaint();
 }
 

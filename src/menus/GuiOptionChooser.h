@@ -23,7 +23,7 @@ public:
 
     // Both also reach the arrows; their `dropShadow` is their own.
 
-    void SetShadowColour(float r, float g, float b, float a) override;
+    void SetShadowColour(const Colour& newColour) override;
     void SetShadowOffset(float offsetX, float offsetY) override;
 
     void SetOverSound(const std::string& file);

@@ -7,6 +7,8 @@
 // Between BeginPage and EndPage coordinates are the page's logical units; outside of a page
 // they are whatever units the current transform has.
 
+#include "engine/Colour.h"
+
 class Texture;
 
 /// Edges in logical units, or in texture coordinates; y grows downwards.
@@ -17,14 +19,6 @@ struct GuiRect {
     float bottom = 0.0f;
 };
 
-/// Components 0..1.
-struct GuiColour {
-    float red = 1.0f;
-    float green = 1.0f;
-    float blue = 1.0f;
-    float alpha = 1.0f;
-};
-
 /// The whole of an image, in texture coordinates.
 inline constexpr GuiRect wholeImage{0.0f, 0.0f, 1.0f, 1.0f};
 
@@ -32,8 +26,8 @@ class GuiPainter {
 public:
     virtual ~GuiPainter() = default;
 
-    /// Clears the whole client area.
-    virtual void Clear(float /*red*/, float /*green*/, float /*blue*/) {}
+    /// Clears the whole client area; alpha doesn't count.
+    virtual void Clear(const Colour& /*colour*/) {}
     /// Saves the drawing state, turns off all that could disturb a flat page, and lets one
     /// logical unit be `scaleX` by `scaleY` pixels, the origin `offsetX`, `offsetY` pixels
     /// from the client area's top left.
@@ -44,18 +38,18 @@ public:
 
     /// `source` of the image over `area`, tinted by the colour and blended by alpha.
     virtual void DrawImage(const Texture& /*image*/, const GuiRect& /*area*/,
-                           const GuiRect& /*source*/, const GuiColour& /*colour*/) {}
+                           const GuiRect& /*source*/, const Colour& /*colour*/) {}
     /// A rectangle from one colour at its top edge to another at its bottom edge, blended by
     /// alpha.
-    virtual void FillRect(const GuiRect& /*area*/, const GuiColour& /*top*/,
-                          const GuiColour& /*bottom*/) {}
+    virtual void FillRect(const GuiRect& /*area*/, const Colour& /*top*/,
+                          const Colour& /*bottom*/) {}
     /// `x`, `y` is the first character's top left; see Texture::DrawText.
     virtual void DrawText(const Texture& /*font*/, const char* /*text*/, float /*x*/, float /*y*/,
-                          float /*size*/, const GuiColour& /*colour*/) {}
+                          float /*size*/, const Colour& /*colour*/) {}
     /// One line centred in a box, to whole units; see Texture::DrawTextCentred.
     virtual void DrawTextCentred(const Texture& /*font*/, const char* /*text*/,
-                                 const GuiRect& /*box*/, float /*size*/,
-                                 const GuiColour& /*colour*/) {}
+                                 const GuiRect& /*box*/, float /*size*/, const Colour& /*colour*/) {
+    }
 
     /// The painter in force; one that draws nothing unless one was set.
     static GuiPainter& Current();

@@ -13,14 +13,13 @@ namespace {
 
 struct Corner {
     float s, t;
-    GuiColour colour;
+    Colour colour;
     float x, y;
 };
 
 using Quad = std::array<Corner, 4>;
 
-Quad MakeQuad(const GuiRect& area, const GuiRect& source, const GuiColour& top,
-              const GuiColour& bottom) {
+Quad MakeQuad(const GuiRect& area, const GuiRect& source, const Colour& top, const Colour& bottom) {
     return {{{source.left, source.top, top, area.left, area.top},
              {source.right, source.top, top, area.right, area.top},
              {source.right, source.bottom, bottom, area.right, area.bottom},
@@ -36,7 +35,7 @@ void DrawQuad(const Quad& quad) {
     glEnableClientState(GL_TEXTURE_COORD_ARRAY);
     glEnableClientState(GL_COLOR_ARRAY);
     glTexCoordPointer(2, GL_FLOAT, sizeof(Corner), &quad.front().s);
-    glColorPointer(4, GL_FLOAT, sizeof(Corner), &quad.front().colour.red);
+    glColorPointer(4, GL_FLOAT, sizeof(Corner), &quad.front().colour.r);
     glVertexPointer(2, GL_FLOAT, sizeof(Corner), &quad.front().x);
     glDrawArrays(GL_QUADS, 0, static_cast<GLsizei>(quad.size()));
     glPopClientAttrib();
@@ -44,8 +43,8 @@ void DrawQuad(const Quad& quad) {
 
 }  // namespace
 
-void GLGuiPainter::Clear(float red, float green, float blue) {
-    ClearScreen(red, green, blue);
+void GLGuiPainter::Clear(const Colour& colour) {
+    ClearScreen(colour);
 }
 
 void GLGuiPainter::BeginPage(float offsetX, float offsetY, float scaleX, float scaleY) {
@@ -66,24 +65,24 @@ void GLGuiPainter::EndPage() {
 }
 
 void GLGuiPainter::DrawImage(const Texture& image, const GuiRect& area, const GuiRect& source,
-                             const GuiColour& colour) {
+                             const Colour& colour) {
     glEnable(GL_TEXTURE_2D);
     glBindTexture(GL_TEXTURE_2D, image.glName);
     DrawQuad(MakeQuad(area, source, colour, colour));
 }
 
-void GLGuiPainter::FillRect(const GuiRect& area, const GuiColour& top, const GuiColour& bottom) {
+void GLGuiPainter::FillRect(const GuiRect& area, const Colour& top, const Colour& bottom) {
     glDisable(GL_TEXTURE_2D);
     DrawQuad(MakeQuad(area, wholeImage, top, bottom));
 }
 
 void GLGuiPainter::DrawText(const Texture& font, const char* text, float x, float y, float size,
-                            const GuiColour& colour) {
-    font.DrawText(text, x, y, size, colour.red, colour.green, colour.blue, colour.alpha);
+                            const Colour& colour) {
+    font.DrawText(text, x, y, size, colour);
 }
 
 void GLGuiPainter::DrawTextCentred(const Texture& font, const char* text, const GuiRect& box,
-                                   float size, const GuiColour& colour) {
+                                   float size, const Colour& colour) {
     font.DrawTextCentred(text, box.left, box.top, box.right - box.left, box.bottom - box.top, size,
-                         colour.red, colour.green, colour.blue, colour.alpha);
+                         colour);
 }

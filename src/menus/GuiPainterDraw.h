@@ -5,14 +5,14 @@
 
 class GLGuiPainter : public GuiPainter {
 public:
-    void Clear(float red, float green, float blue) override;
+    void Clear(const Colour& colour) override;
     void BeginPage(float offsetX, float offsetY, float scaleX, float scaleY) override;
     void EndPage() override;
     void DrawImage(const Texture& image, const GuiRect& area, const GuiRect& source,
-                   const GuiColour& colour) override;
-    void FillRect(const GuiRect& area, const GuiColour& top, const GuiColour& bottom) override;
+                   const Colour& colour) override;
+    void FillRect(const GuiRect& area, const Colour& top, const Colour& bottom) override;
     void DrawText(const Texture& font, const char* text, float x, float y, float size,
-                  const GuiColour& colour) override;
+                  const Colour& colour) override;
     void DrawTextCentred(const Texture& font, const char* text, const GuiRect& box, float size,
-                         const GuiColour& colour) override;
+                         const Colour& colour) override;
 };

@@ -187,7 +187,7 @@ void GuiScreen::OnDestroy() {
 void GuiScreen::OnPaint() {
     GuiPainter& painter = GuiPainter::Current();
     if (clearBackground) {
-        painter.Clear(clearRed, clearGreen, clearBlue);
+        painter.Clear(clearColour);
     }
     const LogicalSpace space = LogicalSpace::OfWindow();
     painter.BeginPage(space.offsetX, space.offsetY, space.scale, space.scale);

@@ -62,9 +62,7 @@ public:
     /// Paints the widgets in the order of adding, then counts the pending queues down.
     void OnPaint() override;
 
-    float clearRed = 0.0f;  ///< background
-    float clearGreen = 0.0f;
-    float clearBlue = 0.0f;
+    Colour clearColour;           ///< background
     bool clearBackground = true;  ///< false when the page lies over somebody else's frame
     bool swapAfterPaint = true;   ///< false when somebody else ends the frame
     Timer timer;                  ///< time base of the pending queues

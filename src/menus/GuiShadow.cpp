@@ -2,11 +2,8 @@
 
 #include "menus/GuiShadow.h"
 
-void GuiShadow::SetShadowColour(float r, float g, float b, float a) {
-    shadowRed = r;
-    shadowGreen = g;
-    shadowBlue = b;
-    shadowAlpha = a;
+void GuiShadow::SetShadowColour(const Colour& newColour) {
+    shadowColour = newColour;
 }
 
 void GuiShadow::SetShadowOffset(float offsetX, float offsetY) {

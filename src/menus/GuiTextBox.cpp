@@ -33,7 +33,7 @@ std::size_t EndOfLine(const std::string& text, std::size_t start, std::size_t lo
 }  // namespace
 
 GuiTextBox::GuiTextBox() {
-    SetColour(1.0f, 1.0f, 1.0f, 1.0f);
+    SetColour(Colours::white);
     fontSize = 8.0f;
 }
 
@@ -60,7 +60,7 @@ void GuiTextBox::Rewrap() {
     }
 }
 
-void GuiTextBox::DrawLines(float offsetX, float offsetY, const GuiColour& colour) const {
+void GuiTextBox::DrawLines(float offsetX, float offsetY, const Colour& textColour) const {
     GuiPainter& painter = GuiPainter::Current();
     const float left = static_cast<float>(x) + offsetX;
     float top = static_cast<float>(y) + offsetY;
@@ -70,14 +70,14 @@ void GuiTextBox::DrawLines(float offsetX, float offsetY, const GuiColour& colour
             const float lineWidth = static_cast<float>(line.size()) * fontSize;
             start += static_cast<float>(width) / 2.0f - lineWidth / 2.0f;
         }
-        painter.DrawText(font, line.c_str(), start, top, fontSize, colour);
+        painter.DrawText(font, line.c_str(), start, top, fontSize, textColour);
         top += fontSize;
     }
 }
 
 void GuiTextBox::OnPaint() {
     if (dropShadow) {
-        DrawLines(shadowOffsetX, shadowOffsetY, ShadowColour());
+        DrawLines(shadowOffsetX, shadowOffsetY, shadowColour);
     }
-    DrawLines(0.0f, 0.0f, Colour());
+    DrawLines(0.0f, 0.0f, colour);
 }

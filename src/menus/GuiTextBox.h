@@ -24,5 +24,5 @@ public:
 
 private:
     void Rewrap();
-    void DrawLines(float offsetX, float offsetY, const GuiColour& colour) const;
+    void DrawLines(float offsetX, float offsetY, const Colour& textColour) const;
 };

@@ -3,7 +3,7 @@
 #include "menus/GuiTextWidget.h"
 
 GuiTextWidget::GuiTextWidget() {
-    SetColour(0.0f, 0.0f, 0.0f, 1.0f);
+    SetColour(Colours::black);
 }
 
 void GuiTextWidget::SetFontSize(float size) {
@@ -16,7 +16,7 @@ void GuiTextWidget::DrawShadowedText(const char* text, float left, float top) co
     GuiPainter& painter = GuiPainter::Current();
     if (dropShadow) {
         painter.DrawText(font, text, left + shadowOffsetX, top + shadowOffsetY, fontSize,
-                         ShadowColour());
+                         shadowColour);
     }
-    painter.DrawText(font, text, left, top, fontSize, Colour());
+    painter.DrawText(font, text, left, top, fontSize, colour);
 }

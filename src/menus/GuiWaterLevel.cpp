@@ -9,8 +9,8 @@
 namespace {
 
 constexpr float fullBody = 128.0f;  // particles in a full body of water
-constexpr GuiColour surface{0.8f, 0.85f, 1.0f, 1.0f};
-constexpr GuiColour ground{0.7f, 0.75f, 1.0f, 1.0f};
+constexpr Colour surface{0.8f, 0.85f, 1.0f};
+constexpr Colour ground{0.7f, 0.75f, 1.0f};
 
 }  // namespace
 

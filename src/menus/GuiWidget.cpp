@@ -6,11 +6,9 @@
 
 #include "platform/Assert.h"
 
-void GuiWidget::SetColour(float r, float g, float b, float a) {
-    red = std::clamp(r, 0.0f, 1.0f);
-    green = std::clamp(g, 0.0f, 1.0f);
-    blue = std::clamp(b, 0.0f, 1.0f);
-    alpha = std::clamp(a, 0.0f, 1.0f);
+void GuiWidget::SetColour(const Colour& newColour) {
+    colour = {std::clamp(newColour.r, 0.0f, 1.0f), std::clamp(newColour.g, 0.0f, 1.0f),
+              std::clamp(newColour.b, 0.0f, 1.0f), std::clamp(newColour.a, 0.0f, 1.0f)};
 }
 
 void GuiWidget::SetSize(int w, int h) {

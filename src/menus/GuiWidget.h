@@ -33,7 +33,7 @@ public:
     virtual void Reset() {}
 
     /// Each component is held within 0..1.
-    void SetColour(float r, float g, float b, float a);
+    void SetColour(const Colour& newColour);
     /// Negative sizes become 0.
     void SetSize(int w, int h);
     void SetPosition(int left, int top);
@@ -43,10 +43,7 @@ public:
     /// Whether a position in logical units lies in the widget; right and bottom edge don't.
     bool Contains(int logicalX, int logicalY) const;
 
-    float red = 1.0f;
-    float green = 1.0f;
-    float blue = 1.0f;
-    float alpha = 1.0f;
+    Colour colour = Colours::white;
     int width = 100;
     int height = 20;
     int x = 0;
@@ -69,7 +66,4 @@ public:
 
     GuiScreen* owner = nullptr;               ///< the screen that holds the widget
     std::map<int, GuiWidget*> keyNavigation;  ///< not owned; widgets of the same screen
-
-protected:
-    GuiColour Colour() const { return {red, green, blue, alpha}; }
 };

@@ -37,8 +37,7 @@ void SizeBy(GuiWidget& widget, const std::string& name, const ConfigFile& file) 
 void SetShadowBy(GuiShadow& widget, const std::string& prefix, const ConfigFile& file) {
     widget.dropShadow = true;
     widget.SetShadowOffset(file.GetFloat(prefix + "Offset_x"), file.GetFloat(prefix + "Offset_y"));
-    widget.SetShadowColour(file.GetFloat(prefix + "Color_r"), file.GetFloat(prefix + "Color_g"),
-                           file.GetFloat(prefix + "Color_b"), file.GetFloat(prefix + "Color_a"));
+    widget.SetShadowColour(file.GetColour(prefix + "Color"));
 }
 
 }  // namespace

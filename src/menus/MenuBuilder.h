@@ -36,8 +36,7 @@ public:
     template <class Widget>
     void StyleText(Widget& widget) const {
         widget.SetFont(font);
-        widget.SetColour(general.GetFloat("menuFontColor_r"), general.GetFloat("menuFontColor_g"),
-                         general.GetFloat("menuFontColor_b"), general.GetFloat("menuFontColor_a"));
+        widget.SetColour(general.GetColour("menuFontColor"));
         SetShadow(widget, "textDropShadow");
     }
     /// From the own file's keys, cut to whole units.

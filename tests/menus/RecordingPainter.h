@@ -8,12 +8,11 @@
 
 class RecordingPainter : public GuiPainter {
 public:
-    void DrawText(const Texture&, const char* text, float, float, float,
-                  const GuiColour&) override {
+    void DrawText(const Texture&, const char* text, float, float, float, const Colour&) override {
         texts.emplace_back(text);
     }
     void DrawTextCentred(const Texture&, const char* text, const GuiRect&, float,
-                         const GuiColour&) override {
+                         const Colour&) override {
         texts.emplace_back(text);
     }
 

@@ -57,7 +57,7 @@ protected:
 };
 
 TEST_F(TextWindowTest, LaysCellsOutInLines) {
-    font->DrawText("AB\nC\xE9\t", 10, 20, 16, 1, 1, 1, 1);
+    font->DrawText("AB\nC\xE9\t", 10, 20, 16, Colours::white);
     ExpectCell('A', 10, 20, 16);
     ExpectCell('B', 26, 20, 16);
     ExpectCell(' ', 42, 20, 16);
@@ -67,24 +67,24 @@ TEST_F(TextWindowTest, LaysCellsOutInLines) {
 }
 
 TEST_F(TextWindowTest, CentresAndRounds) {
-    font->DrawTextCentred("ABCD", 0, 0, 104, 56, 16, 1, 1, 1, 1);
+    font->DrawTextCentred("ABCD", 0, 0, 104, 56, 16, Colours::white);
     ExpectCell('A', 20, 20, 16);
     ExpectCell('D', 68, 20, 16);
-    font->DrawTextCentred("x", 100.5f, 99.5f, 16, 16, 16, 1, 1, 1, 1);  // up to 101 and 100
+    font->DrawTextCentred("x", 100.5f, 99.5f, 16, 16, 16, Colours::white);  // up to 101 and 100
     ExpectCell('x', 101, 100, 16);
 }
 
 TEST_F(TextWindowTest, DrawsNothingForNothingAndGivesTheStateBack) {
     glDisable(GL_BLEND);
     glEnable(GL_DEPTH_TEST);
-    font->DrawText(nullptr, 0, 0, 16, 1, 1, 1, 1);
-    font->DrawText("", 0, 0, 16, 1, 1, 1, 1);
-    font->DrawText("A", 0, 0, 0, 1, 1, 1, 1);
-    font->DrawText("A", 0, 0, -4, 1, 1, 1, 1);
-    font->DrawTextCentred(nullptr, 0, 0, 10, 10, 16, 1, 1, 1, 1);
-    font->DrawTextCentred("A", 0, 0, 10, 10, 0, 1, 1, 1, 1);
+    font->DrawText(nullptr, 0, 0, 16, Colours::white);
+    font->DrawText("", 0, 0, 16, Colours::white);
+    font->DrawText("A", 0, 0, 0, Colours::white);
+    font->DrawText("A", 0, 0, -4, Colours::white);
+    font->DrawTextCentred(nullptr, 0, 0, 10, 10, 16, Colours::white);
+    font->DrawTextCentred("A", 0, 0, 10, 10, 0, Colours::white);
     EXPECT_FALSE(AnythingDrawn());
-    font->DrawText("A", 0, 0, 16, 1, 1, 1, 1);
+    font->DrawText("A", 0, 0, 16, Colours::white);
     EXPECT_TRUE(AnythingDrawn());
     EXPECT_FALSE(glIsEnabled(GL_BLEND));
     EXPECT_TRUE(glIsEnabled(GL_DEPTH_TEST));

@@ -234,7 +234,7 @@ protected:
         }
     }
 
-    void ClearAsTheGameDoes() { painter.Clear(0.055f, 0.075f, 0.095f); }
+    void ClearAsTheGameDoes() { painter.Clear({0.055f, 0.075f, 0.095f}); }
     /// Shows a menu from its first frame on, with its default button reached by keys.
     void CompareMenu(int menu, const std::string& name, int milliseconds = 700) {
         MenuManager::Show(menu);
