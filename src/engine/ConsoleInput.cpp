@@ -7,27 +7,12 @@
 #include "engine/Text.h"
 #include "platform/Assert.h"
 #include "platform/ThreadPriority.h"
+#include "platform/VirtualKeys.h"
 #include "platform/Window.h"
 
 namespace Console {
 
 namespace {
-
-// Virtual key codes.
-enum Key {
-    Backspace = 8,
-    Tab = 9,
-    Enter = 13,
-    Escape = 27,
-    End = 35,
-    Home = 36,
-    Left = 37,
-    Up = 38,
-    Right = 39,
-    Down = 40,
-    Insert = 45,
-    Delete = 46,
-};
 
 // The newest line first.
 std::array<std::string, historySize> history;
@@ -61,7 +46,7 @@ void TypeCharacter(char c) {
     if (c == '\0' || inputCursor >= inputSize) {
         return;
     }
-    if (Platform::TheWindow().IsKeyToggled(Insert)) {
+    if (Platform::TheWindow().IsKeyToggled(VirtualKey::insert)) {
         // A full line drops its last character; the terminating zero stays.
         std::shift_right(inputLine.begin() + inputCursor, inputLine.end() - 1, 1);
     }
@@ -139,42 +124,42 @@ void ForgetHistory() {
 void HandleKey(int virtualKey) {
     VANTREL_ASSERT(Platform::IsMainThread());
     switch (virtualKey) {
-        case Backspace:
+        case VirtualKey::backspace:
             if (inputCursor > 0) {
                 --inputCursor;
                 RemoveAtCursor();
             }
             break;
-        case Tab:
+        case VirtualKey::tab:
             Complete();
             historyIndex = -1;
             break;
-        case Enter:
+        case VirtualKey::enter:
             EnterLine();
             break;
-        case Escape:
+        case VirtualKey::escape:
             ClearLine();
             Edited();
             break;
-        case End:
+        case VirtualKey::end:
             inputCursor = static_cast<std::uint32_t>(Line().size());
             break;
-        case Home:
+        case VirtualKey::home:
             inputCursor = 0;
             break;
-        case Left:
+        case VirtualKey::left:
             inputCursor -= inputCursor > 0 ? 1 : 0;
             break;
-        case Right:
+        case VirtualKey::right:
             inputCursor += inputCursor < Line().size() ? 1 : 0;
             break;
-        case Up:
+        case VirtualKey::up:
             ShowHistory(historyIndex + 1);
             break;
-        case Down:
+        case VirtualKey::down:
             ShowHistory(historyIndex - 1);
             break;
-        case Delete:
+        case VirtualKey::deleteKey:
             if (inputCursor < inputSize) {
                 RemoveAtCursor();
             }

@@ -98,7 +98,7 @@ void HighScores::OnKeyDown(int virtualKey) {
         return;
     }
     if (virtualKey == VirtualKey::enter || virtualKey == VirtualKey::escape) {
-        continueButton.OnMouseDown(0, 0, 1);
+        continueButton.OnMouseDown(0, 0, MouseButton::left);
         finished = true;
     } else if (virtualKey == VirtualKey::backspace) {
         if (!name.empty()) {

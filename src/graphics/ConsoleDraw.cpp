@@ -13,12 +13,12 @@
 #include "engine/Console.h"
 #include "graphics/GLWindow.h"
 #include "graphics/GLWindowDraw.h"
+#include "platform/VirtualKeys.h"
 
 namespace Console {
 
 namespace {
 
-constexpr int insertKey = 45;
 constexpr int minRows = 16;
 constexpr int minColumns = 80;
 constexpr int inputRows = 4;    // cells below the output's area
@@ -141,7 +141,7 @@ void DrawCursor(const Area& area) {
     const int column = std::min(static_cast<int>(inputCursor), area.columns - 1);
     const auto left = static_cast<float>(column * area.cell);
     const float line = area.inputTop + static_cast<float>(3 * area.cell);
-    const float bottom = GLWindow::IsKeyToggled(insertKey) ? line : line + 4.0f;
+    const float bottom = GLWindow::IsKeyToggled(VirtualKey::insert) ? line : line + 4.0f;
     DrawBox(left, line - 1.0f, left + static_cast<float>(area.cell), bottom, Colours::white);
 }
 

@@ -10,6 +10,7 @@
 #include "graphics/GLWindowState.h"
 #include "platform/Assert.h"
 #include "platform/System.h"
+#include "platform/VirtualKeys.h"
 
 namespace GLWindow {
 
@@ -260,7 +261,8 @@ bool IsKeyToggled(int virtualKey) {
 }
 
 bool IsMouseButtonDown(int button) {
-    return (button == 1 || button == 2 || button == 4) &&
+    return (button == MouseButton::left || button == MouseButton::right ||
+            button == MouseButton::middle) &&
            Platform::TheWindow().IsMouseButtonDown(button);
 }
 

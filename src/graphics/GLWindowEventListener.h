@@ -6,8 +6,8 @@ class GLWindowEventListener {
 public:
     virtual ~GLWindowEventListener() = default;
 
-    // Positions are client pixels from the top left; buttons are 1 left, 2 right, 4 middle;
-    // keys are virtual key codes, repeats included.
+    // Positions are client pixels from the top left; buttons and keys are those of
+    // platform/VirtualKeys.h, repeats included.
 
     virtual void OnMouseMove(int /*x*/, int /*y*/) {}
     virtual void OnMouseDown(int /*x*/, int /*y*/, int /*button*/) {}

@@ -62,3 +62,17 @@ void Texture::Release() {
         TextureManager::Release(name);
     }
 }
+
+std::vector<Texture> LoadFrames(const std::string& name) {
+    std::vector<std::string> files;
+    TextureManager::ExpandFrameNames(name, files);
+    if (files.empty()) {
+        files.push_back(name);
+    }
+    std::vector<Texture> frames;
+    frames.reserve(files.size());
+    for (const std::string& file : files) {
+        frames.emplace_back(file, "DEFAULT_SPRITE");
+    }
+    return frames;
+}

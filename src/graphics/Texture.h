@@ -7,6 +7,7 @@
 #include <compare>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "engine/Colour.h"
 
@@ -48,3 +49,8 @@ private:
 
     std::uint32_t generation = 0;  ///< of the cache, when this reference was counted
 };
+
+/// The pictures of a name with "_FRAME", one for each file that differs in what stands behind it,
+/// ascending; a name without, or without files, gives the one picture of that name. A missing one
+/// shows "DEFAULT_SPRITE".
+std::vector<Texture> LoadFrames(const std::string& name);

@@ -3,30 +3,9 @@
 #include "menus/GuiAnimatedButton.h"
 
 #include "audio/Sound.h"
-#include "graphics/TextureManager.h"
 #include "menus/GuiScreen.h"
 #include "menus/WidgetSound.h"
 #include "platform/VirtualKeys.h"
-
-namespace {
-
-constexpr const char* fallbackFrame = "DEFAULT_SPRITE";
-constexpr int spaceKey = ' ';
-
-void LoadFrames(std::vector<Texture>& frames, const std::string& name) {
-    std::vector<std::string> names;
-    TextureManager::ExpandFrameNames(name, names);
-    if (names.empty()) {
-        names.push_back(name);
-    }
-    frames.clear();
-    frames.reserve(names.size());
-    for (const std::string& file : names) {
-        frames.emplace_back(file, fallbackFrame);
-    }
-}
-
-}  // namespace
 
 GuiAnimatedButton::GuiAnimatedButton() = default;
 GuiAnimatedButton::~GuiAnimatedButton() = default;
@@ -40,15 +19,15 @@ void GuiAnimatedButton::SetClickSound(const std::string& file) {
 }
 
 void GuiAnimatedButton::SetFramesOutOfFocus(const std::string& name) {
-    LoadFrames(framesOutOfFocus, name);
+    framesOutOfFocus = LoadFrames(name);
 }
 
 void GuiAnimatedButton::SetFramesInFocus(const std::string& name) {
-    LoadFrames(framesInFocus, name);
+    framesInFocus = LoadFrames(name);
 }
 
 void GuiAnimatedButton::SetFramesClicked(const std::string& name) {
-    LoadFrames(framesClicked, name);
+    framesClicked = LoadFrames(name);
 }
 
 const std::vector<Texture>& GuiAnimatedButton::CurrentFrames() const {
@@ -90,8 +69,12 @@ void GuiAnimatedButton::OnMouseDown(int /*mouseX*/, int /*mouseY*/, int /*button
     }
 }
 
+bool GuiAnimatedButton::IsPressedBy(int virtualKey) {
+    return virtualKey == VirtualKey::space || virtualKey == VirtualKey::enter;
+}
+
 void GuiAnimatedButton::OnKeyDown(int virtualKey) {
-    if (state != Clicked && (virtualKey == spaceKey || virtualKey == VirtualKey::enter)) {
+    if (state != Clicked && IsPressedBy(virtualKey)) {
         Press();
     }
 }

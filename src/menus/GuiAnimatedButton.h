@@ -26,7 +26,7 @@ public:
     GuiAnimatedButton();
     ~GuiAnimatedButton() override;
 
-    // Each replaces the sound, or the set of frames ("..._FRAME..." names an animated set).
+    // Each replaces the sound, or the set of frames (see LoadFrames in graphics/Texture.h).
 
     void SetOverSound(const std::string& file);
     void SetClickSound(const std::string& file);
@@ -41,6 +41,7 @@ public:
 
     void OnMouseDown(int mouseX, int mouseY, int button) override;
     /// Space and return press the button.
+    static bool IsPressedBy(int virtualKey);
     void OnKeyDown(int virtualKey) override;
     void OnPaint() override;
     void OnGainFocus() override;

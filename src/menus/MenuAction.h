@@ -4,13 +4,11 @@
 
 #include "menus/GuiAnimatedButton.h"
 #include "menus/MenuManager.h"
-#include "platform/VirtualKeys.h"
 
 namespace MenuAction {
 
 /// Seconds between a press and its effect.
 inline constexpr float delay = 0.8f;
-inline constexpr int space = 32;
 
 /// Binds an effect that leaves the screen, or ends what it was shown for.
 template <void (*effect)(GuiAnimatedButton& button)>
@@ -20,7 +18,7 @@ void Bind(GuiAnimatedButton& button) {
         return true;
     };
     button.onKeyDown = [](GuiWidget* widget, int virtualKey) {
-        if (virtualKey != VirtualKey::enter && virtualKey != space) {
+        if (!GuiAnimatedButton::IsPressedBy(virtualKey)) {
             return false;
         }
         effect(static_cast<GuiAnimatedButton&>(*widget));

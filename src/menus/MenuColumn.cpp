@@ -3,6 +3,7 @@
 #include "menus/MenuColumn.h"
 
 #include "menus/MenuAction.h"
+#include "platform/VirtualKeys.h"
 
 namespace {
 

@@ -4,6 +4,7 @@
 
 #include "menus/MenuAction.h"
 #include "menus/MenuBuilder.h"
+#include "platform/VirtualKeys.h"
 
 namespace MenuQuestion {
 

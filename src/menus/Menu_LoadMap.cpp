@@ -6,6 +6,7 @@
 #include "menus/MenuBuilder.h"
 #include "menus/MenuHost.h"
 #include "platform/Paths.h"
+#include "platform/VirtualKeys.h"
 
 namespace {
 

@@ -10,6 +10,7 @@
 #include "engine/PreferenceStore.h"
 #include "menus/MenuAction.h"
 #include "menus/MenuBuilder.h"
+#include "platform/VirtualKeys.h"
 
 namespace {
 

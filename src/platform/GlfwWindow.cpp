@@ -17,9 +17,6 @@ namespace Platform {
 
 namespace {
 
-constexpr int capsLock = 20;
-constexpr int numLock = 144;
-
 // The toolkit's last complaint. Most are of no interest (a desktop that can't minimise); the
 // text is shown only when no window could be made.
 int lastErrorCode = 0;
@@ -91,11 +88,11 @@ WindowInput::KeyAction ActionOf(int action) {
 int ButtonOf(int button) {
     switch (button) {
         case GLFW_MOUSE_BUTTON_LEFT:
-            return 1;
+            return MouseButton::left;
         case GLFW_MOUSE_BUTTON_RIGHT:
-            return 2;
+            return MouseButton::right;
         case GLFW_MOUSE_BUTTON_MIDDLE:
-            return 4;
+            return MouseButton::middle;
         default:
             return 0;
     }
@@ -103,9 +100,9 @@ int ButtonOf(int button) {
 
 /// The lock keys' own events still tell of the state before them.
 void TakeLocks(WindowInput& input, int key, int modifiers) {
-    if (key != capsLock && key != numLock) {
-        input.SetToggled(capsLock, (modifiers & GLFW_MOD_CAPS_LOCK) != 0);
-        input.SetToggled(numLock, (modifiers & GLFW_MOD_NUM_LOCK) != 0);
+    if (key != VirtualKey::capsLock && key != VirtualKey::numLock) {
+        input.SetToggled(VirtualKey::capsLock, (modifiers & GLFW_MOD_CAPS_LOCK) != 0);
+        input.SetToggled(VirtualKey::numLock, (modifiers & GLFW_MOD_NUM_LOCK) != 0);
     }
 }
 

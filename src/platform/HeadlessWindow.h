@@ -19,7 +19,7 @@ public:
     /// Holds a key down or lets it go, and queues the event; `character` is what it types.
     void SetKey(int virtualKey, bool down, char character = 0);
     void SetToggled(int virtualKey, bool on) { input.SetToggled(virtualKey, on); }
-    /// Presses or lets go a button (1, 2 or 4) at the cursor.
+    /// Presses or lets go a button at the cursor.
     void SetButton(int button, bool down);
     /// Moves the cursor; within the client area this queues a mouse move.
     void SetCursorPosition(int screenX, int screenY);

@@ -20,61 +20,60 @@ struct Pair {
 
 // Letters and digits have the same numbers on both sides; function and keypad digits run on.
 constexpr std::array pairs{
-    Pair{GLFW_KEY_SPACE, 32},
-    Pair{GLFW_KEY_APOSTROPHE, 222},
-    Pair{GLFW_KEY_COMMA, 188},
-    Pair{GLFW_KEY_MINUS, 189},
-    Pair{GLFW_KEY_PERIOD, 190},
-    Pair{GLFW_KEY_SLASH, 191},
-    Pair{GLFW_KEY_SEMICOLON, 186},
-    Pair{GLFW_KEY_EQUAL, 187},
-    Pair{GLFW_KEY_LEFT_BRACKET, 219},
-    Pair{GLFW_KEY_BACKSLASH, 220},
-    Pair{GLFW_KEY_RIGHT_BRACKET, 221},
-    Pair{GLFW_KEY_GRAVE_ACCENT, 223},
-    // The key between left shift and Z of keyboards that have one.
-    Pair{GLFW_KEY_WORLD_1, 226},
-    Pair{GLFW_KEY_WORLD_2, 226},
-    Pair{GLFW_KEY_ESCAPE, 27},
-    Pair{GLFW_KEY_ENTER, 13},
-    Pair{GLFW_KEY_TAB, 9},
-    Pair{GLFW_KEY_BACKSPACE, 8},
-    Pair{GLFW_KEY_INSERT, 45},
-    Pair{GLFW_KEY_DELETE, 46},
-    Pair{GLFW_KEY_RIGHT, 39},
-    Pair{GLFW_KEY_LEFT, 37},
-    Pair{GLFW_KEY_DOWN, 40},
-    Pair{GLFW_KEY_UP, 38},
-    Pair{GLFW_KEY_PAGE_UP, 33},
-    Pair{GLFW_KEY_PAGE_DOWN, 34},
-    Pair{GLFW_KEY_HOME, 36},
-    Pair{GLFW_KEY_END, 35},
-    Pair{GLFW_KEY_CAPS_LOCK, 20},
-    Pair{GLFW_KEY_SCROLL_LOCK, 145},
-    Pair{GLFW_KEY_NUM_LOCK, 144},
-    Pair{GLFW_KEY_PRINT_SCREEN, 44},
-    Pair{GLFW_KEY_PAUSE, 19},
-    Pair{GLFW_KEY_KP_DECIMAL, 110},
-    Pair{GLFW_KEY_KP_DIVIDE, 111},
-    Pair{GLFW_KEY_KP_MULTIPLY, 106},
-    Pair{GLFW_KEY_KP_SUBTRACT, 109},
-    Pair{GLFW_KEY_KP_ADD, 107},
-    Pair{GLFW_KEY_KP_ENTER, 13},
-    Pair{GLFW_KEY_KP_EQUAL, 187},
-    Pair{GLFW_KEY_LEFT_SHIFT, 16},
-    Pair{GLFW_KEY_RIGHT_SHIFT, 16},
-    Pair{GLFW_KEY_LEFT_CONTROL, 17},
-    Pair{GLFW_KEY_RIGHT_CONTROL, 17},
-    Pair{GLFW_KEY_LEFT_ALT, 18},
-    Pair{GLFW_KEY_RIGHT_ALT, 18},
-    Pair{GLFW_KEY_LEFT_SUPER, 91},
-    Pair{GLFW_KEY_RIGHT_SUPER, 92},
-    Pair{GLFW_KEY_MENU, 93},
+    Pair{GLFW_KEY_SPACE, VirtualKey::space},
+    Pair{GLFW_KEY_APOSTROPHE, VirtualKey::apostrophe},
+    Pair{GLFW_KEY_COMMA, VirtualKey::comma},
+    Pair{GLFW_KEY_MINUS, VirtualKey::minus},
+    Pair{GLFW_KEY_PERIOD, VirtualKey::period},
+    Pair{GLFW_KEY_SLASH, VirtualKey::slash},
+    Pair{GLFW_KEY_SEMICOLON, VirtualKey::semicolon},
+    Pair{GLFW_KEY_EQUAL, VirtualKey::equals},
+    Pair{GLFW_KEY_LEFT_BRACKET, VirtualKey::leftBracket},
+    Pair{GLFW_KEY_BACKSLASH, VirtualKey::backslash},
+    Pair{GLFW_KEY_RIGHT_BRACKET, VirtualKey::rightBracket},
+    Pair{GLFW_KEY_GRAVE_ACCENT, VirtualKey::console},
+    Pair{GLFW_KEY_WORLD_1, VirtualKey::besideShift},
+    Pair{GLFW_KEY_WORLD_2, VirtualKey::besideShift},
+    Pair{GLFW_KEY_ESCAPE, VirtualKey::escape},
+    Pair{GLFW_KEY_ENTER, VirtualKey::enter},
+    Pair{GLFW_KEY_TAB, VirtualKey::tab},
+    Pair{GLFW_KEY_BACKSPACE, VirtualKey::backspace},
+    Pair{GLFW_KEY_INSERT, VirtualKey::insert},
+    Pair{GLFW_KEY_DELETE, VirtualKey::deleteKey},
+    Pair{GLFW_KEY_RIGHT, VirtualKey::right},
+    Pair{GLFW_KEY_LEFT, VirtualKey::left},
+    Pair{GLFW_KEY_DOWN, VirtualKey::down},
+    Pair{GLFW_KEY_UP, VirtualKey::up},
+    Pair{GLFW_KEY_PAGE_UP, VirtualKey::pageUp},
+    Pair{GLFW_KEY_PAGE_DOWN, VirtualKey::pageDown},
+    Pair{GLFW_KEY_HOME, VirtualKey::home},
+    Pair{GLFW_KEY_END, VirtualKey::end},
+    Pair{GLFW_KEY_CAPS_LOCK, VirtualKey::capsLock},
+    Pair{GLFW_KEY_SCROLL_LOCK, VirtualKey::scrollLock},
+    Pair{GLFW_KEY_NUM_LOCK, VirtualKey::numLock},
+    Pair{GLFW_KEY_PRINT_SCREEN, VirtualKey::printScreen},
+    Pair{GLFW_KEY_PAUSE, VirtualKey::pause},
+    Pair{GLFW_KEY_KP_DECIMAL, VirtualKey::keypadDecimal},
+    Pair{GLFW_KEY_KP_DIVIDE, VirtualKey::keypadDivide},
+    Pair{GLFW_KEY_KP_MULTIPLY, VirtualKey::keypadMultiply},
+    Pair{GLFW_KEY_KP_SUBTRACT, VirtualKey::keypadSubtract},
+    Pair{GLFW_KEY_KP_ADD, VirtualKey::keypadAdd},
+    Pair{GLFW_KEY_KP_ENTER, VirtualKey::enter},
+    Pair{GLFW_KEY_KP_EQUAL, VirtualKey::equals},
+    Pair{GLFW_KEY_LEFT_SHIFT, VirtualKey::shift},
+    Pair{GLFW_KEY_RIGHT_SHIFT, VirtualKey::shift},
+    Pair{GLFW_KEY_LEFT_CONTROL, VirtualKey::control},
+    Pair{GLFW_KEY_RIGHT_CONTROL, VirtualKey::control},
+    Pair{GLFW_KEY_LEFT_ALT, VirtualKey::alt},
+    Pair{GLFW_KEY_RIGHT_ALT, VirtualKey::alt},
+    Pair{GLFW_KEY_LEFT_SUPER, VirtualKey::leftSuper},
+    Pair{GLFW_KEY_RIGHT_SUPER, VirtualKey::rightSuper},
+    Pair{GLFW_KEY_MENU, VirtualKey::menu},
 };
 
-// Of the keypad's keys 0 to 9 where it doesn't type; 12 is the one in the middle's own.
+// Of the keypad's keys 0 to 9 where it doesn't type.
 constexpr std::array keypadMoves{VirtualKey::insert,   VirtualKey::end,  VirtualKey::down,
-                                 VirtualKey::pageDown, VirtualKey::left, 12,
+                                 VirtualKey::pageDown, VirtualKey::left, VirtualKey::keypadCentre,
                                  VirtualKey::right,    VirtualKey::home, VirtualKey::up,
                                  VirtualKey::pageUp};
 
@@ -98,17 +97,17 @@ int KeyCode(int toolkitKey, bool keypadTypes) {
         return toolkitKey;
     }
     if (IsWithin(toolkitKey, GLFW_KEY_F1, GLFW_KEY_F24)) {
-        return toolkitKey - GLFW_KEY_F1 + 112;
+        return toolkitKey - GLFW_KEY_F1 + VirtualKey::f1;
     }
     if (IsWithin(toolkitKey, GLFW_KEY_KP_0, GLFW_KEY_KP_9)) {
-        return toolkitKey - GLFW_KEY_KP_0 + 96;
+        return toolkitKey - GLFW_KEY_KP_0 + VirtualKey::keypad0;
     }
     for (const Pair& pair : pairs) {
         if (pair.toolkitKey == toolkitKey) {
             return pair.code;
         }
     }
-    return unnamedKey;
+    return VirtualKey::unnamed;
 }
 
 int KeyCodes::Press(int toolkitKey, bool keypadTypes) {

@@ -5,12 +5,9 @@
 
 namespace Platform {
 
-/// A key that has no virtual key code, but may type a character.
-inline constexpr int unnamedKey = 255;
-
-/// The virtual key code of a toolkit key. Both shift keys give 16, both control keys 17, both
-/// alt keys 18, as they do in key events; the key left of 1 gives 223. The keypad's digits have
-/// codes of their own where it types, and are arrows and their neighbours where it doesn't.
+/// The virtual key code of a toolkit key; `VirtualKey::unnamed` where there is none. Left and
+/// right shift, control and alt are one code each, as they are in key events. The keypad's digits
+/// have codes of their own where it types, and are arrows and their neighbours where it doesn't.
 int KeyCode(int toolkitKey, bool keypadTypes = true);
 
 /// The same for keys that are held: one comes up with the code that it went down with, even if

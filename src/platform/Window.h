@@ -1,6 +1,6 @@
 #pragma once
 // The one window, as the game asks for it: a GL context, an event queue, geometry, display
-// modes, cursor and keyboard. Keys are virtual key codes (platform/Keys.h). Sizes and mouse
+// modes, cursor and keyboard. Keys and buttons are those of platform/VirtualKeys.h. Sizes and mouse
 // positions are framebuffer pixels; screen positions are pixels of the desktop, counted from
 // the top left corner of the primary monitor.
 
@@ -15,7 +15,7 @@ struct Event {
     EventKind kind = EventKind::Paint;
     int x = 0;  ///< mouse position in client pixels
     int y = 0;
-    int button = 0;  ///< 1 left, 2 right, 4 middle
+    int button = 0;  ///< MouseButton
     int key = 0;
     char character = 0;  ///< what a key-down types, as Latin-1; 0 for nothing
 };

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 
-#include "platform/Keys.h"
 #include "platform/VirtualKeys.h"
 
 namespace Platform {
@@ -55,8 +54,9 @@ void WindowInput::AddCharacter(std::uint32_t codePoint) {
         events.back().character = character;
         return;
     }
-    events.push_back({.kind = EventKind::KeyDown, .key = unnamedKey, .character = character});
-    events.push_back({.kind = EventKind::KeyUp, .key = unnamedKey});
+    events.push_back(
+        {.kind = EventKind::KeyDown, .key = VirtualKey::unnamed, .character = character});
+    events.push_back({.kind = EventKind::KeyUp, .key = VirtualKey::unnamed});
 }
 
 void WindowInput::AddButton(int button, bool down) {

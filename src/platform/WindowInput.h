@@ -19,7 +19,7 @@ public:
     /// toolkits don't report them as typed text.
     void AddKey(int virtualKey, KeyAction action);
     /// A character, which belongs to the key-down queued right before it. One without a key
-    /// comes with `unnamedKey`.
+    /// comes with `VirtualKey::unnamed`.
     void AddCharacter(std::uint32_t codePoint);
     /// At the place of the last move: a pointer has moved on by the time that its press is read.
     void AddButton(int button, bool down);

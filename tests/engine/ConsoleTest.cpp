@@ -7,6 +7,7 @@
 
 #include "WorkingFolder.h"
 #include "platform/HeadlessWindow.h"
+#include "platform/VirtualKeys.h"
 
 namespace fs = std::filesystem;
 
@@ -72,7 +73,7 @@ protected:
 
     void Press(int key) { Console::HandleKey(key); }
     void Type(std::string_view text) {
-        constexpr int anyKey = 65;
+        constexpr int anyKey = 'A';
         for (const char c : text) {
             window.SetKey(anyKey, true, c);
             for (Platform::Event event; window.TakeEvent(event);) {
@@ -85,9 +86,6 @@ protected:
     WorkingFolder directory;
     Platform::HeadlessWindow window;
 };
-
-constexpr int backspace = 8, tab = 9, enter = 13, escape = 27, end = 35, home = 36, left = 37,
-              up = 38, right = 39, down = 40, insertKey = 45, deleteKey = 46;
 
 }  // namespace
 
@@ -221,24 +219,24 @@ TEST_F(ConsoleTest, ListsCommandsByTheirBeginning) {
 
 TEST_F(ConsoleTest, EditsTheLineInBothModes) {
     Type("cat");
-    Press(home);
+    Press(VirtualKey::home);
     Type("b");
     EXPECT_EQ(Line(), "bat");
-    window.SetToggled(insertKey, true);
+    window.SetToggled(VirtualKey::insert, true);
     Type("o");
     EXPECT_EQ(Line(), "boat");
-    Press(deleteKey);
+    Press(VirtualKey::deleteKey);
     EXPECT_EQ(Line(), "bot");
-    Press(right);
-    Press(right);
+    Press(VirtualKey::right);
+    Press(VirtualKey::right);
     EXPECT_EQ(Console::inputCursor, 3u);
-    Press(backspace);
-    Press(left);
-    Press(end);
-    Press(deleteKey);
+    Press(VirtualKey::backspace);
+    Press(VirtualKey::left);
+    Press(VirtualKey::end);
+    Press(VirtualKey::deleteKey);
     EXPECT_EQ(Line(), "bo");
-    Press(escape);
-    Press(backspace);
+    Press(VirtualKey::escape);
+    Press(VirtualKey::backspace);
     EXPECT_EQ(Line(), "");
 }
 
@@ -246,11 +244,11 @@ TEST_F(ConsoleTest, AFullLineTakesNoMore) {
     Type(std::string(300, 'x'));
     EXPECT_EQ(Console::inputCursor, 256u);
     EXPECT_EQ(Line(), std::string(256, 'x'));
-    Press(right);
-    Press(deleteKey);
+    Press(VirtualKey::right);
+    Press(VirtualKey::deleteKey);
     EXPECT_EQ(Line().size(), 256u);
-    window.SetToggled(insertKey, true);
-    Press(home);
+    window.SetToggled(VirtualKey::insert, true);
+    Press(VirtualKey::home);
     Type("y");
     EXPECT_EQ(Line(), 'y' + std::string(255, 'x'));
 }
@@ -258,24 +256,24 @@ TEST_F(ConsoleTest, AFullLineTakesNoMore) {
 TEST_F(ConsoleTest, WalksThroughTheHistory) {
     for (int i = 0; i < 17; ++i) {
         Type("line" + std::to_string(i));
-        Press(enter);
+        Press(VirtualKey::enter);
     }
     for (int i = 0; i < 20; ++i) {
-        Press(up);
+        Press(VirtualKey::up);
     }
     EXPECT_EQ(Line(), "line1");
     EXPECT_EQ(Console::inputCursor, 5u);
     for (int i = 0; i < 20; ++i) {
-        Press(down);
+        Press(VirtualKey::down);
     }
     EXPECT_EQ(Line(), "line16");
     // An empty line hides what is older.
-    Press(escape);
-    Press(enter);
-    Press(up);
+    Press(VirtualKey::escape);
+    Press(VirtualKey::enter);
+    Press(VirtualKey::up);
     EXPECT_EQ(Line(), "");
     Console::Shutdown();
-    Press(up);
+    Press(VirtualKey::up);
     EXPECT_EQ(Line(), "");
 }
 
@@ -285,22 +283,22 @@ TEST_F(ConsoleTest, CompletesNamesInTurn) {
     }
     Type("te");
     for (const char* name : {"TextureList", "TextureMemory", "TextureReload", "TextureList"}) {
-        Press(tab);
+        Press(VirtualKey::tab);
         EXPECT_EQ(Line(), name);
     }
     // A line changed by hand is completed afresh.
-    Press(escape);
+    Press(VirtualKey::escape);
     Type("ti");
-    Press(tab);
+    Press(VirtualKey::tab);
     EXPECT_EQ(Line(), "Tilt");
-    Press(escape);
+    Press(VirtualKey::escape);
     Type("xyz");
-    Press(tab);
-    Press(tab);
+    Press(VirtualKey::tab);
+    Press(VirtualKey::tab);
     EXPECT_EQ(Line(), "xyz");
-    Press(escape);
+    Press(VirtualKey::escape);
     for (int i = 0; i < 3; ++i) {
-        Press(tab);
+        Press(VirtualKey::tab);
         EXPECT_EQ(Line(), "Clear");
     }
 }

@@ -23,8 +23,8 @@ void UseMenus(TestGame& game) {
         MenuManager::Show(menu);
         MenuManager::OnMouseMove(400, 300);
         game.Frames(1);
-        MenuManager::OnMouseDown(400, 300, 1);
-        MenuManager::OnMouseUp(400, 300, 1);
+        MenuManager::OnMouseDown(400, 300, MouseButton::left);
+        MenuManager::OnMouseUp(400, 300, MouseButton::left);
         MenuManager::OnKeyDown(VirtualKey::down);
         MenuManager::OnKeyUp(VirtualKey::down);
         game.Frames(1);

@@ -122,7 +122,7 @@ protected:
                 file.GetInt(name + "_y") + file.GetInt(name + "_h") / 2};
     }
     /// Puts the pointer there and clicks.
-    void Click(LogicalPosition position, int mouseButton = 1) {
+    void Click(LogicalPosition position, int mouseButton = MouseButton::left) {
         const LogicalSpace page = LogicalSpace::OfWindow();
         const auto at = [&](int logical, float offset) {
             return static_cast<int>(static_cast<float>(logical) * page.scale + offset);
@@ -345,14 +345,14 @@ TEST_F(MenuGraphTest, ANameIsConfirmedByAClickOnlyAfterThePointerCameToTheButton
     // Here the whole window is 800 by 600 units, with no letterbox.
     const int x = middle.x * 1280 / 800;
     const int y = middle.y * 720 / 600;
-    entry.OnMouseDown(x, y, 1);
+    entry.OnMouseDown(x, y, MouseButton::left);
     EXPECT_FALSE(entry.finished);
     for (int i = 0; i < 25; ++i) {
         Key('B', 'b');
     }
     EXPECT_EQ(entry.Name(), std::string(20, 'b'));
     entry.OnMouseMove(x, y);
-    entry.OnMouseDown(x, y, 1);
+    entry.OnMouseDown(x, y, MouseButton::left);
     EXPECT_TRUE(entry.finished);
     Key(backspace);
     EXPECT_EQ(entry.Name().size(), 20u);

@@ -79,16 +79,16 @@ TEST_F(ButtonTest, TakesTheWholeScreenIntoTheClickedLookWhenPressed) {
     screen.OnMouseMove(50, 25);
     screen.OnKeyDown(VirtualKey::down);
     EXPECT_EQ(first.state, GuiAnimatedButton::InFocus);
-    screen.OnKeyDown(' ');
+    screen.OnKeyDown(VirtualKey::space);
     EXPECT_EQ(first.state, GuiAnimatedButton::Clicked);
     EXPECT_EQ(second.state, GuiAnimatedButton::Clicked);
     screen.OnMouseMove(50, 125);
-    screen.OnMouseDown(50, 125, 1);
+    screen.OnMouseDown(50, 125, MouseButton::left);
     EXPECT_EQ(second.state, GuiAnimatedButton::Clicked);
     screen.Reset();
     EXPECT_EQ(first.state, GuiAnimatedButton::OutOfFocus);
     screen.OnMouseMove(50, 25);
-    screen.OnMouseDown(50, 25, 2);
+    screen.OnMouseDown(50, 25, MouseButton::right);
     EXPECT_EQ(second.state, GuiAnimatedButton::Clicked);
 
     GuiAnimatedButton alone;

@@ -165,14 +165,14 @@ TEST_F(GuiScreenTest, WakesTheKeyboardFocusWithTheFirstKeyOnly) {
 
 TEST_F(GuiScreenTest, RunsADelayedCallbackOnThePaintThatBringsItsDelayToAnEnd) {
     left.onMouseDown = Stay;
-    screen.OnMouseDown(150, 120, 1);
+    screen.OnMouseDown(150, 120, MouseButton::left);
     EXPECT_TRUE(heard.empty());  // no mouse move has set a focus yet
     PointAtLeft();
-    screen.OnMouseDown(150, 120, 4);
+    screen.OnMouseDown(150, 120, MouseButton::middle);
     EXPECT_EQ(heard, (std::vector<Heard>{{&left, 4}}));  // without a delay, within the event
     heard.clear();
     left.delayMouseDown = 0.8f;
-    screen.OnMouseDown(150, 120, 1);
+    screen.OnMouseDown(150, 120, MouseButton::left);
     EXPECT_EQ(left.presses, 2);
     PaintAfter(screen, 500);
     clock.Advance(200);
@@ -189,9 +189,9 @@ TEST_F(GuiScreenTest, LetsACallbackThatStaysLeaveTheOthersPending) {
     left.onKeyDown = StayOnKey;
     left.delayKeyDown = 0.2f;
     PointAtLeft();
-    screen.OnMouseDown(150, 120, 1);
-    screen.OnKeyDown(65);
-    screen.OnMouseDown(150, 120, 2);
+    screen.OnMouseDown(150, 120, MouseButton::left);
+    screen.OnKeyDown('A');
+    screen.OnMouseDown(150, 120, MouseButton::right);
     PaintAfter(screen, 300);
     EXPECT_EQ(heard, (std::vector<Heard>{{&left, 1}, {&left, 2}, {&left, 65}}));
 }
@@ -202,9 +202,9 @@ TEST_F(GuiScreenTest, DropsAllThatIsPendingOnceACallbackHasLeft) {
     left.onKeyDown = StayOnKey;
     left.delayKeyDown = 0.8f;
     PointAtLeft();
-    screen.OnKeyDown(65);
-    screen.OnMouseDown(150, 120, 1);
-    screen.OnMouseDown(150, 120, 2);
+    screen.OnKeyDown('A');
+    screen.OnMouseDown(150, 120, MouseButton::left);
+    screen.OnMouseDown(150, 120, MouseButton::right);
     PaintAfter(screen, 900);
     EXPECT_EQ(heard, (std::vector<Heard>{{&left, 1}}));
     PaintAfter(screen, 2000);
@@ -212,8 +212,8 @@ TEST_F(GuiScreenTest, DropsAllThatIsPendingOnceACallbackHasLeft) {
 
     heard.clear();
     left.onMouseDown = FlushAndStay;
-    screen.OnMouseDown(150, 120, 1);
-    screen.OnMouseDown(150, 120, 2);
+    screen.OnMouseDown(150, 120, MouseButton::left);
+    screen.OnMouseDown(150, 120, MouseButton::right);
     PaintAfter(screen, 900);
     EXPECT_EQ(heard, (std::vector<Heard>{{&left, 1}}));
 }
@@ -222,7 +222,7 @@ TEST_F(GuiScreenTest, FreezesWhatIsPendingWhileUnpaintedUntilTheNextShowing) {
     left.onMouseDown = Stay;
     left.delayMouseDown = 0.8f;
     PointAtLeft();
-    screen.OnMouseDown(150, 120, 1);
+    screen.OnMouseDown(150, 120, MouseButton::left);
     clock.Advance(60000);
     EXPECT_TRUE(heard.empty());
     screen.Reset();
@@ -250,7 +250,7 @@ TEST_F(GuiScreenTest, KeepsToItsOwnWidgets) {
     PointAtLeft();
     left.onMouseDown = Stay;
     left.delayMouseDown = 0.1f;
-    screen.OnMouseDown(150, 120, 1);
+    screen.OnMouseDown(150, 120, MouseButton::left);
     screen.OnDestroy();
     PaintAfter(screen, 1000);
     screen.OnKeyDown(VirtualKey::enter);

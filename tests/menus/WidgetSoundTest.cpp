@@ -70,11 +70,11 @@ TEST_F(WidgetSoundTest, LetsAChoiceBeHeardOnlyWhenTheMouseChangesIt) {
     chooser.AddOption("off");
     chooser.AddOption("on");
     chooser.SetClickSound("high.wav");
-    chooser.OnMouseDown(0, 0, 1);
+    chooser.OnMouseDown(0, 0, MouseButton::left);
     ExpectSilence();
     chooser.OnKeyDown(VirtualKey::right);
     ExpectSilence();
-    chooser.OnMouseDown(0, 0, 1);
+    chooser.OnMouseDown(0, 0, MouseButton::left);
     ExpectTone(high);
 }
 

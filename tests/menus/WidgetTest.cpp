@@ -50,21 +50,21 @@ TEST_F(WidgetTest, AChooserGoesToTheSideOfItsCentreThatIsClicked) {
     for (const char* text : {"one", "two", "four"}) {
         chooser.AddOption(text);
     }
-    chooser.OnMouseDown(200, 120, 1);  // the centre counts as left
+    chooser.OnMouseDown(200, 120, MouseButton::left);  // the centre counts as left
     EXPECT_EQ(chooser.selected, 0u);
-    chooser.OnMouseDown(201, 120, 1);
+    chooser.OnMouseDown(201, 120, MouseButton::left);
     EXPECT_EQ(chooser.selected, 1u);
     chooser.OnKeyDown(VirtualKey::right);
     chooser.OnKeyDown(VirtualKey::right);
     EXPECT_EQ(chooser.selected, 2u);
     chooser.OnKeyDown(VirtualKey::left);
-    chooser.OnMouseDown(110, 120, 1);
-    chooser.OnMouseDown(110, 120, 1);
+    chooser.OnMouseDown(110, 120, MouseButton::left);
+    chooser.OnMouseDown(110, 120, MouseButton::left);
     EXPECT_EQ(chooser.selected, 0u);
     chooser.SetSelected(77);
     EXPECT_EQ(chooser.selected, 2u);
     chooser.options.clear();
-    chooser.OnMouseDown(201, 120, 1);
+    chooser.OnMouseDown(201, 120, MouseButton::left);
     chooser.SetSelected(1);
     EXPECT_EQ(chooser.selected, 0u);
 }

@@ -24,12 +24,15 @@ TEST(Keys, GiveTheCodesThatTheGameActsOn) {
     EXPECT_EQ(Platform::KeyCode(leftShift), Platform::KeyCode(rightShift));
     EXPECT_EQ(Platform::KeyCode(301), 123) << "F12";
     EXPECT_EQ(Platform::KeyCode(329), 105) << "9 of the number pad";
-    EXPECT_EQ(Platform::KeyCode(-1), Platform::unnamedKey);
+    EXPECT_EQ(Platform::KeyCode(-1), VirtualKey::unnamed);
 }
 
 TEST(Keys, TurnTheKeypadIntoArrowsWhereItDoesNotType) {
     constexpr int keypadZero = 320;
-    const std::vector<int> moves{45, 35, 40, 34, 37, 12, 39, 36, 38, 33, 46};
+    const std::vector<int> moves{
+        VirtualKey::insert, VirtualKey::end,          VirtualKey::down,     VirtualKey::pageDown,
+        VirtualKey::left,   VirtualKey::keypadCentre, VirtualKey::right,    VirtualKey::home,
+        VirtualKey::up,     VirtualKey::pageUp,       VirtualKey::deleteKey};
     for (int i = 0; i <= 10; ++i) {  // the last one is the decimal point
         EXPECT_EQ(Platform::KeyCode(keypadZero + i, false), moves[static_cast<std::size_t>(i)]);
     }
@@ -37,8 +40,8 @@ TEST(Keys, TurnTheKeypadIntoArrowsWhereItDoesNotType) {
     EXPECT_EQ(keys.Press(keypadZero + 4, false), VirtualKey::left);
     EXPECT_EQ(keys.Press(keypadZero + 4, true), VirtualKey::left) << "a repeat";
     EXPECT_EQ(keys.Release(keypadZero + 4), VirtualKey::left);
-    EXPECT_EQ(keys.Press(keypadZero + 4, true), 100);
-    EXPECT_EQ(keys.Release(keypadZero + 4), 100);
+    EXPECT_EQ(keys.Press(keypadZero + 4, true), VirtualKey::keypad0 + 4);
+    EXPECT_EQ(keys.Release(keypadZero + 4), VirtualKey::keypad0 + 4);
 }
 
 std::vector<Event> Drain(WindowInput& input) {
@@ -77,21 +80,21 @@ TEST(WindowInput, KeepsCharactersThatComeAloneAndDropsWhatNoFontHas) {
     const std::vector<Event> events = Drain(input);
     ASSERT_EQ(events.size(), 3u);
     EXPECT_EQ(events[0].character, static_cast<char>(0xE9));
-    EXPECT_EQ(events[1].key, Platform::unnamedKey);
-    EXPECT_EQ(input.CharacterOf(Platform::unnamedKey), 'x');
+    EXPECT_EQ(events[1].key, VirtualKey::unnamed);
+    EXPECT_EQ(input.CharacterOf(VirtualKey::unnamed), 'x');
 }
 
 TEST(WindowInput, HoldsACodeWhileOneOfItsKeysIsDown) {
     WindowInput input;
-    input.AddKey(16, Action::Press);
-    input.AddKey(16, Action::Press);
-    input.AddKey(16, Action::Release);
-    EXPECT_TRUE(input.IsKeyDown(16));
-    input.AddKey(16, Action::Release);
-    EXPECT_FALSE(input.IsKeyDown(16));
-    input.AddKey(16, Action::Release);
-    input.AddKey(16, Action::Press);
-    EXPECT_TRUE(input.IsKeyDown(16)) << "a stray release leaves no debt";
+    input.AddKey(VirtualKey::shift, Action::Press);
+    input.AddKey(VirtualKey::shift, Action::Press);
+    input.AddKey(VirtualKey::shift, Action::Release);
+    EXPECT_TRUE(input.IsKeyDown(VirtualKey::shift));
+    input.AddKey(VirtualKey::shift, Action::Release);
+    EXPECT_FALSE(input.IsKeyDown(VirtualKey::shift));
+    input.AddKey(VirtualKey::shift, Action::Release);
+    input.AddKey(VirtualKey::shift, Action::Press);
+    EXPECT_TRUE(input.IsKeyDown(VirtualKey::shift)) << "a stray release leaves no debt";
 }
 
 TEST(FocusFilter, TakesOnlyALossThatLasts) {

@@ -50,8 +50,7 @@ void CheckSlides(const LevelFile& level, std::list<LevelPolygon>& polygons, Prob
 /// that is open.
 void CheckSpace(const LevelFile& level, std::list<LevelPolygon>& polygons, Problems& problems);
 
-/// The number of images that a name stands for: with "_FRAME", all files that have anything
-/// between it and the ending.
+/// The number of images that a name stands for and that are there.
 std::size_t CountFrames(const std::string& name);
 
 /// Prints counts and problems; true if none is an error.

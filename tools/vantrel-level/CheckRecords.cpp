@@ -1,11 +1,12 @@
 // Checks of the files that records name.
 
+#include <algorithm>
 #include <map>
 
 #include "Check.h"
 #include "Names.h"
 #include "engine/ConfigFile.h"
-#include "engine/Text.h"
+#include "graphics/TextureManager.h"
 #include "platform/Paths.h"
 
 namespace {
@@ -81,14 +82,12 @@ void CheckFiles(const LevelFile& level, Problems& problems) {
 }  // namespace
 
 std::size_t CountFrames(const std::string& name) {
-    const std::string upper = UpperCased(name);
-    const std::size_t frame = upper.rfind("_FRAME");
-    if (frame == std::string::npos) {
-        return Platform::FindFile(name).has_value() ? 1 : 0;
-    }
-    const std::size_t dot = upper.rfind('.');
-    const std::string ending = dot == std::string::npos ? "" : upper.substr(dot);
-    return Platform::ListFiles(upper.substr(0, frame) + "_FRAME*" + ending).size();
+    std::vector<std::string> files;
+    TextureManager::ExpandFrameNames(name, files);
+    const auto isThere = [](const std::string& file) {
+        return Platform::FindFile(file).has_value();
+    };
+    return static_cast<std::size_t>(std::ranges::count_if(files, isThere));
 }
 
 void CheckRecords(const LevelFile& level, Problems& problems) {

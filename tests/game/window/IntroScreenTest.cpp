@@ -9,6 +9,7 @@
 #include "GameWindow.h"
 #include "audio/MusicPlayer.h"
 #include "platform/OpenAlAudio.h"
+#include "platform/VirtualKeys.h"
 
 namespace {
 
@@ -119,7 +120,7 @@ TEST_F(IntroScreenTest, IsSilentWithoutSoundAndOverWithoutAFilm) {
     window.onSwap = [this] {
         EXPECT_FALSE(audio.Music().IsPlaying());
         if (window.swaps == 3) {
-            GLWindow::GetListener()->OnKeyDown(27);
+            GLWindow::GetListener()->OnKeyDown(VirtualKey::escape);
         }
     };
     IntroScreen().Run();
