@@ -6,7 +6,7 @@
 #include <array>
 #include <cmath>
 
-#include "Kind.h"
+#include "SituationHash.h"
 
 namespace {
 
@@ -63,23 +63,23 @@ Found Archive::Describe(Copies::Number copy) const {
     found.alive = outcome.alive;
     found.elapsedMs = outcome.elapsedMs;
     found.angle = outcome.angle;
-    Kind::Mix(found.region, Kind::Square(outcome.centre, region));
-    Kind::Mix(found.region, outcome.fired);
-    Kind::Mix(found.region, map.Gates(outcome.switches));
-    Kind::Mix(found.region, MostMatter(outcome));
-    found.kind = found.region;
-    Kind::Mix(found.kind, Kind::Square(outcome.centre, cell));
-    Kind::Mix(found.kind, outcome.movers);
-    Kind::Mix(found.kind, outcome.alive / 12);
-    Kind::Mix(found.kind, static_cast<std::uint64_t>(outcome.angle + 90.0f) / 60);
+    SituationHash::Mix(found.regionHash, SituationHash::Square(outcome.centre, region));
+    SituationHash::Mix(found.regionHash, outcome.fired);
+    SituationHash::Mix(found.regionHash, map.Gates(outcome.switches));
+    SituationHash::Mix(found.regionHash, MostMatter(outcome));
+    found.hash = found.regionHash;
+    SituationHash::Mix(found.hash, SituationHash::Square(outcome.centre, cell));
+    SituationHash::Mix(found.hash, outcome.movers);
+    SituationHash::Mix(found.hash, outcome.alive / 12);
+    SituationHash::Mix(found.hash, static_cast<std::uint64_t>(outcome.angle + 90.0f) / 60);
     return found;
 }
 
-bool Archive::Take(Copies::Number copy, Way way) {
+bool Archive::Take(Copies::Number copy, Path path) {
     Found found = Describe(copy);
     farthest = std::max(farthest, founds.empty() ? found.distance : 0.0f);
-    found.way = std::move(way);
-    const auto [place, isNew] = byKind.try_emplace(found.kind, founds.size());
+    found.path = std::move(path);
+    const auto [place, isNew] = byHash.try_emplace(found.hash, founds.size());
     if (isNew) {
         founds.push_back(found);
     } else {
@@ -112,9 +112,9 @@ float Archive::Standing(const Found& found) const {
            perLoss * static_cast<float>(found.losses);
 }
 
-void Archive::NoteLoss(std::uint64_t kind) {
-    const auto there = byKind.find(kind);
-    if (there != byKind.end()) {
+void Archive::NoteLoss(std::uint64_t hash) {
+    const auto there = byHash.find(hash);
+    if (there != byHash.end()) {
         ++founds[there->second].losses;
     }
 }
@@ -124,9 +124,9 @@ Found& Archive::PickPromising(Dice& dice) {
     float least = 0.0f;
     for (Found& found : founds) {
         const float blur = static_cast<float>(-std::log(1.0 - dice.Unit())) * 25.0f;
-        const float standing = Standing(found) +
-                               perTryInRegion * static_cast<float>(triesInRegion[found.region]) +
-                               blur;
+        const float standing =
+            Standing(found) + perTryInRegion * static_cast<float>(triesInRegion[found.regionHash]) +
+            blur;
         if (best == nullptr || standing < least) {
             best = &found;
             least = standing;
@@ -139,8 +139,8 @@ Found& Archive::PickRare(Dice& dice) {
     Found* best = nullptr;
     double most = 0.0;
     for (Found& found : founds) {
-        const double weight =
-            1.0 / ((1.0 + found.tries + 2.0 * found.losses) * (1.0 + triesInRegion[found.region]));
+        const double weight = 1.0 / ((1.0 + found.tries + 2.0 * found.losses) *
+                                     (1.0 + triesInRegion[found.regionHash]));
         // The largest of these is drawn in proportion to its weight.
         const double draw = std::pow(std::max(dice.Unit(), 1.0e-9), 1.0 / (weight * 1000.0));
         if (best == nullptr || draw > most) {
@@ -154,16 +154,16 @@ Found& Archive::PickRare(Dice& dice) {
 Found& Archive::Pick(Dice& dice) {
     Found& found = dice.Unit() < shareOfRare ? PickRare(dice) : PickPromising(dice);
     ++found.tries;
-    ++triesInRegion[found.region];
+    ++triesInRegion[found.regionHash];
     return found;
 }
 
 void Archive::Remove(std::size_t index) {
     copies.Drop(founds[index].copy);
-    byKind.erase(founds[index].kind);
+    byHash.erase(founds[index].hash);
     if (index + 1 != founds.size()) {
         founds[index] = std::move(founds.back());
-        byKind[founds[index].kind] = index;
+        byHash[founds[index].hash] = index;
     }
     founds.pop_back();
 }

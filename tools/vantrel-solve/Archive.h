@@ -1,5 +1,5 @@
 #pragma once
-// What the search has reached: for each kind of situation the best copy of the game that got
+// What the search has reached: for each situation the best copy of the game that got
 // there. Situations are kept apart by place, state of matter, water left and what was set off,
 // so that the search spreads instead of crowding at one obstacle.
 
@@ -11,20 +11,20 @@
 #include "Copies.h"
 #include "Dice.h"
 #include "FlowMap.h"
-#include "Way.h"
+#include "Path.h"
 
 /// One situation and its copy.
 struct Found {
     Copies::Number copy = Copies::none;
-    Way way;
+    Path path;
     float distance = 0.0f;  ///< FlowMap's, over all the water
     std::uint32_t alive = 0;
     std::uint32_t elapsedMs = 0;
     float angle = 0.0f;
-    std::uint64_t kind = 0;    ///< what makes it a situation of its own
-    std::uint64_t region = 0;  ///< the same, much coarser
-    std::uint32_t tries = 0;   ///< moves that began here
-    std::uint32_t losses = 0;  ///< of these, moves that lost water for good
+    std::uint64_t hash = 0;        ///< SituationHash of what makes it a situation of its own
+    std::uint64_t regionHash = 0;  ///< the same, much coarser
+    std::uint32_t tries = 0;       ///< moves that began here
+    std::uint32_t losses = 0;      ///< of these, moves that lost water for good
 };
 
 class Archive {
@@ -35,11 +35,11 @@ public:
 
     /// Keeps the copy if its situation is new or it is better than the one that was there;
     /// drops whichever isn't kept. True if kept.
-    bool Take(Copies::Number copy, Way way);
+    bool Take(Copies::Number copy, Path path);
     /// The next to go on from; there must be one. Counts the try.
     Found& Pick(Dice& dice);
-    /// A move from a situation of this kind lost too much water.
-    void NoteLoss(std::uint64_t kind);
+    /// A move from the situation of this hash lost too much water.
+    void NoteLoss(std::uint64_t hash);
     /// Makes room for so many more copies by dropping the least promising.
     void MakeRoom(std::size_t wanted);
     /// Drops what can't beat a run of this length any more.
@@ -62,7 +62,7 @@ private:
     Copies& copies;
     const FlowMap& map;
     std::vector<Found> founds;
-    std::unordered_map<std::uint64_t, std::size_t> byKind;
+    std::unordered_map<std::uint64_t, std::size_t> byHash;
     std::unordered_map<std::uint64_t, std::uint32_t> triesInRegion;
     std::uint32_t leastWater;
     float nearest = 1.0e9f;

@@ -11,10 +11,10 @@
 #include "Dice.h"
 #include "LeakSpace.h"
 #include "LeakWatch.h"
-#include "Opening.h"
+#include "MoveBatch.h"
+#include "Path.h"
 #include "ProgressLine.h"
-#include "Rounds.h"
-#include "Way.h"
+#include "SearchSetup.h"
 #include "game/RunRecorder.h"
 
 namespace {
@@ -25,7 +25,7 @@ constexpr double lifeSeconds = 120.0;
 constexpr float onePlace = 40.0f;
 /// Lives that are played side by side.
 constexpr std::size_t abreast = 16;
-constexpr float fullTilt = Opening::angles.back();
+constexpr float fullTilt = SearchSetup::angles.back();
 /// Milliseconds of a frame: a quick machine's, and one's that just keeps up, where drops and
 /// platforms go furthest in a step.
 constexpr std::array<std::uint32_t, 2> frameLengths{16, 33};
@@ -44,7 +44,7 @@ struct Life {
     float sweep = 4.0f;              ///< degrees a move
     double secondsLeft = lifeSeconds;
     Copies::Number copy = Copies::none;  ///< none: the first
-    Way way;
+    Path path;
 };
 
 class Hunter {
@@ -120,7 +120,7 @@ void Hunter::BeginLife(std::size_t ofSeed, double seconds) {
     if (length > life.step && life.dice.Below(4) != 0) {
         life.scriptFrames = life.dice.Below(length - life.step);
     }
-    life.way = Extend(nullptr, copies.Of(first));
+    life.path = Extend(nullptr, copies.Of(first));
     lives.push_back(std::move(life));
 }
 
@@ -134,7 +134,7 @@ Move Hunter::NextMove(Life& life) {
         life.step += move.frames;
         return move;
     }
-    std::uint32_t ms = 16 * Opening::lengths[life.dice.Below(Opening::lengths.size())];
+    std::uint32_t ms = 16 * SearchSetup::lengths[life.dice.Below(SearchSetup::lengths.size())];
     if (life.style == Style::Sweeping) {
         // To and fro, with a rest at each end.
         life.angle += life.sweep;
@@ -149,7 +149,7 @@ Move Hunter::NextMove(Life& life) {
         move.angle = life.dice.Below(2) == 0 ? fullTilt : -fullTilt;
         ms = 1000 + life.dice.Below(7000);
     } else {
-        move.angle = Opening::angles[life.dice.Below(Opening::angles.size())];
+        move.angle = SearchSetup::angles[life.dice.Below(SearchSetup::angles.size())];
     }
     move.frameMs = life.frameMs;
     move.frames = std::clamp(ms / life.frameMs, 1u, mostFrames);
@@ -175,7 +175,7 @@ void Hunter::Note(const Life& life, const Leak& leak, const std::vector<RunStep>
 bool Hunter::Take(Life& life, const Move& move, Copies::Number copy) {
     const Outcome& outcome = copies.Of(copy);
     LeakCount& count = result.seeds[life.seed];
-    life.way = Extend(std::move(life.way), outcome);
+    life.path = Extend(std::move(life.path), outcome);
     if (move.scriptStep == Move::none) {
         const double seconds = outcome.watchedFrames * move.frameMs * 0.001;
         count.seconds += seconds;
@@ -184,7 +184,7 @@ bool Hunter::Take(Life& life, const Move& move, Copies::Number copy) {
     count.wins += outcome.finished ? 1 : 0;
     count.losses += outcome.cameBack ? 1 : 0;
     if (outcome.leakCount > 0) {
-        const std::vector<RunStep> steps = StepsOf(life.way);
+        const std::vector<RunStep> steps = StepsOf(life.path);
         for (std::size_t i = 0; i < outcome.leakCount; ++i) {
             Note(life, outcome.leaks[i], steps);
         }
@@ -210,9 +210,9 @@ void Hunter::ShowProgress() {
 }
 
 void Hunter::Run() {
-    const Rounds::InterruptEndsSearch guard;
-    std::vector<Rounds::Planned> moves;
-    while (!Rounds::IsInterrupted()) {
+    const MoveBatch::InterruptEndsSearch guard;
+    std::vector<MoveBatch::PlannedMove> moves;
+    while (!MoveBatch::IsInterrupted()) {
         while (lives.size() < abreast && PlanLife()) {
         }
         if (lives.empty()) {
@@ -222,7 +222,7 @@ void Hunter::Run() {
         for (Life& life : lives) {
             moves.push_back({life.copy == Copies::none ? first : life.copy, NextMove(life)});
         }
-        Rounds::Play(copies, moves, settings.processes);
+        MoveBatch::Play(copies, moves, settings.processes);
         std::vector<Life> played = std::exchange(lives, {});
         for (std::size_t i = 0; i < played.size(); ++i) {
             Life& life = played[i];

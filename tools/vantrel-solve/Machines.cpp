@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "Kind.h"
+#include "SituationHash.h"
 #include "actors/MoverManager.h"
 #include "actors/TriggerManager.h"
 
@@ -59,14 +59,14 @@ std::uint64_t State(Vector2 place) {
         }
         const bool loops = mover.state >= Mover::LoopingToStart;
         const float share = loops || mover.length <= 0.0f ? 0.0f : mover.distance / mover.length;
-        Kind::Mix(hash, mover.id);
-        Kind::Mix(hash, static_cast<std::uint64_t>(share * 2.99f) * 4 +
-                            static_cast<std::uint64_t>(loops ? 3 : mover.state));
+        SituationHash::Mix(hash, mover.id);
+        SituationHash::Mix(hash, static_cast<std::uint64_t>(share * 2.99f) * 4 +
+                                     static_cast<std::uint64_t>(loops ? 3 : mover.state));
     }
     std::uint64_t index = 0;
     for (const Trigger& trigger : TriggerManager::triggers) {
         if (IsUsedUp(trigger)) {
-            Kind::Mix(hash, index);
+            SituationHash::Mix(hash, index);
         }
         ++index;
     }

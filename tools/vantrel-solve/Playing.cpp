@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "Kind.h"
 #include "Machines.h"
+#include "SituationHash.h"
 #include "Switches.h"
 #include "actors/Camera.h"
 #include "actors/MoverManager.h"
@@ -90,7 +90,7 @@ void ReadFiredOnce(Outcome& outcome) {
         const bool matters = kind == TriggerKind::CheckPoint || TriggerTypes::Toggles(kind) ||
                              TriggerTypes::SteersMovers(kind);
         if (matters && trigger.typeInfo->fireLimit != 0) {
-            Kind::Mix(outcome.fired, trigger.fireCount);
+            SituationHash::Mix(outcome.fired, trigger.fireCount);
             if (trigger.fireCount != 0 && index < Outcome::mostTriggers) {
                 outcome.firedTriggers[index / 64] |= std::uint64_t{1} << index % 64;
             }
@@ -115,13 +115,13 @@ std::uint64_t MoverPlaces(Vector2 centre) {
             }
         } else {
             const float share = mover.length > 0.0f ? mover.distance / mover.length : 0.0f;
-            Kind::Mix(hash, static_cast<std::uint64_t>(share * 2.99f));
+            SituationHash::Mix(hash, static_cast<std::uint64_t>(share * 2.99f));
         }
     }
     if (nearest != nullptr) {
         const float share = nearest->distance / std::max(nearest->length, 1.0f);
-        Kind::Mix(hash, nearest->id * 16 + static_cast<std::uint64_t>(share * 4.99f) * 2 +
-                            (nearest->state == Mover::LoopingToEnd ? 1 : 0));
+        SituationHash::Mix(hash, nearest->id * 16 + static_cast<std::uint64_t>(share * 4.99f) * 2 +
+                                     (nearest->state == Mover::LoopingToEnd ? 1 : 0));
     }
     return hash;
 }

@@ -1,4 +1,4 @@
-// Rounds of moves on copies of the game; see Search.h.
+// Batches of moves on copies of the game; see Search.h.
 
 #include "Search.h"
 
@@ -6,17 +6,17 @@
 #include <cstdio>
 
 #include "Archive.h"
-#include "Opening.h"
+#include "MoveBatch.h"
 #include "ProgressLine.h"
-#include "Rounds.h"
+#include "SearchSetup.h"
 #include "game/RunRecorder.h"
 
 namespace {
 
 /// What a move goes on from.
 struct Origin {
-    std::uint64_t kind = 0;
-    Way way;
+    std::uint64_t hash = 0;
+    Path path;
 };
 
 class Searcher {
@@ -37,9 +37,9 @@ public:
 
 private:
     Move ChooseMove(const Found& from);
-    void PlayRound(Archive& archive);
+    void PlayBatch(Archive& archive);
     void Judge(Archive& archive, Copies::Number copy, const Origin& from);
-    void KeepIfBest(const Outcome& outcome, float distance, Way way);
+    void KeepIfBest(const Outcome& outcome, float distance, Path path);
     std::string Describe(const Archive& archive) const;
 
     const SearchSettings& settings;
@@ -48,12 +48,12 @@ private:
     Dice dice;
     ProgressLine line;
     Copies::Number first = Copies::none;
-    Way bestWay;
+    Path bestPath;
 };
 
 Move Searcher::ChooseMove(const Found& from) {
-    using Opening::angles;
-    using Opening::lengths;
+    using SearchSetup::angles;
+    using SearchSetup::lengths;
     Move move;
     // Full tilts are the commonest.
     const std::uint32_t pick = dice.Below(angles.size() + 4);
@@ -66,20 +66,20 @@ Move Searcher::ChooseMove(const Found& from) {
     return move;
 }
 
-void Searcher::KeepIfBest(const Outcome& outcome, float distance, Way way) {
+void Searcher::KeepIfBest(const Outcome& outcome, float distance, Path path) {
     bool better = false;
     if (outcome.finished) {
         better = !result.wins || outcome.alive > result.water ||
                  (outcome.alive == result.water && outcome.elapsedMs < result.elapsedMs);
     } else {
-        better = !result.wins && (bestWay == nullptr || distance < result.distance);
+        better = !result.wins && (bestPath == nullptr || distance < result.distance);
     }
     if (better) {
         result.wins = outcome.finished;
         result.water = outcome.alive;
         result.elapsedMs = outcome.elapsedMs;
         result.distance = distance;
-        bestWay = std::move(way);
+        bestPath = std::move(path);
     }
 }
 
@@ -90,30 +90,30 @@ void Searcher::Judge(Archive& archive, Copies::Number copy, const Origin& from) 
     ++result.moves;
     const Outcome& outcome = copies.Of(copy);
     if (outcome.lost) {
-        archive.NoteLoss(from.kind);
+        archive.NoteLoss(from.hash);
         copies.Drop(copy);
         return;
     }
-    Way way = Extend(from.way, outcome);
-    KeepIfBest(outcome, archive.Describe(copy).distance, way);
+    Path path = Extend(from.path, outcome);
+    KeepIfBest(outcome, archive.Describe(copy).distance, path);
     const bool late = result.wins && outcome.elapsedMs >= result.elapsedMs;
     if (outcome.finished || late) {
         copies.Drop(copy);
     } else {
-        archive.Take(copy, std::move(way));
+        archive.Take(copy, std::move(path));
     }
 }
 
-void Searcher::PlayRound(Archive& archive) {
-    archive.MakeRoom(Rounds::movesPerRound);
-    std::vector<Rounds::Planned> moves;
+void Searcher::PlayBatch(Archive& archive) {
+    archive.MakeRoom(MoveBatch::movesPerBatch);
+    std::vector<MoveBatch::PlannedMove> moves;
     std::vector<Origin> origins;
-    for (std::size_t i = 0; i < Rounds::movesPerRound; ++i) {
+    for (std::size_t i = 0; i < MoveBatch::movesPerBatch; ++i) {
         const Found& from = archive.Pick(dice);
         moves.push_back({from.copy, ChooseMove(from)});
-        origins.push_back({from.kind, from.way});
+        origins.push_back({from.hash, from.path});
     }
-    Rounds::Play(copies, moves, settings.processes);
+    MoveBatch::Play(copies, moves, settings.processes);
     for (std::size_t i = 0; i < moves.size(); ++i) {
         Judge(archive, moves[i].copy, origins[i]);
     }
@@ -133,21 +133,21 @@ std::string Searcher::Describe(const Archive& archive) const {
 }
 
 void Searcher::Run(const FlowMap& map) {
-    const Rounds::InterruptEndsSearch guard;
+    const MoveBatch::InterruptEndsSearch guard;
     Archive archive(copies, map, settings.leastWater);
-    Way opening = Extend(nullptr, copies.Of(first));
-    bestWay = opening;
+    Path opening = Extend(nullptr, copies.Of(first));
+    bestPath = opening;
     result.distance = archive.Describe(first).distance;
     archive.Take(first, std::move(opening));
-    while (!Rounds::IsInterrupted() && line.Seconds() < settings.seconds && !archive.IsEmpty() &&
+    while (!MoveBatch::IsInterrupted() && line.Seconds() < settings.seconds && !archive.IsEmpty() &&
            (!result.wins || settings.improve)) {
-        PlayRound(archive);
+        PlayBatch(archive);
         if (result.wins) {
             archive.DropLaterThan(result.elapsedMs);
         }
         line.Show(Describe(archive));
     }
-    result.run.steps = StepsOf(bestWay);
+    result.run.steps = StepsOf(bestPath);
     result.seconds = line.Seconds();
 }
 
@@ -155,6 +155,6 @@ void Searcher::Run(const FlowMap& map) {
 
 SearchResult Search(const SearchSettings& settings) {
     SearchResult result;
-    result.failure = Opening::RunOnLevel<Searcher>(settings, result);
+    result.failure = SearchSetup::RunOnLevel<Searcher>(settings, result);
     return result;
 }

@@ -17,10 +17,10 @@ constexpr float wellAway = 250.0f;
 
 }  // namespace
 
-StuckGraph::Index StuckGraph::Take(Index from, Copies::Number copy, const StuckPlace& at, Way way,
+StuckGraph::Index StuckGraph::Take(Index from, Copies::Number copy, const StuckPlace& at, Path path,
                                    bool wantsLater) {
     const auto fresh = static_cast<Index>(nodes.size());
-    const auto [there, isNew] = byKind.try_emplace(at.kind, fresh);
+    const auto [there, isNew] = byHash.try_emplace(at.hash, fresh);
     const Index index = there->second;
     if (isNew) {
         nodes.emplace_back().wanted = at.settled ? wantedSettled : wantedMoving;
@@ -29,7 +29,7 @@ StuckGraph::Index StuckGraph::Take(Index from, Copies::Number copy, const StuckP
     ++node.visits;
     if (isNew) {
         node.at = at;
-        node.way = way;
+        node.path = path;
     }
     if (node.copy != Copies::none && !node.good && at.settled && wantsLater) {
         copies.Drop(node.copy);
@@ -37,7 +37,7 @@ StuckGraph::Index StuckGraph::Take(Index from, Copies::Number copy, const StuckP
     }
     if (isNew || (node.copy == Copies::none && !node.good)) {
         node.copy = copy;
-        node.copyWay = std::move(way);
+        node.copyPath = std::move(path);
     } else {
         copies.Drop(copy);
     }

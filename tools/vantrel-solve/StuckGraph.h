@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "Copies.h"
+#include "Path.h"
 #include "StuckPlace.h"
-#include "Way.h"
 
 class StuckGraph {
 public:
@@ -21,8 +21,8 @@ public:
 
         StuckPlace at;
         Copies::Number copy = Copies::none;
-        Way way;                   ///< to `at`, when it was first seen
-        Way copyWay;               ///< to the copy, which may have come later
+        Path path;                 ///< to `at`, when it was first seen
+        Path copyPath;             ///< to the copy, which may have come later
         bool good = false;         ///< moves lead from here to a good end
         bool leaves = false;       ///< moves lead from here to rest well away from here
         std::uint32_t tries = 0;   ///< moves that began here
@@ -35,11 +35,11 @@ public:
 
     explicit StuckGraph(Copies& where) : copies(where) {}
 
-    /// A move led from `from` (none: the start) to the copy's situation, in all on this way. The
+    /// A move led from `from` (none: the start) to the copy's situation, in all on this path. The
     /// copy is kept if the situation is new, or, if it is in doubt, by `wantsLater`, which meets
     /// what goes to and fro at other moments; else it is dropped. The situation, or none if that
     /// is on the move and only looks like another one.
-    Index Take(Index from, Copies::Number copy, const StuckPlace& at, Way way, bool wantsLater);
+    Index Take(Index from, Copies::Number copy, const StuckPlace& at, Path path, bool wantsLater);
     /// Moves lead from here to a good end, and so they do from wherever it is reached.
     void MarkGood(Index which);
     /// Brings `leaves` up to date.
@@ -55,5 +55,5 @@ private:
     bool Leaves(Index from) const;
 
     Copies& copies;
-    std::unordered_map<std::uint64_t, Index> byKind;
+    std::unordered_map<std::uint64_t, Index> byHash;
 };

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "Kind.h"
+#include "SituationHash.h"
 #include "engine/ConfigFile.h"
 #include "level/LevelData.h"
 
@@ -75,15 +75,16 @@ StuckPlace StuckPlaces::Read(const Outcome& outcome) const {
     if (outcome.placeCount > 0) {
         FindDrops(outcome, found, ahead);
     }
-    Kind::Mix(found.region, Kind::Square(found.place, regionSquare));
-    Kind::Mix(found.region, static_cast<std::uint64_t>(found.matter));
-    Kind::Mix(found.region, map.Gates(outcome.switches));
-    found.kind = found.region;
-    Kind::Mix(found.kind, found.settled ? 1 : 0);
-    Kind::Mix(found.kind, Kind::Square(found.place, found.settled ? settledSquare : movingSquare));
+    SituationHash::Mix(found.regionHash, SituationHash::Square(found.place, regionSquare));
+    SituationHash::Mix(found.regionHash, static_cast<std::uint64_t>(found.matter));
+    SituationHash::Mix(found.regionHash, map.Gates(outcome.switches));
+    found.hash = found.regionHash;
+    SituationHash::Mix(found.hash, found.settled ? 1 : 0);
+    SituationHash::Mix(found.hash, SituationHash::Square(
+                                       found.place, found.settled ? settledSquare : movingSquare));
     const bool isSplit = Distance(found.place, ahead) > together;
-    Kind::Mix(found.kind, isSplit ? Kind::Square(ahead, aheadSquare) : 0);
-    Kind::Mix(found.kind, static_cast<std::uint64_t>(found.distance / perDistance));
-    Kind::Mix(found.kind, outcome.machines);
+    SituationHash::Mix(found.hash, isSplit ? SituationHash::Square(ahead, aheadSquare) : 0);
+    SituationHash::Mix(found.hash, static_cast<std::uint64_t>(found.distance / perDistance));
+    SituationHash::Mix(found.hash, outcome.machines);
     return found;
 }

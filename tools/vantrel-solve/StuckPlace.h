@@ -15,8 +15,8 @@ struct StuckPlace {
     std::uint32_t alive = 0;        ///< of so many
     float distance = 0.0f;          ///< FlowMap's, of that drop
     bool settled = false;           ///< Outcome's
-    std::uint64_t kind = 0;         ///< what makes it a situation of its own
-    std::uint64_t region = 0;       ///< the same, much coarser
+    std::uint64_t hash = 0;         ///< SituationHash of what makes it a situation of its own
+    std::uint64_t regionHash = 0;   ///< the same, much coarser
     std::array<std::uint64_t, Outcome::mostTriggers / 64> fired{};
     std::uint32_t elapsedMs = 0;
     float angle = 0.0f;

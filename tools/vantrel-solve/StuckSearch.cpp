@@ -8,9 +8,9 @@
 #include <unordered_map>
 
 #include "Dice.h"
-#include "Opening.h"
+#include "MoveBatch.h"
 #include "ProgressLine.h"
-#include "Rounds.h"
+#include "SearchSetup.h"
 #include "StuckGraph.h"
 #include "StuckPlace.h"
 #include "game/RunRecorder.h"
@@ -42,7 +42,7 @@ constexpr std::array<std::uint32_t, 3> waits{375, 500, 750};
 /// What a move goes on from.
 struct Origin {
     Index node = StuckGraph::none;
-    Way way;
+    Path path;
 };
 
 class Hunter {
@@ -62,11 +62,11 @@ public:
     void Run(const FlowMap& map);
 
 private:
-    Index Keep(const StuckPlaces& places, Index from, Copies::Number copy, Way way);
+    Index Keep(const StuckPlaces& places, Index from, Copies::Number copy, Path path);
     void FollowScript(const StuckPlaces& places);
     void Explore(const StuckPlaces& places);
     void Judge(const StuckPlaces& places);
-    void PlayHardRound(const StuckPlaces& places);
+    void PlayHardBatch(const StuckPlaces& places);
     bool WantMore();
     void TakeNearestForFinish();
     Index PickTowards();
@@ -76,9 +76,9 @@ private:
     Move ChooseMove();
     Move ChooseHardMove(const Node& from);
     void Plan(Index from, const Move& move);
-    void PlayRound(const StuckPlaces& places);
+    void PlayBatch(const StuckPlaces& places);
     bool HasTime(double share) const {
-        return !Rounds::IsInterrupted() && line.Seconds() < settings.seconds * share;
+        return !MoveBatch::IsInterrupted() && line.Seconds() < settings.seconds * share;
     }
     void ShowProgress(const std::string& text);
 
@@ -91,8 +91,8 @@ private:
     StuckGraph graph;
     Copies::Number first = Copies::none;
     std::unordered_map<std::uint64_t, std::uint32_t> triesInRegion;
-    std::vector<Origin> origins;  ///< of the round's moves
-    std::vector<Rounds::Planned> moves;
+    std::vector<Origin> origins;  ///< of the batch's moves
+    std::vector<MoveBatch::PlannedMove> moves;
     std::uint64_t lastNews = 0;  ///< how many moves had been played then
 };
 
@@ -123,7 +123,7 @@ Index Hunter::PickRare() {
         }
         // The smallest of these is drawn in proportion to its weight.
         const double draw = -std::log(1.0 - dice.Unit()) * (1.0 + node.tries) *
-                            (1.0 + triesInRegion[node.at.region]);
+                            (1.0 + triesInRegion[node.at.regionHash]);
         if (best == StuckGraph::none || draw < least) {
             best = i;
             least = draw;
@@ -156,8 +156,8 @@ Index Hunter::PickToJudge() const {
 
 Move Hunter::ChooseMove() {
     Move move;
-    move.angle = Opening::angles[dice.Below(Opening::angles.size())];
-    move.frames = Opening::lengths[dice.Below(Opening::lengths.size())];
+    move.angle = SearchSetup::angles[dice.Below(SearchSetup::angles.size())];
+    move.frames = SearchSetup::lengths[dice.Below(SearchSetup::lengths.size())];
     move.settle = dice.Below(3) != 0 ? settleFrames : 0;
     if (dice.Below(16) == 0) {
         move.frames = waits[dice.Below(waits.size())];
@@ -188,7 +188,7 @@ Move Hunter::ChooseHardMove(const Node& from) {
     return move;
 }
 
-Index Hunter::Keep(const StuckPlaces& places, Index from, Copies::Number copy, Way way) {
+Index Hunter::Keep(const StuckPlaces& places, Index from, Copies::Number copy, Path path) {
     const Outcome& outcome = copies.Of(copy);
     if (outcome.finished) {
         result.report.finishReached = true;
@@ -200,34 +200,34 @@ Index Hunter::Keep(const StuckPlaces& places, Index from, Copies::Number copy, W
     }
     const std::size_t before = graph.nodes.size();
     const StuckPlace at = places.Read(outcome);
-    const Index index = graph.Take(from, copy, at, std::move(way), dice.Below(3) == 0);
+    const Index index = graph.Take(from, copy, at, std::move(path), dice.Below(3) == 0);
     if (graph.nodes.size() > before && at.settled) {
         lastNews = result.report.moves;
     }
     return index;
 }
 
-/// Follows the script from the start, if there is one, and keeps the situations on its way.
+/// Follows the script from the start, if there is one, and keeps the situations on its path.
 void Hunter::FollowScript(const StuckPlaces& places) {
     constexpr std::uint32_t framesApart = 45;
-    Way way = Extend(nullptr, copies.Of(first));
+    Path path = Extend(nullptr, copies.Of(first));
     std::uint32_t step = copies.Of(first).stepCount;
     Index from = StuckGraph::none;
     Copies::Number copy = first;
     while (copy != Copies::none) {
-        std::vector<Rounds::Planned> next;
+        std::vector<MoveBatch::PlannedMove> next;
         const Outcome& outcome = copies.Of(copy);
         if (step < Playing::script.size() && !outcome.finished && !outcome.lost) {
             next.push_back({copy, {0.0f, framesApart, 0, step}});
-            Rounds::Play(copies, next, 1);
+            MoveBatch::Play(copies, next, 1);
             ++result.report.moves;
         }
-        const Index kept = Keep(places, from, copy, way);
+        const Index kept = Keep(places, from, copy, path);
         from = kept != StuckGraph::none ? kept : from;
         copy = next.empty() ? Copies::none : next.front().copy;
         if (copy != Copies::none) {
             step += copies.Of(copy).stepCount;
-            way = Extend(std::move(way), copies.Of(copy));
+            path = Extend(std::move(path), copies.Of(copy));
         }
     }
 }
@@ -235,19 +235,19 @@ void Hunter::FollowScript(const StuckPlaces& places) {
 void Hunter::Plan(Index from, const Move& move) {
     Node& node = graph.nodes[from];
     ++node.tries;
-    ++triesInRegion[node.at.region];
-    origins.push_back({from, node.copyWay});
+    ++triesInRegion[node.at.regionHash];
+    origins.push_back({from, node.copyPath});
     moves.push_back({node.copy, move});
 }
 
 /// Plays what was planned.
-void Hunter::PlayRound(const StuckPlaces& places) {
-    Rounds::Play(copies, moves, settings.processes);
+void Hunter::PlayBatch(const StuckPlaces& places) {
+    MoveBatch::Play(copies, moves, settings.processes);
     for (std::size_t i = 0; i < moves.size(); ++i) {
         const Copies::Number copy = moves[i].copy;
         if (copy != Copies::none) {
             ++result.report.moves;
-            Keep(places, origins[i].node, copy, Extend(origins[i].way, copies.Of(copy)));
+            Keep(places, origins[i].node, copy, Extend(origins[i].path, copies.Of(copy)));
         }
     }
     origins.clear();
@@ -257,12 +257,12 @@ void Hunter::PlayRound(const StuckPlaces& places) {
 void Hunter::Explore(const StuckPlaces& places) {
     while (HasTime(shareOfExploring) &&
            result.report.moves - lastNews < movesWithoutNews + 2 * graph.nodes.size()) {
-        graph.MakeRoom(Rounds::movesPerRound);
-        for (std::size_t i = 0; i < Rounds::movesPerRound; ++i) {
+        graph.MakeRoom(MoveBatch::movesPerBatch);
+        for (std::size_t i = 0; i < MoveBatch::movesPerBatch; ++i) {
             const Index from = PickToExplore();
             Plan(from, ChooseMove());
         }
-        PlayRound(places);
+        PlayBatch(places);
         ShowProgress("exploring: " + std::to_string(graph.nodes.size()) + " situations");
     }
 }
@@ -280,28 +280,28 @@ void Hunter::Judge(const StuckPlaces& places) {
     bool goesOn = true;
     while (goesOn) {
         while (HasTime(1.0) && PickToJudge() != StuckGraph::none) {
-            PlayHardRound(places);
+            PlayHardBatch(places);
         }
         goesOn = HasTime(1.0) && WantMore();
     }
 }
 
-void Hunter::PlayHardRound(const StuckPlaces& places) {
-    graph.MakeRoom(Rounds::movesPerRound);
+void Hunter::PlayHardBatch(const StuckPlaces& places) {
+    graph.MakeRoom(MoveBatch::movesPerBatch);
     graph.NoteLeaving();
-    while (moves.size() < Rounds::movesPerRound) {
+    while (moves.size() < MoveBatch::movesPerBatch) {
         const Index next = PickToJudge();
         if (next == StuckGraph::none) {
             break;
         }
-        // A way on from near the finish is one for all that lead there.
+        // A path on from near the finish is one for all that lead there.
         const bool towards = graph.nodes[next].leaves && dice.Unit() < shareTowards;
         const Index from = towards ? PickTowards() : next;
         const Move move = ChooseHardMove(graph.nodes[from]);
         ++graph.nodes[from].hard;
         Plan(from, move);
     }
-    PlayRound(places);
+    PlayBatch(places);
     std::size_t inDoubt = 0;
     std::size_t leaving = 0;
     for (const Node& node : graph.nodes) {
@@ -333,7 +333,7 @@ void Hunter::ShowProgress(const std::string& text) {
 }
 
 void Hunter::Run(const FlowMap& map) {
-    const Rounds::InterruptEndsSearch guard;
+    const MoveBatch::InterruptEndsSearch guard;
     const StuckPlaces places(map);
     line.Restart();  // The map of a large level takes seconds.
     FollowScript(places);
@@ -346,7 +346,7 @@ void Hunter::Run(const FlowMap& map) {
     const std::vector<StuckFinding>& found = result.report.found;
     for (const StuckFinding& finding : found) {
         result.runs.push_back(start);
-        result.runs.back().steps = StepsOf(graph.nodes[finding.nodes.front()].way);
+        result.runs.back().steps = StepsOf(graph.nodes[finding.nodes.front()].path);
     }
     result.seconds = line.Seconds();
 }
@@ -356,6 +356,6 @@ void Hunter::Run(const FlowMap& map) {
 StuckResult HuntStuck(const SearchSettings& settings, std::vector<RunStep> script) {
     StuckResult result;
     Playing::script = std::move(script);
-    result.failure = Opening::RunOnLevel<Hunter>(settings, result);
+    result.failure = SearchSetup::RunOnLevel<Hunter>(settings, result);
     return result;
 }

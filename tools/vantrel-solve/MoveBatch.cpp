@@ -1,10 +1,10 @@
-// Playing many moves at once, in any order; see Rounds.h.
+// Playing many moves at once, in any order; see MoveBatch.h.
 
-#include "Rounds.h"
+#include "MoveBatch.h"
 
 #include <csignal>
 
-namespace Rounds {
+namespace MoveBatch {
 
 namespace {
 
@@ -29,12 +29,12 @@ bool IsInterrupted() {
     return interrupted != 0;
 }
 
-void Play(Copies& copies, std::vector<Planned>& moves, unsigned processes) {
+void Play(Copies& copies, std::vector<PlannedMove>& moves, unsigned processes) {
     std::size_t next = 0;
     std::size_t running = 0;
     while ((next < moves.size() && interrupted == 0) || running > 0) {
         while (next < moves.size() && running < processes && interrupted == 0) {
-            Planned& planned = moves[next++];
+            PlannedMove& planned = moves[next++];
             planned.copy = copies.Start(planned.from, planned.move);
             running += planned.copy != Copies::none ? 1 : 0;
         }
@@ -44,4 +44,4 @@ void Play(Copies& copies, std::vector<Planned>& moves, unsigned processes) {
     }
 }
 
-}  // namespace Rounds
+}  // namespace MoveBatch

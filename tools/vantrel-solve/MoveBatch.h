@@ -1,5 +1,5 @@
 #pragma once
-// Moves are planned and judged in rounds, so that the order in which processes finish makes no
+// Moves are planned and judged in batches, so that the order in which processes finish makes no
 // difference; and the interrupt that ends a search between them.
 
 #include <signal.h>
@@ -9,18 +9,18 @@
 
 #include "Copies.h"
 
-namespace Rounds {
+namespace MoveBatch {
 
-constexpr std::size_t movesPerRound = 24;
+constexpr std::size_t movesPerBatch = 24;
 
-struct Planned {
+struct PlannedMove {
     Copies::Number from = Copies::none;
     Move move;
     Copies::Number copy = Copies::none;  ///< that played it; none if it wasn't played
 };
 
 /// Plays all of them, so many at the same time; after an interrupt only those that have begun.
-void Play(Copies& copies, std::vector<Planned>& moves, unsigned processes);
+void Play(Copies& copies, std::vector<PlannedMove>& moves, unsigned processes);
 
 /// The first interrupt (SIGINT, SIGTERM) ends the search, for as long as this lives.
 class InterruptEndsSearch {
@@ -37,4 +37,4 @@ private:
 
 bool IsInterrupted();
 
-}  // namespace Rounds
+}  // namespace MoveBatch

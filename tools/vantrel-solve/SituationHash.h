@@ -1,12 +1,12 @@
 #pragma once
-// Kinds of situations as numbers: what makes two situations the same is mixed into one hash.
+// The hash that tells situations apart: all that makes two of them the same is mixed into it.
 
 #include <cmath>
 #include <cstdint>
 
 #include "engine/Vector2.h"
 
-namespace Kind {
+namespace SituationHash {
 
 inline void Mix(std::uint64_t& hash, std::uint64_t value) {
     hash = (hash ^ value) * 0x9e3779b97f4a7c15u;
@@ -20,4 +20,4 @@ inline std::uint64_t Square(Vector2 place, float size) {
     return static_cast<std::uint64_t>(x) << 32 ^ static_cast<std::uint64_t>(y & 0xffffffff);
 }
 
-}  // namespace Kind
+}  // namespace SituationHash

@@ -1,18 +1,18 @@
-// Chains of moves; see Way.h.
+// Chains of moves; see Path.h.
 
-#include "Way.h"
+#include "Path.h"
 
 #include <utility>
 
-Way Extend(Way before, const Outcome& outcome) {
+Path Extend(Path before, const Outcome& outcome) {
     Leg leg{std::move(before), {}};
     leg.steps.assign(outcome.steps.begin(), outcome.steps.begin() + outcome.stepCount);
     return std::make_shared<const Leg>(std::move(leg));
 }
 
-std::vector<RunStep> StepsOf(const Way& way) {
+std::vector<RunStep> StepsOf(const Path& path) {
     std::vector<const Leg*> legs;
-    for (const Leg* leg = way.get(); leg != nullptr; leg = leg->before.get()) {
+    for (const Leg* leg = path.get(); leg != nullptr; leg = leg->before.get()) {
         legs.push_back(leg);
     }
     std::vector<RunStep> steps;

@@ -1,5 +1,5 @@
 #pragma once
-// How every search begins: with the level, a first copy of the game, and only then the map of
+// The set-up of every search: the level, a first copy of the game, and only then the map of
 // the ways to the finish, which the copies don't carry along. And the tilts that all try.
 
 #include <array>
@@ -10,7 +10,7 @@
 #include "Search.h"
 #include "game/HeadlessGame.h"
 
-namespace Opening {
+namespace SearchSetup {
 
 /// Degrees. Beyond 60 the view stops: a key held down.
 inline constexpr std::array<float, 12> angles{-66, -66, -45, -30, -16, -7, 0, 7, 16, 30, 45, 66};
@@ -38,4 +38,4 @@ std::string RunOnLevel(const SearchSettings& settings, Result& result) {
     return {};
 }
 
-}  // namespace Opening
+}  // namespace SearchSetup
