@@ -243,7 +243,7 @@ void Game::Initialise(const std::string& mapName) {
 void Game::Frame() {
     UpdateFrameTime();
     if (GLWindow::IsCursorInClient()) {
-        GLWindow::SetCursorKind(0);
+        GLWindow::SetCursorKind(Platform::Cursor::Empty);
     }
     gameState.stepAccumulator += gameState.frameTime;
     if (RunRecorder::IsReplaying()) {

@@ -3,6 +3,7 @@
 #include "actors/Camera.h"
 #include "engine/Console.h"
 #include "engine/ConsoleCommands.h"
+#include "engine/Version.h"
 #include "game/Game.h"
 #include "game/GameState.h"
 
@@ -47,7 +48,7 @@ const Console::CommandTable commands{
 };
 // These stay until the console goes.
 const Console::CommandTable lastingCommands{
-    {"Version", [] { return std::string("1.03"); }, "The program's version."},
+    {"Version", [] { return std::string(programVersion); }, "The program's version."},
     {"Map", MapCommand, "Loads a level, like lev\\testLevel.swah, or tells which one is loaded.",
      "< name OR nothing >"},
 };

@@ -14,6 +14,7 @@
 #include "actors/SoundSourceManager.h"
 #include "actors/TriggerManager.h"
 #include "engine/Console.h"
+#include "engine/Page.h"
 #include "game/Game.h"
 #include "game/GameState.h"
 #include "game/LevelProgress.h"
@@ -116,11 +117,11 @@ void DrawFreeCameraOverlay() {
                              8.0f / gameState.freeCameraZoom, Colours::white);
 }
 
-/// In 800 by 600 units over the client area.
+/// On a page over the client area.
 void DrawPausedText() {
     const Texture& font = *gameState.font;
-    font.DrawTextCentred("Paused", 2.0f, 2.0f, 800.0f, 600.0f, 32.0f, Colours::black);
-    font.DrawTextCentred("Paused", 0.0f, 0.0f, 800.0f, 600.0f, 32.0f, Colours::white);
+    font.DrawTextCentred("Paused", 2.0f, 2.0f, Page::width, Page::height, 32.0f, Colours::black);
+    font.DrawTextCentred("Paused", 0.0f, 0.0f, Page::width, Page::height, 32.0f, Colours::white);
 }
 
 /// At its own size in pixels, its shadow first.

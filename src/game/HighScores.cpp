@@ -7,6 +7,7 @@
 
 #include "audio/Sound.h"
 #include "engine/ConfigFile.h"
+#include "engine/Page.h"
 #include "game/HighScoreTable.h"
 #include "graphics/GLWindow.h"
 #include "menus/GuiScreen.h"
@@ -15,8 +16,6 @@
 
 namespace {
 
-constexpr float viewWidth = 800.0f;
-constexpr float viewHeight = 600.0f;
 constexpr float fontSize = 32.0f;
 constexpr float blinkTime = 0.5f;
 
@@ -58,8 +57,8 @@ void HighScores::Run() {
 HighScores::Position HighScores::Logical(int x, int y) {
     const int width = std::max(GLWindow::ClientWidth(), 1);
     const int height = std::max(GLWindow::ClientHeight(), 1);
-    return {static_cast<int>(std::lround(x * 800.0 / width)),
-            static_cast<int>(std::lround(y * 600.0 / height))};
+    return {static_cast<int>(std::lround(x * static_cast<double>(Page::width) / width)),
+            static_cast<int>(std::lround(y * static_cast<double>(Page::height) / height))};
 }
 
 /// Both far edges count.
@@ -137,10 +136,10 @@ void HighScores::OnPaint() {
     if (background) {
         background->OnPaint();
     }
-    painter.BeginPage(0.0f, 0.0f, static_cast<float>(GLWindow::ClientWidth()) / viewWidth,
-                      static_cast<float>(GLWindow::ClientHeight()) / viewHeight);
+    painter.BeginPage(0.0f, 0.0f, static_cast<float>(GLWindow::ClientWidth()) / Page::width,
+                      static_cast<float>(GLWindow::ClientHeight()) / Page::height);
     constexpr Colour dark{0.0f, 0.0f, 0.0f, 0.9f};
-    painter.FillRect({0.0f, 0.0f, viewWidth, viewHeight}, dark, dark);
+    painter.FillRect({0.0f, 0.0f, Page::width, Page::height}, dark, dark);
     DrawTexts();
     continueButton.OnPaint();
     painter.EndPage();
@@ -157,7 +156,7 @@ void HighScores::DrawTexts() const {
 void HighScores::DrawLines(const char* nameLine, float offsetX, float offsetY,
                            const Colour& colour) const {
     const auto drawLine = [&](const char* text, float top, float height) {
-        const GuiRect box{offsetX, top + offsetY, offsetX + viewWidth, top + height + offsetY};
+        const GuiRect box{offsetX, top + offsetY, offsetX + Page::width, top + height + offsetY};
         GuiPainter::Current().DrawTextCentred(font, text, box, fontSize, colour);
     };
     drawLine("New high score!", 32.0f, 32.0f);

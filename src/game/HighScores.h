@@ -40,7 +40,7 @@ private:
     struct Position {
         int x, y;
     };
-    /// The whole client area is 800 by 600 units here, whatever its shape.
+    /// The whole client area is one page here, whatever its shape.
     static Position Logical(int x, int y);
     bool IsOnButton(Position position) const;
     void StepTimes(float dt);

@@ -56,7 +56,8 @@ void IntroScreen::Run() {
         if (!GLWindow::IsOpen()) {
             break;
         }
-        GLWindow::SetCursorKind(GLWindow::IsCursorInClient() ? 0 : 1);
+        GLWindow::SetCursorKind(GLWindow::IsCursorInClient() ? Platform::Cursor::Empty
+                                                             : Platform::Cursor::Arrow);
         video.Update();
         video.Draw();
         // Late frames aren't waited for: as their header's time is shorter, they catch up.

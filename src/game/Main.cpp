@@ -11,6 +11,7 @@
 #include "audio/MusicPlayer.h"
 #include "audio/SoundManager.h"
 #include "engine/Console.h"
+#include "engine/Version.h"
 #include "game/Game.h"
 #include "game/GameScreen.h"
 #include "game/HighScoreTable.h"
@@ -50,7 +51,7 @@ bool AnswerQuestion(int argc, char** argv) {
             return true;
         }
         if (std::string_view(argv[i]) == "--version") {
-            std::puts("Vantrel 1.03");
+            std::printf("Vantrel %s\n", programVersion);
             return true;
         }
     }
@@ -100,7 +101,7 @@ std::string SizeText() {
 
 /// In the wanted size, or else in the one before it.
 void CreateWindow() {
-    const std::string title = "Vantrel: Version 1.03";
+    const std::string title = std::string("Vantrel: Version ") + programVersion;
     while (!GLWindow::TryCreate(title, Width(), Height())) {
         const std::string refused = SizeText();
         if (!FallBackResolution()) {
@@ -113,7 +114,7 @@ void CreateWindow() {
 void OpenWindow(const DetailProfile& profile) {
     CreateWindow();
     GLWindow::Centre();
-    GLWindow::SetCursorKind(0);
+    GLWindow::SetCursorKind(Platform::Cursor::Empty);
     for (const unsigned count : profile.sampleCounts) {
         if (GLWindow::SetSamples(count)) {
             break;

@@ -23,7 +23,7 @@ private:
     /// of the image.
     float halfU = 0.0f;
     float halfV = 0.0f;
-    LevelObject animation;  ///< at its place in 800 by 600
+    LevelObject animation;  ///< at its place on the page
     float frameSeconds = 0.0f;
     float elapsed = 0.0f;  ///< seconds that the current frame has been shown
 };

@@ -4,7 +4,9 @@
 
 #include <algorithm>
 
+#include "engine/Page.h"
 #include "game/SplashPicture.h"
+#include "menus/LogicalSpace.h"
 #include "platform/Window.h"
 
 namespace {
@@ -23,18 +25,10 @@ void Quad(float left, float top, float right, float bottom, float u0, float v0, 
     glEnd();
 }
 
-/// 800 by 600 as large as the window takes it, in its middle.
-void ApplyCentredSpace(float width, float height) {
+void ApplySpace(const LogicalSpace& space) {
     glLoadIdentity();
-    float scale = 1.0f;
-    if (height <= width) {
-        scale = height / 600.0f;
-        glTranslatef((width - 800.0f * scale) / 2.0f, 0.0f, 0.0f);
-    } else {
-        scale = width / 800.0f;
-        glTranslatef(0.0f, (height - 600.0f * scale) / 2.0f, 0.0f);
-    }
-    glScalef(scale, scale, 1.0f);
+    glTranslatef(space.offsetX, space.offsetY, 0.0f);
+    glScalef(space.scale, space.scale, 1.0f);
 }
 
 void DrawAnimation(const LevelObject& animation) {
@@ -64,13 +58,13 @@ void SplashPicture::Draw(int clientWidth, int clientHeight) const {
     glDisable(GL_CULL_FACE);
     glDisable(GL_DEPTH_TEST);
 
-    const auto width = static_cast<float>(clientWidth);
-    const auto height = static_cast<float>(clientHeight);
-    glScalef(width / 800.0f, height / 600.0f, 1.0f);
+    glScalef(static_cast<float>(clientWidth) / Page::width,
+             static_cast<float>(clientHeight) / Page::height, 1.0f);
     glBindTexture(GL_TEXTURE_2D, background.glName);
     glColor4f(1.0f, 1.0f, 1.0f, 1.0f);
-    Quad(0.0f, 0.0f, 800.0f, 600.0f, 0.5f - halfU, 0.5f - halfV, 0.5f + halfU, 0.5f + halfV);
+    Quad(0.0f, 0.0f, Page::width, Page::height, 0.5f - halfU, 0.5f - halfV, 0.5f + halfU,
+         0.5f + halfV);
 
-    ApplyCentredSpace(width, height);
+    ApplySpace(LogicalSpace::Of(clientWidth, clientHeight));
     DrawAnimation(animation);
 }

@@ -249,15 +249,15 @@ DetailProfile ProfileOf(std::int32_t detailLevel) {
     const std::span<const unsigned> all(counts);
     switch (detailLevel) {
         case 0:
-            return {{}, 2, 0};
+            return {{}, TextureQuality::Halved, 0};
         case 1:
-            return {{}, 1, 0};
+            return {{}, TextureQuality::Compressed, 0};
         case 3:
-            return {all.last(1), 0, 8};
+            return {all.last(1), TextureQuality::Full, 8};
         case 4:
-            return {all.last(2), 0, 4};
+            return {all.last(2), TextureQuality::Full, 4};
         case 5:
-            return {all, 0, 2};
+            return {all, TextureQuality::Full, 2};
         default:
             return {};
     }

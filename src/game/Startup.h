@@ -8,10 +8,13 @@
 #include <string_view>
 #include <vector>
 
+#include "graphics/TextureManager.h"
+#include "platform/Window.h"
+
 struct StartupSettings {
     std::int32_t detailLevel = 2;  ///< 0 to 5
-    std::uint32_t resolutionX = 800;
-    std::uint32_t resolutionY = 600;
+    std::uint32_t resolutionX = Platform::defaultWidth;
+    std::uint32_t resolutionY = Platform::defaultHeight;
     bool fullscreen = true;
     std::string mapName = "lev\\testLevel.swah";
     std::string recordFile;  ///< empty: none
@@ -19,8 +22,8 @@ struct StartupSettings {
 
     /// The size comes from the command line, and no window has had it yet.
     bool isResolutionNew = false;
-    std::uint32_t formerResolutionX = 800;  ///< what holds if it can't be had
-    std::uint32_t formerResolutionY = 600;
+    std::uint32_t formerResolutionX = Platform::defaultWidth;  ///< what holds if it can't be had
+    std::uint32_t formerResolutionY = Platform::defaultHeight;
 };
 
 extern StartupSettings startupSettings;
@@ -39,14 +42,14 @@ std::vector<std::string> ParseCommandLine(std::string_view text);
 /// Stores the size that the command line asked for, if it did. Only once a window has had it: a
 /// stored size that can't be opened would come back at every start.
 void KeepResolution();
-/// Back to the size before the command line, then to 800 by 600, when no window of the current
+/// Back to the size before the command line, then to the default, when no window of the current
 /// size can be opened; false if there is nothing left to go back to.
 bool FallBackResolution();
 
 /// What a detail level asks of the graphics.
 struct DetailProfile {
     std::span<const unsigned> sampleCounts;  ///< to be tried in this order
-    int textureQuality = 0;
+    TextureQuality textureQuality = TextureQuality::Full;
     int anisotropy = 0;  ///< 0: not set
 };
 /// Of a level from 0 to 5.

@@ -27,7 +27,7 @@ void TakeMousePosition(const Platform::Event& event) {
 
 /// Inside of the client area the cursor is the one asked for, outside an arrow.
 void SettleCursor() {
-    SetCursorKind(IsCursorInClient() ? state.cursorKind : 1);
+    SetCursorKind(IsCursorInClient() ? state.cursorKind : Platform::Cursor::Arrow);
 }
 
 /// Updates the stored state, calls the listener, then does what the window does by itself.
@@ -160,7 +160,7 @@ bool TryCreate(const std::string& title, int width, int height) {
         return false;
     }
     Platform::Window& window = Platform::TheWindow();
-    SetCursorKind(1);
+    SetCursorKind(Platform::Cursor::Arrow);
     state.mouseX = 0;
     state.mouseY = 0;
     state.samples = 1;
@@ -188,7 +188,7 @@ void Close() {
     Platform::TheWindow().Destroy();
     state.fullscreen = false;
     state.listener = nullptr;
-    state.cursorKind = 1;
+    state.cursorKind = Platform::Cursor::Arrow;
     state.closing = false;
 }
 

@@ -71,9 +71,8 @@ bool HasDisplayMode(int width, int height);
 /// Brightness of the whole screen, 0 to 2; ignored outside of that.
 void SetGamma(float value);
 
-/// 0 empty, 1 arrow, 2 cross; any other value changes nothing.
-void SetCursorKind(int kind);
-int GetCursorKind();
+void SetCursorKind(Platform::Cursor kind);
+Platform::Cursor GetCursorKind();
 bool IsCursorInClient();
 int CursorScreenX();
 int CursorScreenY();

@@ -16,7 +16,7 @@ bool Fullscreen(bool on, bool isSet) {
     if (isSet && on) {
         SetFullscreen(true, ScreenWidth(), ScreenHeight());
     } else if (isSet) {
-        SetFullscreen(false, 800, 600);
+        SetFullscreen(false, Platform::defaultWidth, Platform::defaultHeight);
         SetResizable(false);
     }
     return IsFullscreen();
@@ -63,11 +63,11 @@ int AnisotropicFilteringLevel(int level, bool isSet) {
     return TextureManager::Anisotropy();
 }
 
-int TextureQuality(int value, bool isSet) {
-    if (isSet) {
-        TextureManager::SetQuality(value);
+int TextureQualityNumber(int value, bool isSet) {
+    if (isSet && value >= 0 && value <= static_cast<int>(TextureQuality::Halved)) {
+        TextureManager::SetQuality(static_cast<TextureQuality>(value));
     }
-    return TextureManager::Quality();
+    return static_cast<int>(TextureManager::Quality());
 }
 
 void ListTextures() {
@@ -82,8 +82,10 @@ void PrintTextureMemory() {
     const std::uint32_t pixels = TextureManager::MemoryBytes();
     // The mipmaps of an image take a third of it.
     const std::uint32_t bytes = pixels + pixels / 3;
-    const int quality = TextureManager::Quality();
-    Console::PrintUnsigned(quality == 1 ? bytes / 2 : quality == 2 ? bytes / 4 : bytes);
+    const TextureQuality quality = TextureManager::Quality();
+    Console::PrintUnsigned(quality == TextureQuality::Full         ? bytes
+                           : quality == TextureQuality::Compressed ? bytes / 2
+                                                                   : bytes / 4);
     Console::Print(" bytes");
 }
 
@@ -112,7 +114,7 @@ const Console::CommandTable commands{
     {"AnisotropicFilteringLevel", AnisotropicFilteringLevel,
      "How sharp textures stay when seen at a slant."},
     {"VsyncEnable", VsyncEnable, "Whether frames wait for the screen."},
-    {"TextureQuality", TextureQuality,
+    {"TextureQuality", TextureQualityNumber,
      "0 shows textures in full, 1 compressed, 2 compressed and at half their size."},
 };
 

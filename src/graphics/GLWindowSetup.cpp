@@ -13,7 +13,7 @@ namespace {
 /// What a rebuilt window takes over from its predecessor.
 struct Kept {
     std::string title = GetTitle();
-    int cursorKind = GetCursorKind();
+    Platform::Cursor cursorKind = GetCursorKind();
     bool fullscreen = IsFullscreen();
     int width = ClientWidth();
     int height = ClientHeight();

@@ -180,16 +180,12 @@ void SetGamma(float value) {
     Window().SetGammaRamp(ramp);
 }
 
-void SetCursorKind(int kind) {
-    using Platform::Cursor;
-    if (kind < 0 || kind > 2) {
-        return;
-    }
+void SetCursorKind(Platform::Cursor kind) {
     state.cursorKind = kind;
-    Window().SetCursor(kind == 0 ? Cursor::Empty : kind == 1 ? Cursor::Arrow : Cursor::Cross);
+    Window().SetCursor(kind);
 }
 
-int GetCursorKind() {
+Platform::Cursor GetCursorKind() {
     return state.cursorKind;
 }
 

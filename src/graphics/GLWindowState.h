@@ -13,7 +13,7 @@ struct State {
 
     GLWindowEventListener* listener = nullptr;  ///< not owned
     std::string title;
-    int cursorKind = 1;    ///< as last asked for
+    Platform::Cursor cursorKind = Platform::Cursor::Arrow;  ///< as last asked for
     unsigned samples = 1;  ///< as asked for; the context may hold more
     int mouseX = 0;        ///< client pixels, from the last mouse event
     int mouseY = 0;

@@ -38,7 +38,7 @@ void GLTextureDevice::Upload(std::uint32_t glName, const std::uint32_t* pixels, 
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR_MIPMAP_LINEAR);
 
     std::vector<std::uint32_t> half;
-    if (options.quality == 2) {
+    if (options.quality == TextureQuality::Halved) {
         const std::uint32_t halfWidth = std::max(width / 2, 1u);
         const std::uint32_t halfHeight = std::max(height / 2, 1u);
         half.resize(std::size_t{halfWidth} * halfHeight);
@@ -50,7 +50,7 @@ void GLTextureDevice::Upload(std::uint32_t glName, const std::uint32_t* pixels, 
         height = halfHeight;
     }
     GLint internalFormat = GL_RGBA;
-    if (options.quality > 0) {
+    if (options.quality != TextureQuality::Full) {
         internalFormat = options.compression ? GL_COMPRESSED_RGBA_ARB : GL_RGBA4;
     }
     gluBuild2DMipmaps(GL_TEXTURE_2D, internalFormat, static_cast<GLsizei>(width),

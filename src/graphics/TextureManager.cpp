@@ -35,7 +35,7 @@ std::map<std::string, TextureRecord>& Records() {
 std::uint32_t generation = 0;
 std::uint32_t reloadCount = 0;
 TextureDevice* device = nullptr;
-int quality = 0;
+TextureQuality quality = TextureQuality::Full;
 int anisotropy = 1;
 int maxAnisotropy = 1;
 bool hasAnisotropy = false;
@@ -154,7 +154,7 @@ std::uint32_t Generation() {
 void Initialise() {
     DeleteAll();
     anisotropy = 1;
-    quality = 0;
+    quality = TextureQuality::Full;
     maxAnisotropy = device ? device->MaxAnisotropy() : 0;
     hasAnisotropy = maxAnisotropy > 0;
     maxAnisotropy = std::max(maxAnisotropy, 1);
@@ -242,18 +242,18 @@ bool HasAlpha(const std::string& name) {
     return found == Records().end() || found->second.hasAlpha;
 }
 
-void SetQuality(int value) {
-    if (value == quality || value < 0 || value > 2) {
+void SetQuality(TextureQuality value) {
+    if (value == quality) {
         return;
     }
     quality = value;
     if (hasCompression) {
-        device->SetCompressionHint(quality < 2);
+        device->SetCompressionHint(quality != TextureQuality::Halved);
     }
     ReloadAll();
 }
 
-int Quality() {
+TextureQuality Quality() {
     return quality;
 }
 

@@ -15,13 +15,16 @@
 
 #include "platform/ImageFile.h"
 
+/// What a texture keeps of its image: all of it, less of its colours, or half its size as well.
+enum class TextureQuality { Full, Compressed, Halved };
+
 /// Where pixels go, and the reader of image files that only programs with a screen link; the
 /// GL implementation is in graphics/TextureDeviceDraw.h.
 class TextureDevice {
 public:
     virtual ~TextureDevice() = default;
     struct Options {
-        int quality = 0;  ///< 0 full, 1 compressed, 2 compressed and half size
+        TextureQuality quality = TextureQuality::Full;
         bool compression = false;
         int anisotropy = 0;  ///< 0: there is no such filter
     };
@@ -73,8 +76,8 @@ std::uint32_t ReloadCount();
 /// Whether the image that the name shows now has an alpha channel or a colour key, unlike the
 /// copy in a handle. True for a name that nobody holds.
 bool HasAlpha(const std::string& name);
-void SetQuality(int value);  ///< 0, 1 or 2; others are ignored
-int Quality();
+void SetQuality(TextureQuality value);
+TextureQuality Quality();
 void SetAnisotropy(int value);
 int Anisotropy();
 

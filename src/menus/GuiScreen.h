@@ -1,8 +1,7 @@
 #pragma once
-// A full-screen page of widgets in a logical space of 800 by 600 units, letterboxed into the
-// client area. The screen turns window positions into logical ones, decides which widget has
-// the focus, passes events to that widget, and runs the widget's callbacks, at once or from
-// its pending queues.
+// A full-screen page of widgets (engine/Page.h), letterboxed into the client area. The screen turns
+// window positions into logical ones, decides which widget has the focus, passes events to that
+// widget, and runs the widget's callbacks, at once or from its pending queues.
 //
 // A screen is built once and shown many times; `Reset` begins each showing. The queues count
 // down in `OnPaint` only: those of a screen that isn't shown stand still, until the next

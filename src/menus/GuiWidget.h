@@ -1,5 +1,5 @@
 #pragma once
-// The base of everything on a screen: a rectangle in the logical space of 800 by 600 units,
+// The base of everything on a screen: a rectangle in the units of the page (engine/Page.h),
 // with a colour, and up to five callbacks that the screen runs after it has passed an event
 // to the widget.
 //

@@ -1,12 +1,9 @@
 #pragma once
-// How a page of 800 by 600 logical units lies in the client area. An area that is wider than
+// How a page (engine/Page.h) lies in the client area. An area that is wider than
 // high always fits the page's height, even if the page then overhangs its sides (5:4); one
 // that is higher than wide fits the page's width.
 
 struct LogicalSpace {
-    static constexpr float width = 800.0f;
-    static constexpr float height = 600.0f;
-
     float scale = 1.0f;    ///< pixels per logical unit
     float offsetX = 0.0f;  ///< of the page's top left corner, in pixels
     float offsetY = 0.0f;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "engine/Page.h"
 #include "menus/GuiLevelTimeDisplay.h"
 #include "menus/GuiScoreLabel.h"
 #include "menus/GuiWaterLevel.h"
@@ -74,8 +75,7 @@ void Menu_LevelFinished::AddPictures(MenuBuilder& builder) {
     const ConfigFile& own = builder.Own();
     background.SetImage(own.GetString("backgroundImage"));
     background.SetPosition(0, 0);
-    background.SetSize(static_cast<int>(LogicalSpace::width),
-                       static_cast<int>(LogicalSpace::height));
+    background.SetSize(static_cast<int>(Page::width), static_cast<int>(Page::height));
     background.SetSourceRect(own.GetFloat("backgroundImage_x"), own.GetFloat("backgroundImage_y"),
                              own.GetFloat("backgroundImage_w"), own.GetFloat("backgroundImage_h"));
     background.enabled = false;

@@ -10,7 +10,7 @@ bool GlfwWindow::State::ScreensHold(int width, int height) const {
     int count = 0;
     GLFWmonitor** const monitors = glfwGetMonitors(&count);
     Point first;
-    Point last{800, 600};  // the size of last resort opens on smaller screens, too
+    Point last{defaultWidth, defaultHeight};
     double scale = 1.0;
     for (int i = 0; i < count; ++i) {
         float x = 1.0f;

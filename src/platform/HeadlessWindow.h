@@ -116,13 +116,13 @@ private:
     bool inFullscreen = false;
     int clientLeft = border;
     int clientTop = border + caption;
-    int clientWidth = 800;
-    int clientHeight = 600;
+    int clientWidth = defaultWidth;
+    int clientHeight = defaultHeight;
     int screenWidth = 1280;
     int screenHeight = 1024;
     DisplayMode desktopMode{1280, 1024, 60};
     DisplayMode modeInForce{1280, 1024, 60};
-    std::vector<DisplayMode> modes{{800, 600, 60}, {1280, 1024, 60}};
+    std::vector<DisplayMode> modes{{defaultWidth, defaultHeight, 60}, {1280, 1024, 60}};
     unsigned samples = 1;
     unsigned offeredSamples = 1;
     unsigned givenSamples = 1;

@@ -26,10 +26,15 @@ struct DisplayMode {
     int refreshRate = 0;  ///< hertz
 };
 
+/// The client size that a window has unless told otherwise, and that is opened even on screens
+/// that are smaller.
+inline constexpr int defaultWidth = 800;
+inline constexpr int defaultHeight = 600;
+
 struct WindowSettings {
     std::string title;
-    int width = 800;  ///< client size
-    int height = 600;
+    int width = defaultWidth;  ///< client size
+    int height = defaultHeight;
     unsigned samples = 1;  ///< 1: no multisampling
     bool resizable = false;
 };
@@ -139,7 +144,7 @@ public:
     virtual char KeyToChar(int virtualKey) const = 0;
 };
 
-/// The window in force: a headless one of 800 by 600 unless another was set. It exists before
+/// The window in force: a headless one of the default size unless another was set. It exists before
 /// its platform window is created.
 Window& TheWindow();
 /// Sets the window, not owned; null goes back to the headless one.

@@ -171,12 +171,12 @@ TEST_F(GLWindowTest, WalksTowardsSixtyHertz) {
 TEST_F(GLWindowTest, GoesFullscreenOnlyInAModeThatThereIs) {
     GLWindow::SetFullscreen(true, 801, 600);
     EXPECT_FALSE(GLWindow::IsFullscreen());
-    GLWindow::SetCursorKind(0);
+    GLWindow::SetCursorKind(Platform::Cursor::Empty);
     GLWindow::SetFullscreen(true, 1280, 1024);
     EXPECT_TRUE(GLWindow::IsFullscreen());
     EXPECT_EQ(window.ViewportWidth(), 1280);
     EXPECT_EQ(window.CursorShown(), Platform::Cursor::Arrow);
-    EXPECT_EQ(GLWindow::GetCursorKind(), 0);
+    EXPECT_EQ(GLWindow::GetCursorKind(), Platform::Cursor::Empty);
     GLWindow::SetFullscreen(false, 640, 480);
     EXPECT_FALSE(GLWindow::IsFullscreen());
     EXPECT_EQ(GLWindow::ClientWidth(), 640);
@@ -203,12 +203,12 @@ TEST_F(GLWindowTest, ShowsTheArrowOutsideOfTheClientArea) {
         GLWindow::PumpMessages();
     };
     paintAt(window.ClientLeft() + 10, window.ClientTop() + 10);
-    GLWindow::SetCursorKind(0);
+    GLWindow::SetCursorKind(Platform::Cursor::Empty);
     paintAt(window.ClientLeft() + 20, window.ClientTop() + 10);
     EXPECT_EQ(window.CursorShown(), Platform::Cursor::Empty);
     paintAt(0, 0);
     EXPECT_EQ(window.CursorShown(), Platform::Cursor::Arrow);
-    EXPECT_EQ(GLWindow::GetCursorKind(), 1);
+    EXPECT_EQ(GLWindow::GetCursorKind(), Platform::Cursor::Arrow);
 }
 
 /// Windows with samples, as drivers may offer them.
@@ -216,7 +216,7 @@ class SampleTest : public GLWindowTest {
 protected:
     SampleTest() {
         GLWindow::SetTitle("Mine");
-        GLWindow::SetCursorKind(2);
+        GLWindow::SetCursorKind(Platform::Cursor::Cross);
         GLWindow::SetClientSize(640, 480);
         GLWindow::Move(50, 60);
         recorder.Take();

@@ -12,7 +12,8 @@ import numpy
 from PIL import Image
 
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
-TITLE = "Vantrel: Version 1.03"
+VERSION = "1.03"
+TITLE = f"Vantrel: Version {VERSION}"
 START = (400, 194)  # the main menu's start button, in menu units
 BUTTON_DELAY = 1.0  # seconds until a press has acted, for sure
 

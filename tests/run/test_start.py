@@ -11,7 +11,7 @@ import tempfile
 import time
 import unittest
 
-from game_driver import ROOT, TITLE, Driver
+from game_driver import ROOT, TITLE, VERSION, Driver
 
 SIM = sys.argv.pop(2)
 PROGRAM = sys.argv.pop(1)
@@ -31,7 +31,7 @@ class Start(unittest.TestCase):
     def test_answers_questions_in_the_middle_of_switches(self):
         run = subprocess.run([PROGRAM, "-DETAIL", "3", "--version", "-SOUND", "0"],
                              capture_output=True, text=True, check=True)
-        self.assertEqual(run.stdout, "Vantrel 1.03\n")
+        self.assertEqual(run.stdout, f"Vantrel {VERSION}\n")
 
     def test_runs_without_any_data(self):
         game = Driver(PROGRAM, settings={"empty/readme": ""}, data="empty", menu=True)

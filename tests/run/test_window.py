@@ -13,7 +13,7 @@ import unittest
 
 from PIL import Image
 
-from game_driver import Driver, wait_for, x
+from game_driver import VERSION, Driver, wait_for, x
 
 PROGRAM = sys.argv.pop(1)
 SPLASH = (255, 0, 255)
@@ -68,7 +68,7 @@ class WhileLoading(unittest.TestCase):
         x("windowactivate", game.window)
         wait_for(lambda: shown(game) == "IsViewable", "the game to come back")
         game.toggle_console()
-        game.command("Version", "1.03")
+        game.command("Version", VERSION)
         self.assertEqual(game.close(), 0)
 
 

@@ -15,6 +15,7 @@
 #include "MapReader.h"
 #include "Options.h"
 #include "Print.h"
+#include "engine/Version.h"
 #include "platform/Paths.h"
 
 namespace {
@@ -110,7 +111,7 @@ int main(int argc, char** argv) {
             return 0;
         }
         if (argument == "--version") {
-            std::puts("vantrel-level 1.03");
+            std::printf("vantrel-level %s\n", programVersion);
             return 0;
         }
     }

@@ -6,6 +6,7 @@
 
 #include "Options.h"
 #include "Trace.h"
+#include "engine/Version.h"
 #include "game/Game.h"
 #include "game/HeadlessGame.h"
 #include "game/Notice.h"
@@ -110,7 +111,7 @@ int main(int argc, char** argv) {
             return FinishOutput();
         }
         if (argument == "--version") {
-            std::puts("vantrel-sim 1.03");
+            std::printf("vantrel-sim %s\n", programVersion);
             return FinishOutput();
         }
     }

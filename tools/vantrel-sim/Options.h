@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/Window.h"
+
 /// From frame `frame` on, these arrow keys are held.
 struct KeyChange {
     std::uint32_t frame = 0;
@@ -19,8 +21,8 @@ struct Options {
     std::string recordFile;  ///< empty: none
     std::uint32_t frames = 0;
     std::uint32_t frameMs = 0;
-    int windowWidth = 800;  ///< a replay has its run's view
-    int windowHeight = 600;
+    int windowWidth = Platform::defaultWidth;  ///< a replay has its run's view
+    int windowHeight = Platform::defaultHeight;
     bool quiet = false;           ///< no trace, but a summary
     std::uint32_t every = 1;      ///< print every so many module steps; at least 1
     std::string dataRoot;         ///< empty: found as the game finds it

@@ -12,6 +12,7 @@
 #include "Options.h"
 #include "Search.h"
 #include "StuckSearch.h"
+#include "engine/Version.h"
 #include "game/RunFile.h"
 #include "platform/Paths.h"
 
@@ -112,7 +113,7 @@ int main(int argc, char** argv) {
             return 0;
         }
         if (argument == "--version") {
-            std::puts("vantrel-solve 1.03");
+            std::printf("vantrel-solve %s\n", programVersion);
             return 0;
         }
     }

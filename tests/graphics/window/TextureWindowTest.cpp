@@ -67,15 +67,15 @@ TEST_F(TextureWindowTest, QualityCompressesAndHalvesUnderTheSameName) {
     const std::uint32_t glName = texture.glName;
     EXPECT_EQ(LevelZero(texture, GL_TEXTURE_INTERNAL_FORMAT), GL_RGBA);
 
-    TextureManager::SetQuality(1);
+    TextureManager::SetQuality(TextureQuality::Compressed);
     EXPECT_EQ(LevelZero(texture, GL_TEXTURE_COMPRESSED_ARB), device.HasCompression() ? 1 : 0);
     ExpectQuarters(ReadTexture(texture), 32, 12);
 
-    TextureManager::SetQuality(2);
+    TextureManager::SetQuality(TextureQuality::Halved);
     EXPECT_EQ(LevelZero(texture, GL_TEXTURE_WIDTH), 16);
     ExpectQuarters(ReadTexture(texture), 16, 12);
 
-    TextureManager::SetQuality(0);
+    TextureManager::SetQuality(TextureQuality::Full);
     ExpectQuarters(ReadTexture(texture), 32, 0);
     EXPECT_EQ(texture.glName, glName);
 }
@@ -87,7 +87,7 @@ TEST_F(TextureWindowTest, StretchesOddSizesAndScalesTinyOnes) {
     EXPECT_EQ(LevelZero(texture, GL_TEXTURE_WIDTH), 128);
     EXPECT_EQ(LevelZero(texture, GL_TEXTURE_HEIGHT), 64);
     EXPECT_EQ(ReadTexture(texture), Pixels(128 * 64, 0xFFFF0000));
-    device.Upload(texture.glName, red.data(), 1, 1, {.quality = 2});
+    device.Upload(texture.glName, red.data(), 1, 1, {.quality = TextureQuality::Halved});
     EXPECT_EQ(LevelZero(texture, GL_TEXTURE_WIDTH), 1);
     device.Upload(texture.glName, red.data(), 0, 5, {});
     EXPECT_EQ(LevelZero(texture, GL_TEXTURE_WIDTH), 1);
