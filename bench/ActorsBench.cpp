@@ -61,9 +61,9 @@ void StepActors(benchmark::State& state) {
     AddWater(static_cast<int>(state.range(0)));
     const ParticleList water = ParticleManager::particles;
     for (auto _ : state) {
-        MoverManager::CollectVisible();
-        MoverManager::Step(dt);
-        TriggerManager::Step(dt);
+        MoverManager::CollectVisible(Camera::Look());
+        MoverManager::Step(Camera::Look(), dt);
+        TriggerManager::Step(Camera::Look(), dt);
         LevelObjectsManager::Step(dt);
         // The same water in each round, where it was.
         auto from = water.begin();
@@ -117,7 +117,7 @@ void PushLake(benchmark::State& state) {
         MoverManager::Reset();
         MoverManager::movers.front().state = Mover::GoingToEnd;
         LevelData::polygons.front().previousOffset = {};
-        MoverManager::Step(dt);
+        MoverManager::Step(Camera::Look(), dt);
         auto from = water.begin();
         for (Particle& particle : ParticleManager::particles) {
             particle = *from++;

@@ -89,7 +89,7 @@ void AtRest(benchmark::State& state) {
     AddBodies(particles, 0.0f);
     WaterWorld::Steps(warmUp, dt);
     for (auto _ : state) {
-        ParticleManager::Step(dt);
+        ParticleManager::Step(WaterWorld::view, dt);
     }
     Report(state, particles);
 }
@@ -109,7 +109,7 @@ void OneBody(benchmark::State& state) {
     }
     WaterWorld::Steps(warmUp, dt);
     for (auto _ : state) {
-        ParticleManager::Step(dt);
+        ParticleManager::Step(WaterWorld::view, dt);
     }
     Report(state, particles);
 }
@@ -127,7 +127,7 @@ void Falling(benchmark::State& state) {
             AddBodies(particles, 60.0f);
             state.ResumeTiming();
         }
-        ParticleManager::Step(dt);
+        ParticleManager::Step(WaterWorld::view, dt);
     }
     Report(state, particles);
 }
@@ -142,7 +142,7 @@ void FreezingAtOnce(benchmark::State& state) {
         ParticleManager::ClearAll();
         AddBodies(particles, 0.0f, -10.0f);
         state.ResumeTiming();
-        ParticleManager::Step(dt);
+        ParticleManager::Step(WaterWorld::view, dt);
     }
     Report(state, particles);
 }
@@ -165,7 +165,7 @@ void ManyGroups(benchmark::State& state) {
             {10.0f, 0.0f}, -10.0f);
     }
     for (auto _ : state) {
-        ParticleManager::Step(dt);
+        ParticleManager::Step(WaterWorld::view, dt);
     }
     Report(state, particles);
 }

@@ -2,8 +2,8 @@
 #
 # Makes the library NAME from the .cpp files of the current folder. Files that end in
 # "Draw.cpp", and those in DRAW_ALSO, include GL and go to a second library, NAME_draw, which
-# programs without a screen don't link. Rooms may call each other from their .cpp files, so
-# the libraries may link each other in a circle.
+# programs without a screen don't link. LINK names the rooms that the folder's files include, all
+# of them below it (src/CMakeLists.txt); the test `rooms` holds it to that.
 find_package(OpenGL REQUIRED)
 
 function(vantrel_room name)

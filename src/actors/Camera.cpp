@@ -7,7 +7,6 @@
 
 #include "engine/ConfigFile.h"
 #include "engine/Random.h"
-#include "game/Game.h"
 #include "graphics/GLWindow.h"
 #include "platform/VirtualKeys.h"
 #include "water/GroupedParticleMover.h"
@@ -264,29 +263,8 @@ void Shake() {
     }
 }
 
-Vector2 GravityDirection() {
-    Vector2 down{0.0f, 1.0f};
-    Rotate(down, angle * degreesToRadians);
-    return down;
-}
-
-ViewRectangle View() {
-    const float halfWidth = zoom * Game::ViewWidth() * 0.5f;
-    const float halfHeight = zoom * Game::ViewHeight() * 0.5f;
-    ViewRectangle view{
-        {{-halfWidth, -halfHeight},
-         {halfWidth, -halfHeight},
-         {halfWidth, halfHeight},
-         {-halfWidth, halfHeight}},
-        {{0.0f, 1.0f}, {-1.0f, 0.0f}, {0.0f, -1.0f}, {1.0f, 0.0f}},
-    };
-    const float radians = angle * degreesToRadians;
-    for (int i = 0; i < 4; ++i) {
-        Rotate(view.corner[i], radians);
-        Rotate(view.normal[i], radians);
-        view.corner[i] += position + shakeOffset;
-    }
-    return view;
+View Look(float width, float height) {
+    return {position + shakeOffset, angle, zoom, width, height};
 }
 
 }  // namespace Camera

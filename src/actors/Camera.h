@@ -1,11 +1,12 @@
 #pragma once
 // The camera is the game's steering wheel: the player's input turns it, and gravity turns
-// with it. It also follows the water, flies to it at a start, zooms and shakes. Readers take
-// position + shakeOffset wherever the view's centre is meant.
+// with it. It also follows the water, flies to it at a start, zooms and shakes. `Look` is what all
+// others see of it.
 
 #include <optional>
 
 #include "engine/Vector2.h"
+#include "level/View.h"
 
 namespace Camera {
 
@@ -29,27 +30,10 @@ float WantedTurn();
 /// Once per module step, with the uncapped `dt`. `turn` is what the player asks for; without it
 /// the camera keeps its angle.
 void Step(std::optional<float> turn, float dt);
-/// Loads the world transform (CameraDraw.cpp).
-void ApplyView();
+/// What a picture of that size shows, units at zoom 1.
+View Look(float width = 800.0f, float height = 600.0f);
+/// Loads the world transform of the view (CameraDraw.cpp).
+void ApplyView(const View& view);
 void Zoom();
 void Shake();
-/// (0, 1) turned by `angle`: where down is.
-Vector2 GravityDirection();
-
-/// The corners and inward normals of the view in world coordinates.
-struct ViewRectangle {
-    Vector2 corner[4];
-    Vector2 normal[4];
-    /// Whether the point is more than `margin` outside of any side.
-    bool IsOutside(Vector2 point, float margin) const {
-        for (int i = 0; i < 4; ++i) {
-            if (Dot(point - corner[i], normal[i]) < -margin) {
-                return true;
-            }
-        }
-        return false;
-    }
-};
-ViewRectangle View();
-
 }  // namespace Camera

@@ -11,7 +11,6 @@
 #include "actors/CheckPointTimesState.h"
 #include "engine/ConfigFile.h"
 #include "engine/Console.h"
-#include "game/LevelProgress.h"
 
 namespace CheckPointTimesManager {
 
@@ -70,9 +69,9 @@ void Write(std::array<char, 16>& text, const char* prefix, std::uint32_t time) {
 }
 
 /// The text of the present state, and the colour it goes in.
-Colour WriteText(std::array<char, 16>& text) {
+Colour WriteText(std::array<char, 16>& text, std::uint32_t time) {
     if (state == FadingInTime || state == FadingOutTime) {
-        Write(text, "", LevelProgress::ElapsedMs());
+        Write(text, "", time);
         return timeColour;
     }
     const auto difference = static_cast<std::int32_t>(newTime - previousTime);
@@ -122,12 +121,12 @@ void Reached(const Trigger& trigger, std::uint32_t time) {
     fadeTimer = fadeTime;
 }
 
-std::optional<Display> Current() {
+std::optional<Display> Current(std::uint32_t time) {
     if (!font || state == Hidden) {
         return std::nullopt;
     }
     Display display;
-    const Colour colour = WriteText(display.text);
+    const Colour colour = WriteText(display.text, time);
     display.red = colour.r;
     display.green = colour.g;
     display.blue = colour.b;

@@ -15,8 +15,9 @@ void Initialise();
 void Shutdown();
 /// The check point was passed at `time` milliseconds of level time.
 void Reached(const Trigger& trigger, std::uint32_t time);
-/// Once a frame; advances the fades too (CheckPointTimesManagerDraw.cpp).
-void Draw();
+/// Once a frame, at `time` milliseconds of level time; advances the fades too
+/// (CheckPointTimesManagerDraw.cpp).
+void Draw(std::uint32_t time);
 
 // What drawing is made of.
 
@@ -38,7 +39,7 @@ enum State {
 extern int state;
 
 /// None in state 0, and without a font.
-std::optional<Display> Current();
+std::optional<Display> Current(std::uint32_t time);
 /// Takes the seconds since the last call off the fade, and goes on to the next one.
 void AdvanceFade(float seconds);
 

@@ -9,9 +9,9 @@
 
 namespace CheckPointTimesManager {
 
-void Draw() {
+void Draw(std::uint32_t time) {
     frameTimer.Tick();
-    const std::optional<Display> display = Current();
+    const std::optional<Display> display = Current(time);
     if (!display) {
         return;
     }

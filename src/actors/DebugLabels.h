@@ -1,6 +1,6 @@
 #pragma once
 // The labels of a debug view, kept readable where many things stand close together: each has a
-// dark backing, and one that would cover another goes down until it finds room. Collect with
+// dark backing, and one that would cover another goes down until it finds room. Begin, collect with
 // Add, inside of a DebugDraw::State, then Draw once.
 
 #include <string>
@@ -8,12 +8,15 @@
 #include <vector>
 
 #include "engine/Vector2.h"
+#include "level/View.h"
 
 class DebugLabels {
 public:
     /// Height of a line of text and width of a character, world units.
     static constexpr float size = 8.0f;
 
+    /// Labels out of this view are left out from now on.
+    void Begin(const View& view) { rectangle = view.Rectangle(); }
     /// A white label with its top left at `at`, unless it is out of view.
     void Add(Vector2 at, std::string_view text);
     /// Draws all labels and forgets them.
@@ -25,6 +28,7 @@ private:
         Vector2 end;  // bottom right
         std::string text;
     };
+    ViewRectangle rectangle;
     std::vector<Label> labels;
     std::size_t used = 0;  // labels keep their storage from frame to frame
 };

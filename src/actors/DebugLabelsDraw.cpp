@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <span>
 
-#include "actors/Camera.h"
 #include "graphics/GLWindowDraw.h"
 
 namespace {
@@ -21,7 +20,7 @@ constexpr float outside = 300.0f;
 }  // namespace
 
 void DebugLabels::Add(Vector2 at, std::string_view text) {
-    if (Camera::View().IsOutside(at, outside)) {
+    if (rectangle.IsOutside(at, outside)) {
         return;
     }
     const Vector2 extent{size * static_cast<float>(text.size()), size};

@@ -29,7 +29,7 @@ void DelayedEffects::TakeDue(Line& line) {
     }
 }
 
-void DelayedEffects::Run(float dt) {
+void DelayedEffects::Run(float dt, TriggerEvents& events) {
     ++step;
     if (waiting == 0) {
         return;
@@ -45,7 +45,7 @@ void DelayedEffects::Run(float dt) {
     std::ranges::sort(due, {}, [](const Due& d) { return std::tuple(d.step, d.firing.order); });
     for (const Due& d : due) {
         for (std::uint32_t i = 0; i < d.firing.times; ++i) {
-            d.firing.trigger->effect({*d.firing.trigger, {}, d.dt});
+            d.firing.trigger->effect({*d.firing.trigger, {}, d.dt, events});
         }
     }
 }

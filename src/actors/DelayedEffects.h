@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "actors/Trigger.h"
+#include "actors/TriggerEvents.h"
 
 class DelayedEffects {
 public:
@@ -24,7 +25,7 @@ public:
 
     /// Ages what waits by a step of `dt` seconds, then has the effects whose time has come, in
     /// the order of their firing.
-    void Run(float dt);
+    void Run(float dt, TriggerEvents& events);
     /// Takes in what fired in a step of `dt` seconds, in ascending order. Beyond the limit of
     /// waiting effects firings are dropped, and the console says so, once.
     void Add(std::span<const Firing> fired, float dt);

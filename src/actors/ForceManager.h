@@ -7,6 +7,7 @@
 #include <deque>
 
 #include "engine/Vector2.h"
+#include "level/View.h"
 
 struct Force {
     std::uint8_t enabled = 1;  ///< force triggers skip it otherwise
@@ -30,6 +31,6 @@ void Shutdown();
 /// aren't finite count as 0.
 void Add(std::uint32_t id, float x, float y, float directionX, float directionY, float strength);
 /// Debug view (ForceManagerDraw.cpp).
-void Draw();
+void Draw(const View& view);
 
 }  // namespace ForceManager

@@ -33,11 +33,12 @@ void DrawForce(const Force& force) {
 
 }  // namespace
 
-void Draw() {
+void Draw(const View& view) {
     if (!forceDraw) {
         return;
     }
     const DebugDraw::State state;
+    labels.Begin(view);
     for (const Force& force : forces) {
         DrawForce(force);
     }

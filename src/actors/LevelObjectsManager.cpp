@@ -6,12 +6,10 @@
 #include <cmath>
 
 #include "actors/Camera.h"
-#include "actors/ViewSquare.h"
 #include "engine/ConfigFile.h"
 #include "engine/Console.h"
 #include "engine/ConsoleCommands.h"
 #include "engine/Text.h"
-#include "game/Game.h"
 #include "graphics/TextureManager.h"
 #include "platform/Assert.h"
 
@@ -182,13 +180,12 @@ void Step(float dt) {
     }
 }
 
-void PrepareDraw() {
+void PrepareDraw(const View& view) {
     if (!objectsDraw) {
         return;
     }
     EmptyQueues();
-    const ViewSquare square =
-        ViewSquare::Around(std::max(Game::ViewWidth(), Game::ViewHeight()) * 0.65f * Camera::zoom);
+    const ViewSquare square = view.Drawing();
     QueueVisible(objects, square);
     QueueVisible(animatedObjects, square);
     for (std::vector<QueuedObject>& queue : layerQueues) {

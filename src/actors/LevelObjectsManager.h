@@ -13,6 +13,7 @@
 
 #include "engine/Vector2.h"
 #include "graphics/Texture.h"
+#include "level/View.h"
 
 struct LevelObject {
     static constexpr std::uint32_t layerCount = 5;
@@ -69,10 +70,10 @@ void Reset();
 /// Advances animations; the last thing of a simulation step.
 void Step(float dt);
 /// Once a frame before the layers: queues what is enabled and in view.
-void PrepareDraw();
+void PrepareDraw(const View& view);
 /// Draws and empties the layer's queue (LevelObjectsManagerDraw.cpp).
 void DrawLayer(int layer);
 /// Debug view (LevelObjectsManagerDraw.cpp).
-void DrawIds();
+void DrawIds(const View& view);
 
 }  // namespace LevelObjectsManager

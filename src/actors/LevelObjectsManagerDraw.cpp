@@ -77,11 +77,12 @@ void DrawLayer(int layer) {
     queue.clear();
 }
 
-void DrawIds() {
+void DrawIds(const View& view) {
     if (!objectsDrawIds) {
         return;
     }
     const DebugDraw::State state;
+    labels.Begin(view);
     AddLabels(objects);
     AddLabels(animatedObjects);
     labels.Draw();

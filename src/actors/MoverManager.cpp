@@ -10,10 +10,8 @@
 #include "actors/IdIndex.h"
 #include "actors/LevelObjectsManager.h"
 #include "actors/MoverPush.h"
-#include "actors/ViewSquare.h"
 #include "engine/Console.h"
 #include "engine/ConsoleCommands.h"
-#include "game/Game.h"
 #include "level/Collision.h"
 #include "level/LevelData.h"
 #include "platform/Assert.h"
@@ -180,10 +178,9 @@ void Reset() {
     }
 }
 
-void CollectVisible() {
+void CollectVisible(const View& view) {
+    const ViewSquare square = view.Colliding();
     nearEdges.clear();
-    const float widest = std::max(Game::ViewWidth(), Game::ViewHeight());
-    const ViewSquare square = ViewSquare::Around(widest * 0.7f * Camera::zoom);
     for (const MoverCollider& collider : colliders) {
         const Vector2 offset = collider.polygon->offset;
         if (!collider.polygon->solid ||
@@ -203,13 +200,13 @@ void CollectVisible() {
     }
 }
 
-void Step(float dt) {
+void Step(const View& view, float dt) {
     VANTREL_ASSERT(dt >= 0.0f);
     for (Mover& mover : movers) {
         mover.Advance(dt);
     }
     MoveCarried();
-    MoverPush::PushWater(colliders, dt);
+    MoverPush::PushWater(colliders, view.Pushing(), dt);
 }
 
 }  // namespace MoverManager

@@ -12,6 +12,7 @@
 
 #include "actors/Mover.h"
 #include "level/BspSegment.h"
+#include "level/View.h"
 
 struct MoverCollider {
     LevelPolygon* polygon = nullptr;
@@ -41,10 +42,10 @@ void Add(const Mover& mover);
 /// Level restart: all movers stopped at their start, debug views off.
 void Reset();
 /// First thing of a simulation step: refills `nearEdges` from where the polygons stand.
-void CollectVisible();
+void CollectVisible(const View& view);
 /// Advances the movers, moves what they carry, and pushes the water; `dt` in seconds.
-void Step(float dt);
+void Step(const View& view, float dt);
 /// Debug views (MoverManagerDraw.cpp).
-void Draw();
+void Draw(const View& view);
 
 }  // namespace MoverManager

@@ -17,7 +17,8 @@ constexpr DebugDraw::Colour white{1.0f, 1.0f, 1.0f};
 constexpr DebugDraw::Colour green{0.0f, 1.0f, 0.0f};
 constexpr DebugDraw::Colour red{1.0f, 0.0f, 0.0f};
 
-void DrawMovers() {
+void DrawMovers(const View& view) {
+    labels.Begin(view);
     for (const Mover& mover : movers) {
         DebugDraw::Line(mover.start, mover.end, white);
         DebugDraw::Point(mover.start, green, 3.0f);
@@ -46,7 +47,7 @@ void DrawCollider(const MoverCollider& collider) {
 
 }  // namespace
 
-void Draw() {
+void Draw(const View& view) {
     if (!moverDraw && !dynamicNodeDraw) {
         return;
     }
@@ -57,7 +58,7 @@ void Draw() {
         }
     }
     if (moverDraw) {
-        DrawMovers();
+        DrawMovers(view);
     }
 }
 

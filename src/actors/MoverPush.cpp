@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "actors/MoverManager.h"
-#include "actors/ViewSquare.h"
 #include "level/Collision.h"
 #include "level/LevelPolygon.h"
 #include "water/GroupedParticleMover.h"
@@ -256,8 +255,7 @@ void CollectWater() {
 
 }  // namespace
 
-void PushWater(std::deque<MoverCollider>& colliders, float dt) {
-    const ViewSquare square = ViewSquare::Around(800.0f * 0.65f * Camera::zoom);
+void PushWater(std::deque<MoverCollider>& colliders, const ViewSquare& square, float dt) {
     bool collected = false;
     for (const MoverCollider& collider : colliders) {
         LevelPolygon& polygon = *collider.polygon;

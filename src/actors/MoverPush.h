@@ -5,6 +5,8 @@
 
 #include <deque>
 
+#include "level/View.h"
+
 struct MoverCollider;
 
 namespace MoverPush {
@@ -14,8 +16,8 @@ constexpr float longestPart = 1.7f;
 /// A move of more parts than this in one step, 1.7 million units, is a jump: it pushes nothing.
 constexpr int mostParts = 1 << 20;
 
-/// Pushes the water with every solid collider near the camera that moved since the last call,
+/// Pushes the water with every solid collider in the square that moved since the last call,
 /// then notes where all colliders are. `dt` in seconds.
-void PushWater(std::deque<MoverCollider>& colliders, float dt);
+void PushWater(std::deque<MoverCollider>& colliders, const ViewSquare& square, float dt);
 
 }  // namespace MoverPush

@@ -12,6 +12,7 @@
 
 #include "audio/Sound.h"
 #include "engine/Vector2.h"
+#include "level/View.h"
 
 struct SoundSource {
     float x = 0.0f;
@@ -46,6 +47,6 @@ void Stop(std::uint32_t id);
 /// Silences all sources; looping ones come back in the next step that lets them.
 void StopAll();
 /// Debug view (SoundSourceManagerDraw.cpp).
-void Draw();
+void Draw(const View& view);
 
 }  // namespace SoundSourceManager

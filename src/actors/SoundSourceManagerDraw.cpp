@@ -25,11 +25,12 @@ void DrawSource(const SoundSource& source) {
 
 }  // namespace
 
-void Draw() {
+void Draw(const View& view) {
     if (!soundSourceDraw) {
         return;
     }
     const DebugDraw::State state;
+    labels.Begin(view);
     for (const SourceMap* const sources : {&loopingSources, &oneShotSources}) {
         for (const auto& [id, list] : *sources) {
             for (const SoundSource& source : list) {

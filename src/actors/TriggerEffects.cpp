@@ -6,13 +6,11 @@
 #include <cmath>
 
 #include "actors/Camera.h"
-#include "actors/CheckPointTimesManager.h"
 #include "actors/ForceManager.h"
 #include "actors/LevelObjectsManager.h"
 #include "actors/Mover.h"
 #include "actors/SoundSourceManager.h"
 #include "engine/Random.h"
-#include "game/LevelProgress.h"
 #include "level/LevelData.h"
 #include "water/FxParticleManager.h"
 #include "water/GroupedParticleMover.h"
@@ -201,14 +199,11 @@ void KillAtRandom(const TriggerFiring& firing) {
 
 void EndLevel(const TriggerFiring& firing) {
     const ParticleGroup* const group = firing.water.group;
-    LevelProgress::AddWaterAtFinish(
-        static_cast<std::uint32_t>(group ? group->particles.size() : 1));
+    firing.events.waterInFinish += static_cast<std::uint32_t>(group ? group->particles.size() : 1);
 }
 
 void ReachCheckPoint(const TriggerFiring& firing) {
-    const Vector2 centre = firing.trigger.Centre();
-    LevelProgress::SetRespawn(centre.x, centre.y);
-    CheckPointTimesManager::Reached(firing.trigger, LevelProgress::ElapsedMs());
+    firing.events.checkPoints.push_back(&firing.trigger);
 }
 
 struct Row {

@@ -2,6 +2,7 @@
 // What triggers do: one function a type of level/TriggerTypes.h.
 
 #include "actors/Trigger.h"
+#include "actors/TriggerEvents.h"
 #include "water/WaterHit.h"
 
 /// One firing of a trigger.
@@ -9,6 +10,7 @@ struct TriggerFiring {
     Trigger& trigger;
     WaterHit water;   ///< what fired it; nothing if the effect was delayed
     float dt = 0.0f;  ///< seconds, of the step of firing
+    TriggerEvents& events;
 };
 
 namespace TriggerEffects {

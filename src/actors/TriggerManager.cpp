@@ -13,10 +13,8 @@
 #include "actors/LevelObjectsManager.h"
 #include "actors/MoverManager.h"
 #include "actors/TriggerEffects.h"
-#include "actors/ViewSquare.h"
 #include "engine/Console.h"
 #include "engine/ConsoleCommands.h"
-#include "game/Game.h"
 #include "level/LevelData.h"
 #include "platform/Assert.h"
 #include "water/FxParticleManager.h"
@@ -40,6 +38,7 @@ IdIndex<Emitter> emitterIndex;
 DelayedEffects delayedEffects;
 std::vector<DelayedEffects::Firing> fired;  // those of this step
 std::uint32_t delayedFirings = 0;           // in this step so far
+TriggerEvents events;                       // of the last step
 
 /// A trigger that is tested in this step, with the box outside of which it contains nothing.
 struct Candidate {
@@ -65,9 +64,8 @@ void Bind(Trigger& trigger) {
     trigger.emitters = emitterIndex.Bind(FxParticleManager::emitters, id);
 }
 
-void CollectCandidates(float dt) {
+void CollectCandidates(const ViewSquare& square, float dt) {
     candidates.clear();
-    const ViewSquare square = ViewSquare::Around(ActiveHalfSize());
     for (Trigger& trigger : triggers) {
         if (trigger.IsSpent() ||
             !square.Overlaps(trigger.minX, trigger.maxX, trigger.minY, trigger.maxY)) {
@@ -88,7 +86,7 @@ void Fire(Candidate& candidate, WaterHit water, float dt) {
     ++trigger.fireCount;
     trigger.cooldown = trigger.typeInfo->repeatDelay;
     if (!(trigger.delay > 0.0f)) {
-        trigger.effect({trigger, water, dt});
+        trigger.effect({trigger, water, dt, events});
         return;
     }
     candidate.last = delayedFirings++;
@@ -173,6 +171,7 @@ void Shutdown() {
     triggers.clear();
     delayedEffects.Clear();
     candidates.clear();
+    events.Clear();
     objectIndex.Clear();
     animatedObjectIndex.Clear();
     forceIndex.Clear();
@@ -202,12 +201,13 @@ void Reset() {
     }
 }
 
-void Step(float dt) {
+const TriggerEvents& Step(const View& view, float dt) {
     VANTREL_ASSERT(dt >= 0.0f);
-    delayedEffects.Run(dt);
-    CollectCandidates(dt);
+    events.Clear();
+    delayedEffects.Run(dt, events);
+    CollectCandidates(view.Triggering(), dt);
     if (candidates.empty()) {
-        return;
+        return events;
     }
     for (Particle& particle : ParticleManager::particles) {
         Test({.particle = &particle}, dt);
@@ -216,14 +216,11 @@ void Step(float dt) {
         Test({.group = &group}, dt);
     }
     DelayFired(dt);
+    return events;
 }
 
 std::size_t DelayedCount() {
     return delayedEffects.Count();
-}
-
-float ActiveHalfSize() {
-    return 0.55f * std::max(Game::ViewWidth(), Game::ViewHeight());
 }
 
 }  // namespace TriggerManager

@@ -10,6 +10,8 @@
 #include <deque>
 
 #include "actors/Trigger.h"
+#include "actors/TriggerEvents.h"
+#include "level/View.h"
 
 namespace TriggerManager {
 
@@ -26,12 +28,11 @@ void Add(int type, std::uint32_t targetId, float delay, Vector2 corner0, Vector2
          Vector2 corner2, Vector2 corner3);
 /// Level restart: drops delayed effects and lets spent triggers fire again.
 void Reset();
-void Step(float dt);
+/// What happened that others decide on; valid until the next step.
+const TriggerEvents& Step(const View& view, float dt);
 /// Entries of effects that wait for their time: two at most for a trigger and a step.
 std::size_t DelayedCount();
-/// Half the side of the square round the camera in which triggers react; zoom doesn't widen it.
-float ActiveHalfSize();
 /// Debug view (TriggerManagerDraw.cpp).
-void Draw();
+void Draw(const View& view);
 
 }  // namespace TriggerManager

@@ -4,7 +4,6 @@
 
 #include "actors/DebugLabels.h"
 #include "actors/TriggerManager.h"
-#include "actors/ViewSquare.h"
 #include "graphics/GLWindowDraw.h"
 
 namespace TriggerManager {
@@ -39,12 +38,13 @@ void DrawTrigger(const Trigger& trigger, const ViewSquare& square) {
 
 }  // namespace
 
-void Draw() {
+void Draw(const View& view) {
     if (!triggerDraw) {
         return;
     }
     const DebugDraw::State state;
-    const ViewSquare square = ViewSquare::Around(ActiveHalfSize());
+    labels.Begin(view);
+    const ViewSquare square = view.Triggering();
     for (const Trigger& trigger : triggers) {
         DrawTrigger(trigger, square);
     }

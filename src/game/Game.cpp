@@ -167,11 +167,12 @@ void Simulate(float dt) {
     if (dt > longestSimulationStep) {
         dt = longestSimulationStep;
     }
-    MoverManager::CollectVisible();
-    MoverManager::Step(dt);
-    FxParticleManager::Step(dt);
-    ParticleManager::Step(dt);
-    TriggerManager::Step(dt);
+    const View view = Game::CurrentView();
+    MoverManager::CollectVisible(view);
+    MoverManager::Step(view, dt);
+    FxParticleManager::Step(view, dt);
+    ParticleManager::Step(view, dt);
+    LevelProgress::Take(TriggerManager::Step(view, dt));
     LevelObjectsManager::Step(dt);
     if (gameState.simulationCost.Add(begin, Platform::TheClock().Counter()) &&
         gameState.showSimSpeeds) {
@@ -370,6 +371,11 @@ float Game::ViewWidth() {
 
 float Game::ViewHeight() {
     return LogicalView().height;
+}
+
+View Game::CurrentView() {
+    const ViewSize size = LogicalView();
+    return Camera::Look(size.width, size.height);
 }
 
 const std::string& Game::MapName() {

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "graphics/GLWindowEventListener.h"
+#include "level/View.h"
 
 struct RunStep;
 
@@ -43,6 +44,8 @@ public:
     /// The logical view in world units at zoom 1: 600 high or 800 wide, fitted to the window.
     static float ViewWidth();
     static float ViewHeight();
+    /// What the camera shows now; steps and draws get it handed down.
+    static View CurrentView();
 
     /// Name of the loaded level; empty without one.
     static const std::string& MapName();

@@ -6,6 +6,8 @@
 #include "engine/Version.h"
 #include "game/Game.h"
 #include "game/GameState.h"
+#include "level/Limits.h"
+#include "water/ParticleManager.h"
 
 namespace {
 
@@ -25,6 +27,20 @@ bool PauseCommand(bool value, bool isSet) {
     return gameState.paused;
 }
 
+void CreateInView(float x, float y, float radius, std::int32_t amount) {
+    if (amount < 1) {
+        Console::Print("\nInvalid number of particles to make");
+        return;
+    }
+    if (ParticleManager::AllWater() + static_cast<std::size_t>(amount) > Limits::water) {
+        Console::Print("\nToo many particles to make. The most in a level is ");
+        Console::PrintUnsigned(Limits::water);
+        return;
+    }
+    ParticleManager::CreateParticles(x, y, radius, static_cast<std::uint32_t>(amount));
+    Camera::position = {x, y};
+}
+
 void MapCommand(std::string name) {
     if (!name.empty()) {
         Game::RequestMap(name);
@@ -41,6 +57,11 @@ const Console::CommandTable commands{
     {"ShowSimSpeeds", Flag<&GameState::showSimSpeeds>,
      "Prints what the simulation costs, in clock tics."},
     {"FreeCamera", Flag<&GameState::freeCamera>, "Looks around with the arrow and page keys."},
+    {"ParticleCreate", Console::Words<CreateInView>,
+     "Adds water within a radius of a point, up to 20000 drops in the level, and takes the "
+     "camera there.",
+     "\nUsage: ParticleCreate < x : number > < y : number > < radius : number > "
+     "< amount : integer number > "},
     {"ZoomCamera", Camera::Zoom, "Lets the camera zoom as if the level asked for it."},
     {"ShakeCamera", Camera::Shake, "Lets the camera shake as if the level asked for it."},
     {"Restart", Game::RequestRestart, "Starts the level again."},

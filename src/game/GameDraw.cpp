@@ -43,12 +43,10 @@ void BeginFrame() {
     glDisable(GL_DEPTH_TEST);
 }
 
-void ApplyFreeCamera() {
-    const float width = Game::ViewWidth();
-    const float height = Game::ViewHeight();
-    glScalef(static_cast<float>(GLWindow::ClientWidth()) / width,
-             static_cast<float>(GLWindow::ClientHeight()) / height, 0.0f);
-    glTranslatef(width * 0.5f, height * 0.5f, 0.0f);
+void ApplyFreeCamera(const View& view) {
+    glScalef(static_cast<float>(GLWindow::ClientWidth()) / view.width,
+             static_cast<float>(GLWindow::ClientHeight()) / view.height, 0.0f);
+    glTranslatef(view.width * 0.5f, view.height * 0.5f, 0.0f);
     glScalef(gameState.freeCameraZoom, gameState.freeCameraZoom, 0.0f);
     glTranslatef(-gameState.freeCameraX, -gameState.freeCameraY, 0.0f);
 }
@@ -68,21 +66,21 @@ void DrawLayer(int layer, void (*drawStatic)()) {
 }
 
 /// Each draws only while its own console flag is on.
-void DrawDebugViews() {
+void DrawDebugViews(const View& view) {
     LevelData::Draw();
-    ForceManager::Draw();
+    ForceManager::Draw(view);
     GroupedParticleMover::Draw();
-    TriggerManager::Draw();
-    LevelObjectsManager::DrawIds();
+    TriggerManager::Draw(view);
+    LevelObjectsManager::DrawIds(view);
     FxParticleManager::DrawEmitters();
-    SoundSourceManager::Draw();
-    MoverManager::Draw();
+    SoundSourceManager::Draw(view);
+    MoverManager::Draw(view);
 }
 
-void DrawWorld() {
+void DrawWorld(const View& view) {
     SetWorldState();
-    LevelObjectsManager::PrepareDraw();
-    DynamicPolygonRenderer::PrepareDraw();
+    LevelObjectsManager::PrepareDraw(view);
+    DynamicPolygonRenderer::PrepareDraw(view);
     DrawLayer(0, LevelGeometryRenderer::DrawLayer0);
     DrawLayer(1, LevelGeometryRenderer::DrawLayer1);
     ParticleRenderer::Draw();
@@ -92,11 +90,11 @@ void DrawWorld() {
     DrawLayer(4, LevelGeometryRenderer::DrawLayer4);
 
     FxParticleManager::Draw();
-    DrawDebugViews();
+    DrawDebugViews(view);
 }
 
 /// Where the game's own camera looks while the free camera is on.
-void DrawFreeCameraOverlay() {
+void DrawFreeCameraOverlay(const View& shown) {
     const Vector2 at{gameState.freeCameraX, gameState.freeCameraY};
     const float arm = 4.0f / gameState.freeCameraZoom;
     {
@@ -105,7 +103,7 @@ void DrawFreeCameraOverlay() {
         constexpr DebugDraw::Colour green{0.0f, 1.0f, 0.0f};
         DebugDraw::Line(at - Vector2{arm, 0.0f}, at + Vector2{arm, 0.0f}, white);
         DebugDraw::Line(at - Vector2{0.0f, arm}, at + Vector2{0.0f, arm}, white);
-        const Camera::ViewRectangle view = Camera::View();
+        const ViewRectangle view = shown.Rectangle();
         for (int i = 0; i < 4; ++i) {
             DebugDraw::Line(view.corner[i], view.corner[(i + 1) % 4], green);
         }
@@ -191,23 +189,24 @@ void GamePresentation::ReleaseWater() {
 void GamePresentation::DrawFrame() {
     const std::uint64_t begin = Platform::TheClock().Counter();
     BeginFrame();
+    const View view = Game::CurrentView();
     if (gameState.freeCamera) {
-        ApplyFreeCamera();
+        ApplyFreeCamera(view);
     } else {
-        Camera::ApplyView();
+        Camera::ApplyView(view);
     }
     const bool finished = LevelProgress::IsFinished();
     if (!finished) {
-        DrawWorld();
+        DrawWorld(view);
     }
     if (gameState.freeCamera && !finished) {
-        DrawFreeCameraOverlay();
+        DrawFreeCameraOverlay(view);
     }
     LevelProgress::Draw();
     if (gameState.paused && !gameState.freeCamera && gameState.font) {
         DrawPausedText();
     }
-    CheckPointTimesManager::Draw();
+    CheckPointTimesManager::Draw(LevelProgress::ElapsedMs());
     DrawMenu();
     PrintDrawingCost(begin);
     if (gameState.consoleOpen) {

@@ -6,7 +6,9 @@
 #include <memory>
 
 #include "actors/Camera.h"
+#include "actors/CheckPointTimesManager.h"
 #include "actors/SoundSourceManager.h"
+#include "actors/Trigger.h"
 #include "audio/IceSounds.h"
 #include "audio/MusicPlayer.h"
 #include "audio/Sound.h"
@@ -158,6 +160,15 @@ void Shutdown() {
     waterInFinish = 0;
 }
 
+void Take(const TriggerEvents& events) {
+    waterInFinish += events.waterInFinish;
+    for (const Trigger* const checkPoint : events.checkPoints) {
+        const Vector2 centre = checkPoint->Centre();
+        SetRespawn(centre.x, centre.y);
+        CheckPointTimesManager::Reached(*checkPoint, ElapsedMs());
+    }
+}
+
 void Step(float dt) {
     VANTREL_ASSERT(dt > 0.0f);
     if (!finishing) {
@@ -192,10 +203,6 @@ bool IsFinishing() {
     return finishing;
 }
 
-void AddWaterAtFinish(std::uint32_t count) {
-    waterInFinish += count;
-}
-
 void SetRespawn(float x, float y) {
     respawnX = x;
     respawnY = y;
@@ -206,11 +213,7 @@ void SetRespawn(float x, float y) {
 }
 
 std::uint32_t WaterAtFinish() {
-    std::size_t count = ParticleManager::particles.size();
-    for (const ParticleGroup& group : GroupedParticleMover::groups) {
-        count += group.particles.size();
-    }
-    return static_cast<std::uint32_t>(count);
+    return static_cast<std::uint32_t>(ParticleManager::AllWater());
 }
 
 std::uint32_t ElapsedMs() {

@@ -5,6 +5,8 @@
 
 #include <cstdint>
 
+#include "actors/TriggerEvents.h"
+
 class GuiAnimatedButton;
 
 namespace LevelProgress {
@@ -12,6 +14,8 @@ namespace LevelProgress {
 /// At a level's start and restart: reads cfg\game.cfg and goes back to the first state.
 void Initialise();
 void Shutdown();
+/// What the triggers of this step told of; before Step.
+void Take(const TriggerEvents& events);
 /// Once per module step while the level is played; `dt` in seconds, uncapped.
 void Step(float dt);
 /// Whether the level's time is the sum of its steps, and not the clock's; off at first.
@@ -22,8 +26,6 @@ void SkipTime();
 bool IsFinished();
 /// The finish was reached; true from then on.
 bool IsFinishing();
-/// Counts water that stands in the finish during this step.
-void AddWaterAtFinish(std::uint32_t count);
 /// Lost water comes back here from now on, as much of it as there is now; if all of it is lost
 /// just now, as much as before.
 void SetRespawn(float x, float y);

@@ -6,9 +6,7 @@
 #include <array>
 #include <vector>
 
-#include "actors/Camera.h"
 #include "engine/Console.h"
-#include "game/Game.h"
 #include "level/LevelData.h"
 #include "platform/Assert.h"
 
@@ -47,12 +45,10 @@ DynamicPolygon WithBox(const LevelPolygon& polygon) {
     return {&polygon, *minX, *maxX, *minY, *maxY};
 }
 
-bool IsInSquare(const DynamicPolygon& entry, Vector2 centre, float halfSize) {
+bool IsInSquare(const DynamicPolygon& entry, const ViewSquare& square) {
     const Vector2 offset = entry.polygon->offset;
-    return entry.minX + offset.x <= centre.x + halfSize &&
-           entry.maxX + offset.x >= centre.x - halfSize &&
-           entry.minY + offset.y <= centre.y + halfSize &&
-           entry.maxY + offset.y >= centre.y - halfSize;
+    return square.Overlaps(entry.minX + offset.x, entry.maxX + offset.x, entry.minY + offset.y,
+                           entry.maxY + offset.y);
 }
 
 void ClearQueues() {
@@ -82,14 +78,12 @@ void Shutdown() {
     ClearQueues();
 }
 
-void PrepareDraw() {
+void PrepareDraw(const View& view) {
+    const ViewSquare square = view.Drawing();
     ClearQueues();
-    const Vector2 centre = Camera::position + Camera::shakeOffset;
-    const float halfSize = std::max(Game::ViewWidth(), Game::ViewHeight()) * 0.65f * Camera::zoom;
     for (const DynamicPolygon& entry : polygons) {
         const LevelPolygon& polygon = *entry.polygon;
-        if (polygon.enabled == 0 || polygon.layer >= layerCount ||
-            !IsInSquare(entry, centre, halfSize)) {
+        if (polygon.enabled == 0 || polygon.layer >= layerCount || !IsInSquare(entry, square)) {
             continue;
         }
         auto& queue = layerQueues[polygon.layer];

@@ -5,6 +5,7 @@
 #include <cstddef>
 
 #include "level/LevelPolygon.h"
+#include "level/View.h"
 
 namespace DynamicPolygonRenderer {
 
@@ -12,7 +13,7 @@ namespace DynamicPolygonRenderer {
 void Initialise();
 void Shutdown();
 /// Once a frame before the layers: queues what is enabled and in view.
-void PrepareDraw();
+void PrepareDraw(const View& view);
 /// Draws and empties the layer's queue.
 void DrawLayer(int layer);
 

@@ -5,11 +5,8 @@
 #include <algorithm>
 #include <iterator>
 
-#include "actors/Camera.h"
-#include "actors/ViewSquare.h"
 #include "engine/Console.h"
 #include "engine/ConsoleCommands.h"
-#include "game/Game.h"
 #include "level/Limits.h"
 #include "platform/Assert.h"
 #include "water/ParticleManager.h"
@@ -46,12 +43,10 @@ const Console::CommandTable commands{
     {"FxParticleCount", Console::Count<particles>, "How many effect particles are in flight."},
 };
 
-void StepEmitters(float dt) {
-    const ViewSquare view =
-        ViewSquare::Around(std::max(Game::ViewWidth(), Game::ViewHeight()) * 0.5f * Camera::zoom);
+void StepEmitters(const ViewSquare& square, float dt) {
     for (Emitter& emitter : emitters) {
         const Vector2 at = emitter.position;
-        if (!emitter.running || !view.Overlaps(at.x, at.x, at.y, at.y)) {
+        if (!emitter.running || !square.Overlaps(at.x, at.x, at.y, at.y)) {
             continue;
         }
         VANTREL_ASSERT(emitter.frequency >= 0.001f);
@@ -63,9 +58,9 @@ void StepEmitters(float dt) {
     }
 }
 
-void StepParticles(float dt) {
+void StepParticles(Vector2 down, float dt) {
     // What gravity adds in this step, before the step's length comes in a second time below.
-    const Vector2 pull = Camera::GravityDirection() * ParticleManager::gravity * dt;
+    const Vector2 pull = down * ParticleManager::gravity * dt;
     for (auto particle = particles.begin(); particle != particles.end();) {
         const auto here = particle++;
         here->timeLeft -= dt;
@@ -127,10 +122,10 @@ void ClearParticles() {
     spare.splice(spare.end(), particles);
 }
 
-void Step(float dt) {
+void Step(const View& view, float dt) {
     VANTREL_ASSERT(dt >= 0.0f);
-    StepEmitters(dt);
-    StepParticles(dt);
+    StepEmitters(view.Emitting(), dt);
+    StepParticles(view.Down(), dt);
 }
 
 }  // namespace FxParticleManager

@@ -11,6 +11,7 @@
 
 #include "engine/Vector2.h"
 #include "graphics/Texture.h"
+#include "level/View.h"
 
 struct FxColour {
     float r = 1.0f, g = 1.0f, b = 1.0f, a = 1.0f;
@@ -77,7 +78,7 @@ void AddParticle(const FxParticle& particle);
 bool HasRoom();
 /// Level restart: emitters stay.
 void ClearParticles();
-void Step(float dt);
+void Step(const View& view, float dt);
 /// All particles (FxParticleManagerDraw.cpp).
 void Draw();
 /// Debug view: place, direction, cone and id of each emitter (FxParticleManagerDraw.cpp).

@@ -31,8 +31,8 @@ float iceGravityStrenght = 0.0f;          // factor on the gravity of groups
 constexpr float hopShare = 0.75f;
 /// What one step does to all groups.
 struct GroupStep {
-    explicit GroupStep(float dt)
-        : water(dt),
+    GroupStep(const View& view, float dt)
+        : water(view, dt),
           gravity(water.gravity * iceGravityStrenght),
           memberShare(std::pow(particleGroupInterpolation, dt)),
           radiusShare(std::pow(groupExpandSpeed, dt)) {}
@@ -108,7 +108,7 @@ void MoveMembers(ParticleGroup& group, Vector2 delta, float share) {
 /// False if the group is to go, with its members.
 bool StepGroup(ParticleGroup& group, const GroupStep& step, float dt) {
     group.hitThisStep = 0;
-    if (step.water.view.IsOutside(group.position, group.radius + viewMargin) ||
+    if (step.water.rectangle.IsOutside(group.position, group.radius + viewMargin) ||
         IsBeyondReason(group.position, group.velocity, group.pushVelocity, group.temperature)) {
         return false;
     }
@@ -170,12 +170,12 @@ void Freeze(ParticleList& particles) {
     freezer.Run(particles, groups);
 }
 
-void Step(float dt, ParticleList& particles) {
+void Step(const View& view, float dt, ParticleList& particles) {
     VANTREL_ASSERT(dt >= 0.0f);
     if (groups.empty()) {
         return;
     }
-    const GroupStep step(dt);
+    const GroupStep step(view, dt);
     for (auto group = groups.begin(); group != groups.end();) {
         bool stays = StepGroup(*group, step, dt);
         if (stays && !(group->temperature <= 0.0f && !group->particles.empty())) {

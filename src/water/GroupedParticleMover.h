@@ -1,6 +1,7 @@
 #pragma once
 // Ice: frozen particles move as rigid circles that fall, slide, merge and thaw.
 
+#include "level/View.h"
 #include "water/Particle.h"
 
 namespace GroupedParticleMover {
@@ -13,7 +14,7 @@ void Shutdown();
 /// Particles at or below 0 degrees start groups and take their neighbours with them.
 void Freeze(ParticleList& particles);
 /// Moves, thaws and merges the groups; thawed members go to the front of `particles`.
-void Step(float dt, ParticleList& particles);
+void Step(const View& view, float dt, ParticleList& particles);
 void KillGroup(ParticleGroup& group);
 /// Debug view (GroupedParticleMoverDraw.cpp).
 void Draw();

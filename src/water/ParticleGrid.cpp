@@ -4,7 +4,6 @@
 #include <cmath>
 #include <vector>
 
-#include "actors/Camera.h"
 #include "platform/Assert.h"
 
 namespace ParticleGrid {
@@ -16,9 +15,7 @@ namespace {
 /// Every cell whose chain isn't empty is in here; some may be empty or in here twice.
 std::vector<std::uint32_t> usedCells;
 
-Vector2 Corner() {
-    return Camera::position + Camera::shakeOffset - Vector2{cornerOffset, cornerOffset};
-}
+Vector2 corner;  // since FillFrom
 
 /// Cell along one axis, from the distance to the corner; 1024 or more outside of the grid.
 /// Left of and above the corner the number wraps round to a huge one.
@@ -30,7 +27,7 @@ std::uint32_t CellAlong(float distance) {
     return static_cast<std::uint32_t>(static_cast<std::int64_t>(distance)) >> 1;
 }
 
-void Link(Particle& particle, Vector2 corner) {
+void Link(Particle& particle) {
     const std::uint32_t x = CellAlong(particle.position.x - corner.x);
     const std::uint32_t y = CellAlong(particle.position.y - corner.y);
     if (x >= side || y >= side) {
@@ -68,7 +65,7 @@ void Clear() {
 
 void Insert(Particle& particle) {
     if (particle.inGrid == 0) {
-        Link(particle, Corner());
+        Link(particle);
     }
 }
 
@@ -89,12 +86,12 @@ void Remove(Particle& particle) {
     Unlink(particle);
 }
 
-void FillFrom(ParticleList& particles) {
+void FillFrom(ParticleList& particles, Vector2 centre) {
     Clear();
-    const Vector2 corner = Corner();
+    corner = centre - Vector2{cornerOffset, cornerOffset};
     for (Particle& particle : particles) {
         Unlink(particle);
-        Link(particle, corner);
+        Link(particle);
     }
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 // The grid that finds a particle's neighbours: 1024 by 1024 cells of 2 units at a fixed place
-// relative to the camera, each the head of a chain of particles. Chains hold pointers into the
+// relative to the view, each the head of a chain of particles. Chains hold pointers into the
 // lists' nodes: whoever erases a particle or moves it into a group removes it here first.
 //
 // Invariant: a particle has `inGrid` set exactly while it hangs in the chain of the cell
@@ -17,7 +17,7 @@ namespace ParticleGrid {
 constexpr std::uint32_t side = 1024;
 /// Width and height of a cell, world units.
 constexpr float cellSize = 2.0f;
-/// The grid's corner lies this far left of and above the camera.
+/// The grid's corner lies this far left of and above the view's centre.
 constexpr float cornerOffset = 512.0f;
 
 /// Empties all cells; touches only those in use. Particles aren't read.
@@ -26,9 +26,9 @@ void Clear();
 /// lies outside.
 void Insert(Particle& particle);
 void Remove(Particle& particle);
-/// As Remove and Insert for each of these in turn, faster. All particles in the grid must be
-/// among them.
-void FillFrom(ParticleList& particles);
+/// Lays the grid round a new centre and fills it as Remove and Insert for each of these in turn
+/// would. All particles in the grid must be among them.
+void FillFrom(ParticleList& particles, Vector2 centre);
 /// Whether flags, cells and links of these and of all heads fit together.
 bool IsConsistent(const ParticleList& particles);
 

@@ -4,12 +4,10 @@
 
 #include <cmath>
 
-#include "actors/Camera.h"
 #include "engine/ConfigFile.h"
 #include "engine/Console.h"
 #include "engine/ConsoleCommands.h"
 #include "engine/Random.h"
-#include "level/Limits.h"
 #include "platform/Assert.h"
 #include "water/GroupedParticleMover.h"
 #include "water/ParticleGrid.h"
@@ -60,7 +58,7 @@ void Accelerate(Particle& particle, Vector2 gravityStep) {
 
 /// False if the particle is to go.
 bool StepParticle(Particle& particle, const WaterStep& step, float dt) {
-    if (step.view.IsOutside(particle.position, Particle::radius + viewMargin)) {
+    if (step.rectangle.IsOutside(particle.position, Particle::radius + viewMargin)) {
         return false;
     }
     if (particle.dying != 0) {
@@ -88,28 +86,6 @@ float HeatTransferRate(float value, bool isSet) {
     return heatTransferRate;
 }
 
-std::size_t AllWater() {
-    std::size_t count = particles.size();
-    for (const ParticleGroup& group : GroupedParticleMover::groups) {
-        count += group.particles.size();
-    }
-    return count;
-}
-
-void CreateInView(float x, float y, float radius, std::int32_t amount) {
-    if (amount < 1) {
-        Console::Print("\nInvalid number of particles to make");
-        return;
-    }
-    if (AllWater() + static_cast<std::size_t>(amount) > Limits::water) {
-        Console::Print("\nToo many particles to make. The most in a level is ");
-        Console::PrintUnsigned(Limits::water);
-        return;
-    }
-    CreateParticles(x, y, radius, static_cast<std::uint32_t>(amount));
-    Camera::position = {x, y};
-}
-
 const Console::CommandTable commands{
     {"Gravity", Console::Variable<gravity>, "How fast water falls, units per second squared."},
     {"RoomTemperature", Console::Variable<roomTemperature>, "What all water drifts to, degrees."},
@@ -119,11 +95,6 @@ const Console::CommandTable commands{
      "How fast steam rises, as a factor on gravity."},
     {"SteamScatterRate", Console::Variable<steamScatterRate>,
      "How fast steam scatters, as a factor on gravity."},
-    {"ParticleCreate", Console::Words<CreateInView>,
-     "Adds water within a radius of a point, up to 20000 drops in the level, and takes the "
-     "camera there.",
-     "\nUsage: ParticleCreate < x : number > < y : number > < radius : number > "
-     "< amount : integer number > "},
     {"ParticleCount", [] { return static_cast<int>(Count()); },
      "How much water there is, without the ice."},
 };
@@ -174,17 +145,17 @@ void CreateParticles(float x, float y, float radius, std::uint32_t amount) {
     }
 }
 
-void Step(float dt) {
+void Step(const View& view, float dt) {
     VANTREL_ASSERT(dt >= 0.0f);
-    const WaterStep step(dt);
+    const WaterStep step(view, dt);
     DropUnreasonable();
-    ParticleGrid::FillFrom(particles);
+    ParticleGrid::FillFrom(particles, view.centre);
     for (auto it = particles.begin(); it != particles.end();) {
         it = StepParticle(*it, step, dt) ? std::next(it) : Erase(it);
     }
     ParticleMover::Cohere(dt);
     GroupedParticleMover::Freeze(particles);
-    GroupedParticleMover::Step(dt, particles);
+    GroupedParticleMover::Step(view, dt, particles);
     WaterCheck::AfterStep();
 }
 
@@ -197,6 +168,14 @@ void KillParticle(Particle& particle) {
 
 std::uint32_t Count() {
     return static_cast<std::uint32_t>(particles.size());
+}
+
+std::size_t AllWater() {
+    std::size_t count = particles.size();
+    for (const ParticleGroup& group : GroupedParticleMover::groups) {
+        count += group.particles.size();
+    }
+    return count;
 }
 
 void ClearAll() {

@@ -5,7 +5,9 @@
 
 #include <cstdint>
 
+#include "level/View.h"
 #include "water/WaterHit.h"
+
 namespace ParticleManager {
 
 /// All free particles; a particle is in this list or in exactly one group.
@@ -23,12 +25,15 @@ void Initialise();
 void Shutdown();
 /// Adds `amount` particles at random places within `radius` of (x, y), at the list's front.
 void CreateParticles(float x, float y, float radius, std::uint32_t amount);
-/// One simulation step of all particles and groups; `dt` in seconds.
-void Step(float dt);
+/// One simulation step of all particles and groups; `dt` in seconds. What is far outside of the
+/// view is gone.
+void Step(const View& view, float dt);
 /// Starts the particle's last seconds; a second call changes nothing.
 void KillParticle(Particle& particle);
 /// Free particles; members of groups aren't counted.
 std::uint32_t Count();
+/// All water, of any state.
+std::size_t AllWater();
 /// Lets all water go: particles, groups and grid. For restarts.
 void ClearAll();
 

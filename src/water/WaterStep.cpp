@@ -4,9 +4,9 @@
 
 #include "water/ParticleManager.h"
 
-WaterStep::WaterStep(float dt)
-    : gravity(Camera::GravityDirection() * ParticleManager::gravity * dt),
-      view(Camera::View()),
+WaterStep::WaterStep(const View& view, float dt)
+    : gravity(view.Down() * ParticleManager::gravity * dt),
+      rectangle(view.Rectangle()),
       heatBlend(1.0f - std::pow(1.0f - ParticleManager::heatTransferRate, dt)) {}
 
 float WaterStep::Warmed(float temperature) const {

@@ -2,18 +2,18 @@
 // What free particles and groups share in one simulation step: worked out once, not per
 // particle.
 
-#include "actors/Camera.h"
 #include "engine/Vector2.h"
+#include "level/View.h"
 
 struct WaterStep {
-    explicit WaterStep(float dt);
+    WaterStep(const View& view, float dt);
 
     /// The step's room temperature blended into a temperature.
     float Warmed(float temperature) const;
 
-    Vector2 gravity;  ///< what the step adds to a velocity, units per second
-    Camera::ViewRectangle view;
-    float heatBlend;  ///< share of the gap to the room temperature that the step closes
+    Vector2 gravity;          ///< what the step adds to a velocity, units per second
+    ViewRectangle rectangle;  ///< what is seen
+    float heatBlend;          ///< share of the gap to the room temperature that the step closes
 };
 
 /// Water further than this outside of the view, plus its own radius, is gone. World units.

@@ -30,32 +30,33 @@ protected:
         Initialise();
     }
     static std::string Text() {
-        const auto display = Current();
+        const auto display = Current(levelTime);
         return display ? display->text.data() : "nothing";
     }
 
     TemporaryDirectory directory;
     WorkingDirectoryGuard inDirectory{directory.path};
+    static constexpr std::uint32_t levelTime = 0;
     Trigger trigger;
     Trigger other;
 };
 
 TEST_F(CheckPointTimes, FadeTheLevelTimeInAndOutOnTheFirstPass) {
-    EXPECT_FALSE(Current());
+    EXPECT_FALSE(Current(levelTime));
     Reached(trigger, 1000);
     EXPECT_EQ(state, FadingInTime);
-    EXPECT_EQ(Current()->alpha, 0.0f);
-    EXPECT_EQ(Current()->red, 1.0f);
+    EXPECT_EQ(Current(levelTime)->alpha, 0.0f);
+    EXPECT_EQ(Current(levelTime)->red, 1.0f);
     AdvanceFade(0.5f);
-    EXPECT_FLOAT_EQ(Current()->alpha, 0.5f * std::sqrt(0.25f));
+    EXPECT_FLOAT_EQ(Current(levelTime)->alpha, 0.5f * std::sqrt(0.25f));
     AdvanceFade(1.5f);
     EXPECT_EQ(state, FadingOutTime);
-    EXPECT_EQ(Current()->alpha, 0.5f);
+    EXPECT_EQ(Current(levelTime)->alpha, 0.5f);
     AdvanceFade(1.0f);
-    EXPECT_FLOAT_EQ(Current()->alpha, 0.5f * std::sqrt(0.5f));
+    EXPECT_FLOAT_EQ(Current(levelTime)->alpha, 0.5f * std::sqrt(0.5f));
     AdvanceFade(60.0f);
     EXPECT_EQ(state, Hidden);
-    EXPECT_FALSE(Current());
+    EXPECT_FALSE(Current(levelTime));
 }
 
 TEST_F(CheckPointTimes, ShowTheDifferenceToThePassBefore) {
@@ -74,8 +75,8 @@ TEST_F(CheckPointTimes, ShowTheDifferenceToThePassBefore) {
         Reached(trigger, c.time);
         EXPECT_EQ(state, FadingInDifference);
         EXPECT_EQ(Text(), c.text);
-        EXPECT_EQ(Current()->green, c.green) << c.text;
-        EXPECT_EQ(Current()->blue, c.blue) << c.text;
+        EXPECT_EQ(Current(levelTime)->green, c.green) << c.text;
+        EXPECT_EQ(Current(levelTime)->blue, c.blue) << c.text;
     }
     AdvanceFade(2.0f);
     EXPECT_EQ(state, FadingOutDifference);
@@ -90,7 +91,7 @@ TEST_F(CheckPointTimes, HoldFadesAboveAHundredth) {
         Reached(trigger, 1);
         AdvanceFade(0.005f);
         EXPECT_EQ(state, FadingInTime) << tooShort;
-        EXPECT_TRUE(std::isfinite(Current()->alpha)) << tooShort;
+        EXPECT_TRUE(std::isfinite(Current(levelTime)->alpha)) << tooShort;
         AdvanceFade(0.006f);
         EXPECT_EQ(state, FadingOutTime) << tooShort;
     }
@@ -101,7 +102,7 @@ TEST_F(CheckPointTimes, StandStillWithoutAFont) {
     Reached(trigger, 7);
     AdvanceFade(100.0f);
     EXPECT_EQ(state, FadingInTime);
-    EXPECT_FALSE(Current());
+    EXPECT_FALSE(Current(levelTime));
 }
 
 }  // namespace

@@ -24,7 +24,7 @@ public:
         for (Entry& entry : entries) {
             entry.timeLeft -= dt;
             if (entry.timeLeft <= 0.0f) {
-                entry.trigger->effect({*entry.trigger, {}, entry.dt});
+                entry.trigger->effect({*entry.trigger, {}, entry.dt, events});
             }
         }
         std::erase_if(entries, [](const Entry& entry) { return entry.timeLeft <= 0.0f; });
@@ -49,11 +49,12 @@ private:
         if (trigger.delay > 0.0f) {
             entries.push_back({&trigger, dt, trigger.delay});
         } else {
-            trigger.effect({trigger, {&particle}, dt});
+            trigger.effect({trigger, {&particle}, dt, events});
         }
     }
 
     std::vector<Entry> entries;
+    TriggerEvents events;
 };
 
 /// A call of a type of our own: the trigger's id, and the time of the step of firing.
@@ -121,7 +122,7 @@ auto Play(unsigned seed, Triggers step) {
         }
         constexpr float times[] = {1.0f / 32.0f, 1.0f / 64.0f, 0.011f};  // some end delays exactly
         const float dt = times[random() % 3];
-        MoverManager::Step(dt);
+        MoverManager::Step(Camera::Look(), dt);
         Camera::ReadConfig();  // a shake of its own in each step, which draws a random number
         Camera::position = {100.0f, 100.0f};
         Camera::SetState(i % 2 == 0 ? Camera::Following : Camera::Holding);
@@ -148,7 +149,7 @@ TEST(DelayedEffects, ComeInTheOrderOfThePlainForm) {
     for (unsigned seed = 0; seed < 12; ++seed) {
         PlainTriggers plain;
         const auto expected = Play(seed, [&plain](float dt) { plain.Step(dt); });
-        const auto found = Play(seed, [](float dt) { TriggerManager::Step(dt); });
+        const auto found = Play(seed, [](float dt) { TriggerManager::Step(Camera::Look(), dt); });
         for (std::size_t i = 0; i < expected.first.size(); ++i) {
             ASSERT_EQ(found.first[i], expected.first[i]) << "seed " << seed << " step " << i;
             ASSERT_EQ(found.second[i], expected.second[i]) << "seed " << seed << " step " << i;
@@ -167,7 +168,7 @@ TEST(DelayedEffects, CostAStepNoMoreTheLongerTheyWait) {
     }
     const auto before = std::chrono::steady_clock::now();
     for (int i = 0; i < 20000; ++i) {
-        TriggerManager::Step(0.01f);
+        TriggerManager::Step(Camera::Look(), 0.01f);
     }
     EXPECT_EQ(TriggerManager::DelayedCount(), 80000u);
     EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::seconds(20));
@@ -183,7 +184,7 @@ TEST(DelayedEffects, AreDroppedBeyondTheirLimitAndTheConsoleSaysSo) {
     TestWorld::AddParticle({50.0f, 50.0f});
     TestWorld::AddParticle({50.0f, 50.0f});
     for (int i = 0; i < 70; ++i) {
-        TriggerManager::Step(0.01f);
+        TriggerManager::Step(Camera::Look(), 0.01f);
     }
     EXPECT_EQ(TriggerManager::DelayedCount(), Limits::waitingEffects);
     const std::string text(Console::OutputText());
@@ -192,7 +193,7 @@ TEST(DelayedEffects, AreDroppedBeyondTheirLimitAndTheConsoleSaysSo) {
     EXPECT_EQ(text.find("delayed effects of", at + 12), std::string::npos) << "once";
     ParticleManager::particles.clear();
     for (int i = 0; i < 50; ++i) {
-        TriggerManager::Step(0.01f);
+        TriggerManager::Step(Camera::Look(), 0.01f);
     }
     EXPECT_LT(TriggerManager::DelayedCount(), Limits::waitingEffects);
     Console::Shutdown();

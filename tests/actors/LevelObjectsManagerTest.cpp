@@ -113,10 +113,10 @@ TEST_F(LevelObjects, AreQueuedByTextureIfTheyTouchTheSquareRoundTheCamera) {
     removed.enabled = 0;
     AddSprite({std::nanf(""), 0.0f}, 2, 9);
     Console::Execute("ObjectsDraw FALSE");
-    LevelObjectsManager::PrepareDraw();
+    LevelObjectsManager::PrepareDraw(Camera::Look());
     EXPECT_EQ(Queued(2), 0u);
     Console::Execute("ObjectsDraw TRUE");
-    LevelObjectsManager::PrepareDraw();
+    LevelObjectsManager::PrepareDraw(Camera::Look());
     const auto& queue = LevelObjectsManager::layerQueues[2];
     ASSERT_EQ(queue.size(), 3u);
     EXPECT_EQ(queue[0].glName, 3u);
@@ -125,7 +125,7 @@ TEST_F(LevelObjects, AreQueuedByTextureIfTheyTouchTheSquareRoundTheCamera) {
     EXPECT_EQ(Queued(4), 0u);
 
     Console::Execute("ObjectsCull FALSE");
-    LevelObjectsManager::PrepareDraw();
+    LevelObjectsManager::PrepareDraw(Camera::Look());
     EXPECT_EQ(Queued(2), 5u);
     EXPECT_EQ(Queued(4), 1u);
 }

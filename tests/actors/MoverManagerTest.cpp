@@ -19,7 +19,7 @@ TEST(MoverManager, MakesCollidersOfSolidPolygonsWithTrianglesOnly) {
     TestWorld::Add(LevelPolygon{}, 1);
     TestWorld::AddMover(1, {}, {100.0f, 0.0f}, 10.0f, Mover::GoingToEnd);
     EXPECT_TRUE(MoverManager::colliders.empty());
-    MoverManager::Step(0.5f);
+    MoverManager::Step(Camera::Look(), 0.5f);
     EXPECT_EQ(moved.offset, (Vector2{5.0f, 0.0f}));
 }
 
@@ -47,18 +47,18 @@ TEST(MoverManager, OffersTheEdgesNearTheCameraToQueries) {
     TestWorld::AddMover(1, {}, {0.0f, 100.0f}, 100.0f, Mover::GoingToEnd);
     TestWorld::AddMover(2, {}, {}, 0.0f);
     TestWorld::Start();
-    MoverManager::CollectVisible();
+    MoverManager::CollectVisible(Camera::Look());
     EXPECT_EQ(MoverManager::nearEdges.size(), 8u);
 
-    MoverManager::Step(0.1f);
-    MoverManager::CollectVisible();
+    MoverManager::Step(Camera::Look(), 0.1f);
+    MoverManager::CollectVisible(Camera::Look());
     Vector2 circle{0.0f, 9.0f};
     EXPECT_TRUE(Collision::CollideCircle(circle, 2.0f));
     EXPECT_EQ(circle, (Vector2{0.0f, 8.0f}));
     EXPECT_FALSE(Collision::CollideCircleStatic(circle, 2.0f));
 
     LevelData::SetPolygonSolid(near, false);
-    MoverManager::CollectVisible();
+    MoverManager::CollectVisible(Camera::Look());
     EXPECT_EQ(MoverManager::nearEdges.size(), 4u);
     EXPECT_FALSE(Collision::CollideCircle(circle, 2.0f));
 }

@@ -56,7 +56,7 @@ TEST(MoverPush, TakesInWhatTouchesItsLoad) {
         row.push_back(&TestWorld::AddParticle({2.0f + 5.0f * static_cast<float>(i), 0.0f}));
     }
     const Particle& far = TestWorld::AddParticle({28.5f, 0.0f});
-    MoverManager::Step(1.0f / 60.0f);
+    MoverManager::Step(Camera::Look(), 1.0f / 60.0f);
     for (const Particle* const particle : row) {
         EXPECT_FLOAT_EQ(particle->pushVelocity.x, 60.0f);
     }
@@ -73,7 +73,7 @@ TEST(MoverPush, SweepsInFromAnywhereInOneStep) {
     TestWorld::Start();
     const Particle& met = TestWorld::AddParticle({99990.0f, 0.0f});
     const Particle& missed = TestWorld::AddParticle({99990.0f, 40.0f});
-    MoverManager::Step(1.0f / 60.0f);
+    MoverManager::Step(Camera::Look(), 1.0f / 60.0f);
     EXPECT_GT(met.position.x, 99999.0f);
     EXPECT_GT(met.pushVelocity.x, 0.0f);
     EXPECT_EQ(missed.position, (Vector2{99990.0f, 40.0f}));
@@ -136,7 +136,7 @@ void ExpectPlainStep(Vector2 centre, float dt) {
     for (const MoverCollider& collider : MoverManager::colliders) {
         from.push_back(collider.polygon->offset);
     }
-    MoverManager::Step(dt);
+    MoverManager::Step(Camera::Look(), dt);
     PushPlainly(particles, groups, from, centre, dt);
     ASSERT_TRUE(SameBodies("particle", ParticleManager::particles, particles));
     ASSERT_TRUE(SameBodies("group", GroupedParticleMover::groups, groups));

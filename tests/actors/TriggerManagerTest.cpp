@@ -6,9 +6,7 @@
 #include <cmath>
 #include <limits>
 
-#include "actors/CheckPointTimesManager.h"
 #include "engine/Console.h"
-#include "game/LevelProgress.h"
 #include "level/Collision.h"
 #include "support/TestWorld.h"
 
@@ -33,13 +31,13 @@ TEST_F(Triggers, FireOnceOrForAllWaterInEveryStep) {
     for (int i = 0; i < 100; ++i) {
         Inside();
     }
-    TriggerManager::Step(dt);
-    TriggerManager::Step(dt);
+    TriggerManager::Step(Camera::Look(), dt);
+    TriggerManager::Step(Camera::Look(), dt);
     EXPECT_EQ(once.fireCount, 1u);
     EXPECT_EQ(always.fireCount, 200u);
     TriggerManager::Reset();
     EXPECT_EQ(once.fireCount, 0u);
-    TriggerManager::Step(dt);
+    TriggerManager::Step(Camera::Look(), dt);
     EXPECT_EQ(once.fireCount, 1u);
 }
 
@@ -49,7 +47,7 @@ TEST_F(Triggers, ReactOnlyNearTheCamera) {
     const Trigger& far = TestWorld::AddTrigger(TriggerKind::Null, {440.5f, 0.0f}, {500.0f, 50.0f});
     TestWorld::AddParticle({470.0f, 20.0f});
     Camera::zoom = 2.5f;
-    TriggerManager::Step(dt);
+    TriggerManager::Step(Camera::Look(), dt);
     EXPECT_EQ(near.fireCount, 1u);
     EXPECT_EQ(far.fireCount, 0u);
 }
@@ -61,13 +59,13 @@ TEST_F(Triggers, HeatCoolAndKillWhatIsInside) {
     ParticleGroup& ice = GroupedParticleMover::groups.emplace_back();
     ice.position = {20.0f, 20.0f};
     ice.temperature = -10.0f;
-    TriggerManager::Step(dt);
+    TriggerManager::Step(Camera::Look(), dt);
     EXPECT_EQ(particle.temperature, 20.0f + dt * 80.0f);
     EXPECT_EQ(outside.temperature, 20.0f);
     EXPECT_EQ(ice.temperature, -10.0f + dt * 80.0f);
 
     Make(TriggerKind::Kill, 0, 3.0f);
-    TriggerManager::Step(dt);
+    TriggerManager::Step(Camera::Look(), dt);
     EXPECT_EQ(particle.dying, 1);
     EXPECT_EQ(ice.dying, 1);
     EXPECT_EQ(outside.dying, 0);
@@ -84,7 +82,7 @@ TEST_F(Triggers, TakeThingsOutOfTheLevelAndPutThemBack) {
     for (const TriggerKind kind : {TriggerKind::EntityRemove, TriggerKind::EntityAdd}) {
         const int expected = kind == TriggerKind::EntityAdd ? 1 : 0;
         Make(kind, 7);
-        TriggerManager::Step(dt);
+        TriggerManager::Step(Camera::Look(), dt);
         EXPECT_EQ(gate.solid, expected);
         EXPECT_EQ(gate.enabled, expected);
         Vector2 circle{199.0f, 25.0f};
@@ -118,7 +116,7 @@ TEST_F(Triggers, ApplyEnabledForces) {
         for (const bool both : {true, false}) {
             ForceManager::forces.front().enabled = both ? 1 : 0;
             particle.velocity = {1.0f, 0.0f};
-            TriggerManager::Step(dt);
+            TriggerManager::Step(Camera::Look(), dt);
             const Vector2 expected = both ? c.once : c.second;
             EXPECT_NEAR(particle.velocity.x, expected.x, 1.0e-4f) << static_cast<int>(c.kind);
             EXPECT_NEAR(particle.velocity.y, expected.y, 1.0e-4f) << static_cast<int>(c.kind);
@@ -131,7 +129,7 @@ TEST_F(Triggers, PullNothingThatStandsOnTheForceItself) {
     Make(TriggerKind::ForcePull, 7);
     Make(TriggerKind::ForcePush, 7);
     const Particle& particle = Inside();
-    TriggerManager::Step(dt);
+    TriggerManager::Step(Camera::Look(), dt);
     EXPECT_EQ(particle.velocity, Vector2{});
 }
 
@@ -168,10 +166,10 @@ TEST_F(Triggers, BindWhatIsThereWhenTheyAreAdded) {
     ForceManager::Add(7, 0.0f, 0.0f, 1.0f, 0.0f, 20.0f);
     ForceManager::Add(0, 0.0f, 0.0f, 1.0f, 0.0f, 30.0f);
     const Particle& particle = Inside();
-    TriggerManager::Step(dt);
+    TriggerManager::Step(Camera::Look(), dt);
     EXPECT_EQ(particle.velocity.x, 10.0f);
     const Trigger& late = Make(TriggerKind::ForceInstantaneous, 7);
-    TriggerManager::Step(dt);
+    TriggerManager::Step(Camera::Look(), dt);
     EXPECT_EQ(particle.velocity.x, 20.0f);
     const Trigger& none = Make(TriggerKind::ForceInstantaneous, 0);
     EXPECT_EQ(early.forces.size(), 1u);
@@ -183,25 +181,24 @@ TEST_F(Triggers, WaitForTheirDelay) {
     const Mover& mover = TestWorld::AddMover(7, {}, {100.0f, 0.0f}, 10.0f);
     Make(TriggerKind::MoverGoToEndOnce, 7, 0.05f);
     Inside();
-    TriggerManager::Step(dt);
+    TriggerManager::Step(Camera::Look(), dt);
     ParticleManager::particles.clear();
-    TriggerManager::Step(dt);
-    TriggerManager::Step(dt);
+    TriggerManager::Step(Camera::Look(), dt);
+    TriggerManager::Step(Camera::Look(), dt);
     EXPECT_EQ(mover.state, Mover::Stopped);
-    TriggerManager::Step(dt);
+    TriggerManager::Step(Camera::Look(), dt);
     EXPECT_EQ(mover.state, Mover::GoingToEnd);
     EXPECT_EQ(TriggerManager::DelayedCount(), 0u);
 
     TriggerManager::Reset();
     Inside();
-    TriggerManager::Step(dt);
+    TriggerManager::Step(Camera::Look(), dt);
     EXPECT_EQ(TriggerManager::DelayedCount(), 1u);
     TriggerManager::Reset();
     EXPECT_EQ(TriggerManager::DelayedCount(), 0u);
 }
 
 TEST_F(Triggers, CountWaterInTheFinish) {
-    LevelProgress::Initialise();
     ParticleGroup& ice = GroupedParticleMover::groups.emplace_back();
     ice.position = {50.0f, 50.0f};
     ice.particles.resize(30);
@@ -209,10 +206,11 @@ TEST_F(Triggers, CountWaterInTheFinish) {
         Inside();
     }
     Make(TriggerKind::LevelEnd);
-    TriggerManager::Step(dt);
-    LevelProgress::Step(dt);
-    EXPECT_TRUE(LevelProgress::IsFinishing());
-    LevelProgress::Shutdown();
+    EXPECT_EQ(TriggerManager::Step(Camera::Look(), dt).waterInFinish, 40u);
+    TriggerManager::Reset();
+    ParticleManager::particles.clear();
+    GroupedParticleMover::groups.clear();
+    EXPECT_EQ(TriggerManager::Step(Camera::Look(), dt).waterInFinish, 0u) << "once for a step";
 }
 
 TEST_F(Triggers, SurviveShapesAndNumbersOfAllKinds) {
@@ -232,15 +230,11 @@ TEST_F(Triggers, SurviveShapesAndNumbersOfAllKinds) {
     for (int i = 0; i < 20; ++i) {
         Inside();
     }
-    LevelProgress::Initialise();
-    CheckPointTimesManager::Initialise();
     TestWorld::Start();
     TestWorld::Steps(20);
     for (const Particle& particle : ParticleManager::particles) {
         EXPECT_TRUE(std::isfinite(particle.position.x) && std::isfinite(particle.position.y));
     }
-    CheckPointTimesManager::Shutdown();
-    LevelProgress::Shutdown();
 }
 
 TEST_F(Triggers, AreListedAndMadeOnTheConsole) {

@@ -125,7 +125,8 @@ TEST_F(SoundSourceTest, LivesWithItsLevel) {
     ASSERT_TRUE(LevelData::Load("lev\\level.swah"));
     const auto fire = [](std::size_t number) {
         Trigger& trigger = TriggerManager::triggers[number];
-        trigger.effect({trigger, {}, 0.0f});
+        TriggerEvents events;
+        trigger.effect({trigger, {}, 0.0f, events});
     };
     EXPECT_NEAR(Level(), 1.0, 0.02) << "the other waits for its trigger";
     fire(0);

@@ -22,7 +22,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     FxParticleManager::Add(emitter);
     FxParticleManager::emitters.front().Burst();
     for (int i = 0; i < 10 && listed; ++i) {
-        FxParticleManager::Step(0.033f);
+        FxParticleManager::Step({}, 0.033f);
     }
     FxParticleManager::Shutdown();
     return 0;

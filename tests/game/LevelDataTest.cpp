@@ -254,7 +254,7 @@ TEST_F(LevelDataTest, QueuesMovedPolygonsInViewByTexture) {
     Camera::shakeOffset = {};
     Camera::zoom = 1.0f;
     const auto queued = [](int layer) {
-        DynamicPolygonRenderer::PrepareDraw();
+        DynamicPolygonRenderer::PrepareDraw(Camera::Look());
         std::vector<const LevelPolygon*> polygons;
         while (const LevelPolygon* const polygon = DynamicPolygonRenderer::TakeQueued(layer)) {
             polygons.push_back(polygon);

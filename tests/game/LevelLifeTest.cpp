@@ -33,6 +33,35 @@ void KeepParticles(std::size_t count) {
     }
 }
 
+TEST(Console, MakesWaterAndTakesTheCameraThere) {
+    TestGame game;
+    game.Start(Room());
+    ParticleManager::ClearAll();
+    Console::Clear();
+    Console::Execute("ParticleCreate 0 0 10 1.5");
+    Console::Execute("ParticleCreate 0 0 10 0");
+    Console::Execute("ParticleCreate " + std::string(60, '9') + " 0 10 5");
+    EXPECT_NE(Console::OutputText().find("\nUsage: ParticleCreate < x"), std::string::npos);
+    EXPECT_NE(Console::OutputText().find("\nInvalid number of particles to make"),
+              std::string::npos);
+    EXPECT_EQ(ParticleManager::Count(), 0u);
+    Console::Execute("ParticleCreate 7 -8 10 25");
+    EXPECT_EQ(ParticleManager::Count(), 25u);
+    EXPECT_EQ(Camera::position, (Vector2{7.0f, -8.0f}));
+    for (const Particle& particle : ParticleManager::particles) {
+        EXPECT_LE(Distance(particle.position, {7.0f, -8.0f}), 10.001f);
+    }
+    for (const char* const amount : {"2000000000", "19976"}) {
+        Console::Execute(std::string("ParticleCreate 0 0 10 ") + amount);
+        EXPECT_EQ(ParticleManager::Count(), 25u);
+    }
+    EXPECT_NE(
+        Console::OutputText().find("\nToo many particles to make. The most in a level is 20000"),
+        std::string::npos);
+    Console::Execute("ParticleCreate 0 0 10 19975");
+    EXPECT_EQ(ParticleManager::Count(), 20000u);
+}
+
 TEST(LevelFinish, NeedsItsShareOfTheWaterThatIsLeft) {
     TestGame game;
     LevelFile level = Room();
@@ -41,7 +70,7 @@ TEST(LevelFinish, NeedsItsShareOfTheWaterThatIsLeft) {
     ASSERT_TRUE(game.FramesUntil(IsFlightOver));
     EXPECT_FALSE(LevelProgress::IsFinishing());
     KeepParticles(10);
-    LevelProgress::AddWaterAtFinish(4);
+    LevelProgress::Take({.waterInFinish = 4});
     game.Frames(1);
     EXPECT_FALSE(LevelProgress::IsFinishing()) << "5 of 10 are needed";
 

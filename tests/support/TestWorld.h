@@ -116,10 +116,10 @@ public:
         }
     }
     static void Step(float dt = 1.0f / 60.0f) {
-        MoverManager::CollectVisible();
-        MoverManager::Step(dt);
-        ParticleManager::Step(dt);
-        TriggerManager::Step(dt);
+        MoverManager::CollectVisible(Camera::Look());
+        MoverManager::Step(Camera::Look(), dt);
+        ParticleManager::Step(Camera::Look(), dt);
+        TriggerManager::Step(Camera::Look(), dt);
     }
     static void Steps(int count, float dt = 1.0f / 60.0f) {
         for (int i = 0; i < count; ++i) {

@@ -6,9 +6,9 @@
 #include <limits>
 #include <string>
 
-#include "actors/Camera.h"
 #include "engine/Console.h"
 #include "engine/Random.h"
+#include "level/View.h"
 #include "platform/Paths.h"
 #include "support/TemporaryDirectory.h"
 #include "water/ParticleManager.h"
@@ -23,10 +23,6 @@ protected:
         Console::Initialise();
         FxParticleManager::Initialise();
         ParticleManager::gravity = 500.0f;
-        Camera::position = {};
-        Camera::shakeOffset = {};
-        Camera::angle = 0.0f;
-        Camera::zoom = 1.0f;
         Random::state = 0;
     }
     ~FxParticles() override {
@@ -48,6 +44,7 @@ protected:
     }
     static std::size_t Count() { return FxParticleManager::particles.size(); }
 
+    View view;
     TemporaryDirectory directory;
     WorkingDirectoryGuard inDirectory{directory.path};
 };
@@ -112,19 +109,19 @@ TEST_F(FxParticles, HoldSettingsWithinTheirLimits) {
 TEST_F(FxParticles, ComeAtTheEmittersRateWhileItIsInView) {
     Emitter& emitter = AddLoaded("frequency 0 liveTime_1 9 liveTime_2 9 texture1 a.png");
     emitter.position = {400.0f, -400.0f};  // on the corner of the view
-    FxParticleManager::Step(dt);
+    FxParticleManager::Step(view, dt);
     EXPECT_EQ(Count(), 33u);
     const float timeBefore = emitter.timeSinceEmit;
     emitter.position.x = 400.5f;
-    FxParticleManager::Step(dt);
+    FxParticleManager::Step(view, dt);
     EXPECT_EQ(Count(), 33u);
     EXPECT_EQ(emitter.timeSinceEmit, timeBefore);
-    Camera::shakeOffset.x = 1.0f;
-    FxParticleManager::Step(dt);
+    view.centre.x = 1.0f;
+    FxParticleManager::Step(view, dt);
     EXPECT_GE(Count(), 66u);
     const std::size_t before = Count();
     emitter.running = 0;
-    FxParticleManager::Step(dt);
+    FxParticleManager::Step(view, dt);
     EXPECT_EQ(Count(), before);
     emitter.burstSize = 4096;
     emitter.Burst();
@@ -170,7 +167,7 @@ TEST_F(FxParticles, AreBoundedHoweverManyAreAskedFor) {
     EXPECT_EQ(Count(), 200000u);
     const auto drawn = Random::state;
     FxParticleManager::Add(emitter);
-    FxParticleManager::Step(dt);
+    FxParticleManager::Step(view, dt);
     EXPECT_EQ(Count(), 200000u);
     EXPECT_EQ(Random::state, drawn);
     const std::string text(Console::OutputText());

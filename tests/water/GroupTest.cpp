@@ -49,11 +49,11 @@ TEST(Groups, ThawAboveZeroAndStayAtZero) {
     const WaterWorld world;
     ParticleManager::heatTransferRate = 0.0f;
     AddGroup({0.0f, 0.0f}, 2, 0.0f).velocity = {5.0f, 0.0f};
-    GroupedParticleMover::Step(0.01f, ParticleManager::particles);
+    GroupedParticleMover::Step(WaterWorld::view, 0.01f, ParticleManager::particles);
     ASSERT_EQ(groups.size(), 1u);
     groups.front().temperature = 0.5f;
     const Vector2 velocity = groups.front().velocity;
-    GroupedParticleMover::Step(0.01f, ParticleManager::particles);
+    GroupedParticleMover::Step(WaterWorld::view, 0.01f, ParticleManager::particles);
     EXPECT_TRUE(groups.empty());
     ASSERT_EQ(ParticleManager::Count(), 2u);
     const Particle& thawed = ParticleManager::particles.front();
@@ -68,14 +68,14 @@ TEST(Groups, MergeOnlyBelowTheSumOfRadiiAndMargin) {
     ParticleManager::gravity = 0.0f;
     AddGroup({0.0f, 0.0f}, 1);
     AddGroup({6.0f, 0.0f}, 1);
-    GroupedParticleMover::Step(0.01f, ParticleManager::particles);
+    GroupedParticleMover::Step(WaterWorld::view, 0.01f, ParticleManager::particles);
     EXPECT_EQ(groups.front().particles.size(), 1u);
     groups.back().position.x = 5.99f;
-    GroupedParticleMover::Step(0.01f, ParticleManager::particles);
+    GroupedParticleMover::Step(WaterWorld::view, 0.01f, ParticleManager::particles);
     ASSERT_EQ(groups.size(), 2u);
     EXPECT_TRUE(groups.front().particles.empty());  // the tie goes to the later one
     EXPECT_EQ(groups.back().particles.size(), 2u);
-    GroupedParticleMover::Step(0.01f, ParticleManager::particles);
+    GroupedParticleMover::Step(WaterWorld::view, 0.01f, ParticleManager::particles);
     EXPECT_EQ(groups.size(), 1u);
 }
 
@@ -86,7 +86,7 @@ TEST(Groups, SlideWithoutLossAndTellThatTheyTouch) {
     ParticleGroup& group = AddGroup({0.0f, 4.0f}, 9, -30.0f);
     group.velocity = {100.0f, 0.0f};
     for (int i = 0; i < 60; ++i) {
-        GroupedParticleMover::Step(1.0f / 60.0f, ParticleManager::particles);
+        GroupedParticleMover::Step(WaterWorld::view, 1.0f / 60.0f, ParticleManager::particles);
     }
     EXPECT_NEAR(group.velocity.x, 100.0f, 0.01f);
     EXPECT_NEAR(group.position.x, 100.0f, 0.1f);
@@ -101,17 +101,17 @@ TEST(Groups, PassTheirDeathOnAndDieWithTheirMembers) {
     const WaterWorld world;
     ParticleGroup& group = AddGroup({0.0f, 0.0f}, 3);
     GroupedParticleMover::KillGroup(group);
-    GroupedParticleMover::Step(0.25f, ParticleManager::particles);
+    GroupedParticleMover::Step(WaterWorld::view, 0.25f, ParticleManager::particles);
     GroupedParticleMover::KillGroup(group);
     EXPECT_EQ(group.killTimer, 0.75f);
     EXPECT_EQ(group.particles.front().killTimer, 0.75f);
     EXPECT_EQ(group.particles.front().dying, 1);
     group.temperature = 9.0f;
-    GroupedParticleMover::Step(0.25f, ParticleManager::particles);
+    GroupedParticleMover::Step(WaterWorld::view, 0.25f, ParticleManager::particles);
     ASSERT_EQ(ParticleManager::Count(), 3u);
     EXPECT_EQ(ParticleManager::particles.front().killTimer, 0.5f);
     GroupedParticleMover::KillGroup(AddGroup({0.0f, 0.0f}, 3));
-    GroupedParticleMover::Step(1.0f, ParticleManager::particles);
+    GroupedParticleMover::Step(WaterWorld::view, 1.0f, ParticleManager::particles);
     EXPECT_TRUE(groups.empty());
 }
 
@@ -119,10 +119,10 @@ TEST(Groups, LeaveWithTheViewAndItsMargin) {
     const WaterWorld world;  // the view ends at 400
     ParticleManager::gravity = 0.0f;
     AddGroup({400.0f + 128.0f + 2.0f, 0.0f}, 1);
-    GroupedParticleMover::Step(0.01f, ParticleManager::particles);
+    GroupedParticleMover::Step(WaterWorld::view, 0.01f, ParticleManager::particles);
     EXPECT_EQ(groups.size(), 1u);
     groups.front().position.x += 0.01f;
-    GroupedParticleMover::Step(0.01f, ParticleManager::particles);
+    GroupedParticleMover::Step(WaterWorld::view, 0.01f, ParticleManager::particles);
     EXPECT_TRUE(groups.empty());
 }
 
@@ -141,7 +141,7 @@ TEST(Groups, GoToTheEndOfTheirMoveHoweverFarItIs) {
             ParticleGroup& group = AddGroup({-30.0f, 10.0f}, members);
             group.velocity = velocity;
             const Vector2 end = Plain::HopThrough(group.position, group.radius, velocity * dt);
-            GroupedParticleMover::Step(dt, ParticleManager::particles);
+            GroupedParticleMover::Step(WaterWorld::view, dt, ParticleManager::particles);
             EXPECT_EQ(group.position, end) << velocity.x << ' ' << velocity.y << ' ' << members;
         }
     }
@@ -152,10 +152,10 @@ TEST(Groups, ComeToAnEndOfAMoveWithout) {
     const auto before = std::chrono::steady_clock::now();
     for (const float speed : {3.0e9f, 1.0e14f}) {
         AddGroup({0.0f, 0.0f}, 1).velocity = {0.0f, speed};
-        GroupedParticleMover::Step(0.02f, ParticleManager::particles);
+        GroupedParticleMover::Step(WaterWorld::view, 0.02f, ParticleManager::particles);
         ASSERT_EQ(groups.size(), 1u);
         EXPECT_GT(groups.front().position.y, 9.0e4f);
-        GroupedParticleMover::Step(0.02f, ParticleManager::particles);
+        GroupedParticleMover::Step(WaterWorld::view, 0.02f, ParticleManager::particles);
         EXPECT_TRUE(groups.empty()) << "it has left the view";
     }
     EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::seconds(10));

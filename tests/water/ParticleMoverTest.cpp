@@ -11,7 +11,7 @@ namespace {
 
 /// Puts all particles into the grid and moves one.
 void FillGridAndMove(Particle& particle, float dt = 0.02f) {
-    ParticleGrid::FillFrom(ParticleManager::particles);
+    ParticleGrid::FillFrom(ParticleManager::particles, WaterWorld::view.centre);
     ParticleMover::MoveParticle(particle, dt);
 }
 
@@ -91,7 +91,7 @@ TEST(ParticleMover, FindsNoOneOutsideOfTheGridButStillCollides) {
     // Left of the corner by less than a cell still counts as the first column.
     Particle& edge = WaterWorld::Add({-512.9f, -512.9f});
     Particle& outside = WaterWorld::Add({-513.1f, 0.0f});
-    ParticleGrid::FillFrom(ParticleManager::particles);
+    ParticleGrid::FillFrom(ParticleManager::particles, WaterWorld::view.centre);
     EXPECT_EQ(edge.inGrid, 1);
     EXPECT_EQ(outside.inGrid, 0);
 }

@@ -221,9 +221,9 @@ static void AddRandomRun(std::uint64_t& print, std::uint32_t seed) {
                            {80.0f, 60.0f});
     ParticleManager::CreateParticles(80.0f, 40.0f, 30.0f, 90);
     for (int i = 0; i < 120; ++i) {
-        Camera::angle = dice.Within(-180.0f, 180.0f) * (i / 40 == 1 ? 1.0f : 0.2f);
+        WaterWorld::view.angle = dice.Within(-180.0f, 180.0f) * (i / 40 == 1 ? 1.0f : 0.2f);
         if (i % 30 == 20) {
-            Camera::position += dice.Place(-400.0f, 400.0f);
+            WaterWorld::view.centre += dice.Place(-400.0f, 400.0f);
         }
         for (Particle& particle : ParticleManager::particles) {
             const float fate = dice.Within(0.0f, 1.0f);
@@ -237,7 +237,7 @@ static void AddRandomRun(std::uint64_t& print, std::uint32_t seed) {
                 particle.pushVelocity = dice.Place(-900.0f, 900.0f);
             }
         }
-        ParticleManager::Step(dice.Within(0.001f, 0.033f));
+        ParticleManager::Step(WaterWorld::view, dice.Within(0.001f, 0.033f));
         print = (print ^ WaterCheck::Hash() ^ Random::state) * 1099511628211u;
     }
 }

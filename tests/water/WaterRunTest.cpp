@@ -83,7 +83,7 @@ TEST(Water, PoursDownAndComesToRestInsideOfTheWalls) {
     EXPECT_GT(resting.top, 90.0f);
     float fastest = 0.0f;
     for (int i = 0; i < 60; ++i) {
-        ParticleManager::Step(1.0f / 60.0f);
+        ParticleManager::Step(WaterWorld::view, 1.0f / 60.0f);
         ForAllParticles([&](const Particle& p) { fastest = std::max(fastest, p.speed); });
     }
     EXPECT_LT(fastest, 60.0f);
@@ -95,8 +95,8 @@ TEST(Water, StaysOutOfSolidsHoweverTheLevelTurns) {
     const WaterWorld world(Slope(), {100.0f, 60.0f});
     ParticleManager::CreateParticles(30.0f, 40.0f, 10.0f, 128);
     for (int i = 0; i < 600; ++i) {
-        Camera::angle = 60.0f * std::sin(static_cast<float>(i) * 0.05f);
-        ParticleManager::Step(1.0f / 60.0f);
+        WaterWorld::view.angle = 60.0f * std::sin(static_cast<float>(i) * 0.05f);
+        ParticleManager::Step(WaterWorld::view, 1.0f / 60.0f);
         ForAllParticles([](const Particle& p) {
             const bool inBlock = p.position.x > 60.5f && p.position.x < 79.5f &&
                                  p.position.y > 30.5f && p.position.y < 39.5f;
@@ -113,7 +113,7 @@ TEST(Water, FreezesIntoOneLumpThatSlidesAndFlowsWhenItThaws) {
     WaterWorld::Steps(60);
     SetTemperatures(-1.0f);
     ParticleManager::heatTransferRate = 0.0f;
-    ParticleManager::Step(1.0f / 60.0f);
+    ParticleManager::Step(WaterWorld::view, 1.0f / 60.0f);
     ASSERT_EQ(GroupedParticleMover::groups.size(), 1u);
     ParticleGroup& lump = GroupedParticleMover::groups.front();
     EXPECT_EQ(lump.particles.size(), 128u);
@@ -121,11 +121,11 @@ TEST(Water, FreezesIntoOneLumpThatSlidesAndFlowsWhenItThaws) {
     EXPECT_NEAR(lump.radius, 22.6f, 0.2f);
     EXPECT_NEAR(lump.position.y, 200.0f - lump.radius, 0.5f);
     const float before = lump.position.x;
-    Camera::angle = -20.0f;
+    WaterWorld::view.angle = -20.0f;
     WaterWorld::Steps(60);
     EXPECT_GT(lump.position.x, before + 60.0f);
     EXPECT_LT(WaterExtent().Width(), 50.0f);
-    Camera::angle = 0.0f;
+    WaterWorld::view.angle = 0.0f;
     SetTemperatures(5.0f);
     WaterWorld::Steps(60);
     EXPECT_EQ(ParticleManager::Count(), 128u);

@@ -4,7 +4,6 @@
 #include <list>
 #include <utility>
 
-#include "actors/Camera.h"
 #include "engine/Random.h"
 #include "level/BspTree.h"
 #include "level/Collision.h"
@@ -16,10 +15,10 @@
 #include "water/ParticleMover.h"
 
 /// Settings of its own, so that tuning the game changes no test; the level, if any, in the
-/// tree; the camera still, wide and upright at the given place; the random source at its start.
+/// tree; the view still, wide and upright round the given place; the random source at its start.
 class WaterWorld {
 public:
-    explicit WaterWorld(std::list<LevelPolygon> level = {}, Vector2 camera = {}, float zoom = 1.0f)
+    explicit WaterWorld(std::list<LevelPolygon> level = {}, Vector2 centre = {}, float zoom = 1.0f)
         : polygons(std::move(level)) {
         directory.Write("cfg/water.cfg",
                         "gravity 500 roomTemperature 20 heatTransferRate 0.2\n"
@@ -33,10 +32,7 @@ public:
         Random::state = 0;
         ParticleManager::Initialise();
         TemperatureChangeReadConfig();
-        Camera::position = camera;
-        Camera::shakeOffset = {};
-        Camera::angle = 0.0f;
-        Camera::zoom = zoom;
+        view = {.centre = centre, .zoom = zoom};
         BspTree::Build(polygons);
     }
     ~WaterWorld() {
@@ -59,9 +55,11 @@ public:
     }
     static void Steps(int count, float dt = 1.0f / 60.0f) {
         for (int i = 0; i < count; ++i) {
-            ParticleManager::Step(dt);
+            ParticleManager::Step(view, dt);
         }
     }
+
+    inline static View view;
 
 private:
     TemporaryDirectory directory;

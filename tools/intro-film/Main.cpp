@@ -119,8 +119,8 @@ void Step(float time, int step) {
     for (Emitter& emitter : FxParticleManager::emitters) {
         emitter.running = boiling ? 1 : 0;
     }
-    FxParticleManager::Step(stepSeconds);
-    ParticleManager::Step(stepSeconds);
+    FxParticleManager::Step(Camera::Look(), stepSeconds);
+    ParticleManager::Step(Camera::Look(), stepSeconds);
     LevelObjectsManager::Step(stepSeconds);
 }
 

@@ -20,7 +20,7 @@ TEST(FinishPicture, CoversWindowsOfAnyShape) {
         TextureManager::Initialise();
         LevelProgress::Initialise();
         ParticleManager::CreateParticles(0.0f, 0.0f, 10.0f, 8);
-        LevelProgress::AddWaterAtFinish(8);
+        LevelProgress::Take({.waterInFinish = 8});
         LevelProgress::Step(0.0f);
         LevelProgress::Step(1.4f);
         ASSERT_GT(LevelProgress::FinishFade(), 0.9f);

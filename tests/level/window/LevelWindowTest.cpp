@@ -4,7 +4,6 @@
 #include <string>
 #include <utility>
 
-#include "actors/Camera.h"
 #include "engine/Console.h"
 #include "graphics/window/WindowFixture.h"
 #include "level/DynamicPolygonRenderer.h"
@@ -24,9 +23,6 @@ protected:
         glDisable(GL_BLEND);
         glEnable(GL_TEXTURE_2D);
         glColor4f(1.0f, 1.0f, 1.0f, 1.0f);
-        Camera::position = {};
-        Camera::shakeOffset = {};
-        Camera::zoom = 1.0f;
     }
     void TearDown() override {
         LevelGeometryRenderer::Shutdown();
@@ -43,7 +39,7 @@ protected:
     }
     static void Draw() {
         glClear(GL_COLOR_BUFFER_BIT);
-        DynamicPolygonRenderer::PrepareDraw();
+        DynamicPolygonRenderer::PrepareDraw({});
         constexpr std::array<void (*)(), 5> fixedLayers{
             LevelGeometryRenderer::DrawLayer0, LevelGeometryRenderer::DrawLayer1,
             LevelGeometryRenderer::DrawLayer2, LevelGeometryRenderer::DrawLayer3,

@@ -262,7 +262,7 @@ protected:
     }
     /// The water that closes over a finished level, when it has all but done so.
     void CompareFinish() {
-        LevelProgress::AddWaterAtFinish(96);
+        LevelProgress::Take({.waterInFinish = 96});
         LevelProgress::Step(0.01f);
         LevelProgress::Step(1.2f);
         ClearAsTheGameDoes();
