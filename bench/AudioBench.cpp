@@ -9,6 +9,7 @@
 #include "audio/SoundManager.h"
 #include "audio/SteamSounds.h"
 #include "audio/WaterSounds.h"
+#include "platform/DataRoot.h"
 #include "platform/OpenAlAudio.h"
 #include "support/TestWorld.h"
 

@@ -16,8 +16,8 @@
 #include "graphics/GLWindow.h"
 #include "graphics/TextureManager.h"
 #include "level/Surfaces.h"
+#include "platform/DataRoot.h"
 #include "platform/GlfwWindow.h"
-#include "platform/Paths.h"
 #include "water/ParticleManager.h"
 
 namespace {

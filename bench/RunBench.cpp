@@ -7,7 +7,7 @@
 
 #include "RecordedRuns.h"
 #include "game/HeadlessGame.h"
-#include "platform/Paths.h"
+#include "platform/DataRoot.h"
 
 namespace {
 

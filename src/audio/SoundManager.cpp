@@ -12,6 +12,7 @@
 #include "engine/Text.h"
 #include "platform/Assert.h"
 #include "platform/Paths.h"
+#include "platform/WholeFile.h"
 
 namespace SoundManager {
 

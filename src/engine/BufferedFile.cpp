@@ -9,6 +9,7 @@
 #include "engine/EmbeddedResources.h"
 #include "platform/Assert.h"
 #include "platform/Paths.h"
+#include "platform/WholeFile.h"
 
 void BufferedFile::Close() {
     data = {};

@@ -11,6 +11,7 @@
 #include "engine/Text.h"
 #include "platform/Assert.h"
 #include "platform/Paths.h"
+#include "platform/WholeFile.h"
 
 namespace {
 

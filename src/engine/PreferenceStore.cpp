@@ -8,8 +8,9 @@
 #include <optional>
 
 #include "engine/Text.h"
+#include "platform/DataRoot.h"
 #include "platform/FileUpdate.h"
-#include "platform/Paths.h"
+#include "platform/WholeFile.h"
 
 namespace fs = std::filesystem;
 

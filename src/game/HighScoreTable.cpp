@@ -12,6 +12,7 @@
 #include "game/Notice.h"
 #include "platform/FileUpdate.h"
 #include "platform/Paths.h"
+#include "platform/WholeFile.h"
 
 namespace HighScoreTable {
 

@@ -19,6 +19,7 @@
 #include "level/LevelData.h"
 #include "level/LevelFile.h"
 #include "platform/Paths.h"
+#include "platform/WholeFile.h"
 #include "water/FxParticleManager.h"
 
 namespace {

@@ -23,9 +23,9 @@
 #include "graphics/GLWindow.h"
 #include "graphics/ProgramIcon.h"
 #include "graphics/TextureManager.h"
+#include "platform/DataRoot.h"
 #include "platform/GlfwWindow.h"
 #include "platform/OpenAlAudio.h"
-#include "platform/Paths.h"
 #include "platform/System.h"
 
 namespace {

@@ -12,6 +12,7 @@
 #include "engine/ByteReader.h"
 #include "engine/ByteWriter.h"
 #include "platform/Paths.h"
+#include "platform/WholeFile.h"
 
 namespace {
 

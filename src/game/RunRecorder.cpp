@@ -15,7 +15,9 @@
 #include "game/Notice.h"
 #include "game/StateHash.h"
 #include "platform/Assert.h"
+#include "platform/DataRoot.h"
 #include "platform/Paths.h"
+#include "platform/WholeFile.h"
 
 namespace RunRecorder {
 

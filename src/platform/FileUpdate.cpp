@@ -14,7 +14,7 @@
 
 #include "platform/Assert.h"
 #include "platform/Descriptor.h"
-#include "platform/Paths.h"
+#include "platform/WholeFile.h"
 
 namespace fs = std::filesystem;
 

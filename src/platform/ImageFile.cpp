@@ -13,7 +13,7 @@
 #include <utility>
 
 #include "platform/ImageHeader.h"
-#include "platform/Paths.h"
+#include "platform/WholeFile.h"
 
 namespace Platform {
 

@@ -28,30 +28,7 @@ std::optional<std::filesystem::path> WritablePath(std::string_view name);
 /// name once. `pattern` is like "lev\\*.swah".
 std::vector<std::string> ListFiles(std::string_view pattern);
 
-/// No file that is read whole is larger; the largest of the game's own has a hundredth of it.
-inline constexpr std::size_t largestWholeFile = std::size_t{256} << 20;
-/// The whole file, if it is a regular one of that size at most and can be read.
-std::optional<std::vector<std::byte>> ReadWholeFile(const std::filesystem::path& path);
-/// Replaces the file, or makes it, in one step; see FileUpdate::Write.
-bool WriteWholeFile(const std::filesystem::path& path, const void* data, std::size_t size);
-
-/// Whether `WriteWholeFile` would succeed now, found out with an empty temporary file.
-bool CanWriteFile(const std::filesystem::path& path);
-
-/// The directory that the game's data is read from.
-std::filesystem::path DataRoot();
-/// Sets the data root; with `first`, it is looked up before the working directory.
-void UseDataRoot(const std::filesystem::path& root, bool first = false);
-/// Finds the data root from VANTREL_DATA, a "data" directory beside the program or its
-/// source tree, or the install's share directory.
-void FindDataRoot(const std::filesystem::path& program);
-/// Makes the user's data directory the working directory if the program is an installed one.
-void EnterUserDirectory();
 /// Forgets cached directory listings, so that new files are seen.
 void ForgetListings();
-
-/// The user's configuration directory for Vantrel, absolute; not created by this call. Empty if the
-/// environment tells neither it nor a home.
-std::filesystem::path ConfigDirectory();
 
 }  // namespace Platform

@@ -1,12 +1,13 @@
 // Reading and writing files whole.
 
+#include "platform/WholeFile.h"
+
 #include <sys/stat.h>
 
 #include <new>
 
 #include "platform/Descriptor.h"
 #include "platform/FileUpdate.h"
-#include "platform/Paths.h"
 
 namespace fs = std::filesystem;
 

@@ -118,6 +118,12 @@ bool WindowInput::IsKeyToggled(int virtualKey) const {
     return IsKey(virtualKey) && keys[static_cast<std::size_t>(virtualKey)].toggled;
 }
 
+bool WindowInput::IsButtonDown(int button) const {
+    const bool isButton = button == MouseButton::left || button == MouseButton::right ||
+                          button == MouseButton::middle;
+    return isButton && (buttons & button) != 0;
+}
+
 char WindowInput::CharacterOf(int virtualKey) const {
     return IsKey(virtualKey) ? keys[static_cast<std::size_t>(virtualKey)].character : '\0';
 }

@@ -40,7 +40,8 @@ public:
 
     bool IsKeyDown(int virtualKey) const;
     bool IsKeyToggled(int virtualKey) const;
-    bool IsButtonDown(int button) const { return (buttons & button) != 0; }
+    /// False for what is no single button.
+    bool IsButtonDown(int button) const;
     char CharacterOf(int virtualKey) const;
 
 private:

@@ -11,6 +11,7 @@
 #include "level/Surfaces.h"
 #include "menus/MenuManager.h"
 #include "platform/Clock.h"
+#include "platform/DataRoot.h"
 #include "platform/HeadlessWindow.h"
 #include "platform/VirtualKeys.h"
 

@@ -11,7 +11,7 @@
 #include "game/Notice.h"
 #include "level/LevelData.h"
 #include "menus/MenuManager.h"
-#include "platform/Paths.h"
+#include "platform/DataRoot.h"
 #include "water/GroupedParticleMover.h"
 #include "water/ParticleMover.h"
 

@@ -23,6 +23,7 @@
 #include "menus/LogicalSpace.h"
 #include "menus/MenuManager.h"
 #include "platform/Clock.h"
+#include "platform/DataRoot.h"
 #include "platform/HeadlessWindow.h"
 #include "platform/Paths.h"
 #include "platform/SilentAudio.h"

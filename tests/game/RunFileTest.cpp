@@ -8,6 +8,7 @@
 #include <limits>
 
 #include "platform/Paths.h"
+#include "platform/WholeFile.h"
 #include "support/TemporaryDirectory.h"
 
 namespace {

@@ -8,6 +8,7 @@
 
 #include "TgaBytes.h"
 #include "graphics/Texture.h"
+#include "platform/DataRoot.h"
 #include "platform/Paths.h"
 #include "support/TemporaryDirectory.h"
 

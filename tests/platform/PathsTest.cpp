@@ -8,7 +8,9 @@
 
 #include <thread>
 
+#include "platform/DataRoot.h"
 #include "platform/FileUpdate.h"
+#include "platform/WholeFile.h"
 #include "support/TemporaryDirectory.h"
 
 namespace {

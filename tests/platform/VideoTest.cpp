@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/Paths.h"
+#include "platform/WholeFile.h"
 #include "support/TemporaryDirectory.h"
 
 namespace {

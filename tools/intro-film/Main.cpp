@@ -19,7 +19,7 @@
 #include "graphics/GLWindow.h"
 #include "graphics/TextureManager.h"
 #include "menus/MenuManager.h"
-#include "platform/Paths.h"
+#include "platform/DataRoot.h"
 #include "water/FxParticleManager.h"
 #include "water/GroupedParticleMover.h"
 #include "water/ParticleManager.h"

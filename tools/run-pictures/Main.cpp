@@ -17,7 +17,7 @@
 #include "graphics/TextureManager.h"
 #include "level/Surfaces.h"
 #include "menus/MenuManager.h"
-#include "platform/Paths.h"
+#include "platform/DataRoot.h"
 
 namespace {
 

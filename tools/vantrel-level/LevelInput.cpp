@@ -4,6 +4,7 @@
 #include "level/LevelBuilder.h"
 #include "level/Surfaces.h"
 #include "platform/Paths.h"
+#include "platform/WholeFile.h"
 
 std::filesystem::path LevelPath(const std::string& fileName) {
     return Platform::FindFile(fileName, Platform::NameSource::Person).value_or(fileName);

@@ -16,7 +16,8 @@
 #include "Options.h"
 #include "Print.h"
 #include "engine/Version.h"
-#include "platform/Paths.h"
+#include "platform/DataRoot.h"
+#include "platform/WholeFile.h"
 
 namespace {
 

@@ -10,7 +10,7 @@
 #include "engine/Text.h"
 #include "level/BspTree.h"
 #include "level/Collision.h"
-#include "platform/Paths.h"
+#include "platform/WholeFile.h"
 
 namespace {
 

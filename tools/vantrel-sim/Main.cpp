@@ -12,7 +12,7 @@
 #include "game/Notice.h"
 #include "game/RunFile.h"
 #include "game/RunRecorder.h"
-#include "platform/Paths.h"
+#include "platform/DataRoot.h"
 
 namespace {
 

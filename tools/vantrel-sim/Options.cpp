@@ -6,7 +6,7 @@
 #include <charconv>
 #include <sstream>
 
-#include "platform/Paths.h"
+#include "platform/WholeFile.h"
 
 const char* const simHelpText =
     "Usage: vantrel-sim LEVEL.swah --frames N --frame-ms MS [--input FILE] [--every K]\n"

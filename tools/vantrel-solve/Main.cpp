@@ -14,7 +14,7 @@
 #include "StuckSearch.h"
 #include "engine/Version.h"
 #include "game/RunFile.h"
-#include "platform/Paths.h"
+#include "platform/DataRoot.h"
 
 namespace {
 

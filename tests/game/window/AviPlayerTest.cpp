@@ -4,6 +4,7 @@
 
 #include "GameWindow.h"
 #include "platform/Clock.h"
+#include "platform/WholeFile.h"
 
 namespace {
 

@@ -7,6 +7,7 @@
 #include "game/GameScreen.h"
 #include "game/LevelProgress.h"
 #include "game/window/GameWindow.h"
+#include "platform/DataRoot.h"
 #include "water/ParticleManager.h"
 
 namespace {

@@ -8,6 +8,7 @@
 
 #include "GameWindow.h"
 #include "audio/MusicPlayer.h"
+#include "platform/DataRoot.h"
 #include "platform/OpenAlAudio.h"
 #include "platform/VirtualKeys.h"
 

@@ -8,8 +8,10 @@
 #include <string>
 #include <vector>
 
+#include "platform/DataRoot.h"
 #include "platform/ImageHeader.h"
 #include "platform/Paths.h"
+#include "platform/WholeFile.h"
 #include "support/TemporaryDirectory.h"
 
 namespace {

@@ -3,6 +3,8 @@
 #include <vector>
 
 #include "WindowFixture.h"
+#include "platform/DataRoot.h"
+#include "platform/Paths.h"
 
 namespace {
 

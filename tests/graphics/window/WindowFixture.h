@@ -12,8 +12,8 @@
 #include "graphics/Texture.h"
 #include "graphics/TextureDeviceDraw.h"
 #include "graphics/TextureManager.h"
+#include "platform/DataRoot.h"
 #include "platform/GlfwWindow.h"
-#include "platform/Paths.h"
 
 class WindowFixture : public testing::Test {
 protected:

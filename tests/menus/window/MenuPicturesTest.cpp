@@ -29,6 +29,7 @@
 #include "menus/MenuManager.h"
 #include "menus/Menu_LevelFinished.h"
 #include "platform/Clock.h"
+#include "platform/DataRoot.h"
 #include "platform/GlfwWindow.h"
 #include "platform/Paths.h"
 #include "platform/VirtualKeys.h"

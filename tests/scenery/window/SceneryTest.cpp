@@ -20,8 +20,8 @@
 #include "graphics/TextureManager.h"
 #include "level/LevelData.h"
 #include "level/Surfaces.h"
+#include "platform/DataRoot.h"
 #include "platform/GlfwWindow.h"
-#include "platform/Paths.h"
 
 namespace {
 
