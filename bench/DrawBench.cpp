@@ -14,6 +14,7 @@
 #include "game/GameScreen.h"
 #include "graphics/ConsoleDraw.h"
 #include "graphics/GLWindow.h"
+#include "graphics/GLWindowDisplay.h"
 #include "graphics/TextureManager.h"
 #include "level/Surfaces.h"
 #include "platform/DataRoot.h"

@@ -8,6 +8,7 @@
 #include "engine/ConfigFile.h"
 #include "engine/Random.h"
 #include "graphics/GLWindow.h"
+#include "graphics/GLWindowCursor.h"
 #include "platform/VirtualKeys.h"
 #include "water/GroupedParticleMover.h"
 #include "water/ParticleManager.h"

@@ -23,6 +23,7 @@
 #include "game/Notice.h"
 #include "game/RunRecorder.h"
 #include "graphics/GLWindow.h"
+#include "graphics/GLWindowCursor.h"
 #include "level/LevelData.h"
 #include "level/Surfaces.h"
 #include "menus/MenuHost.h"

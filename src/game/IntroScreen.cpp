@@ -8,6 +8,7 @@
 
 #include "audio/MusicPlayer.h"
 #include "graphics/GLWindow.h"
+#include "graphics/GLWindowCursor.h"
 #include "platform/Clock.h"
 
 namespace {

@@ -1,33 +1,46 @@
-// The window's life and the turning of its events into calls on the listener. Geometry,
-// display modes and the cursor are in GLWindowState.cpp, samples and extensions in
-// GLWindowSetup.cpp.
+// The window's life, the turning of its events into calls on the listener, and its place on the
+// screen.
 
 #include "graphics/GLWindow.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <utility>
 
-#include "graphics/GLWindowState.h"
+#include "graphics/GLWindowCursor.h"
+#include "graphics/GLWindowDisplay.h"
 #include "platform/Assert.h"
-#include "platform/System.h"
-#include "platform/VirtualKeys.h"
 
 namespace GLWindow {
 
+namespace {
+
+struct State {
+    GLWindowEventListener* listener = nullptr;  ///< not owned
+    std::string title;
+    unsigned samples = 1;  ///< as asked for; the context may hold more
+    int mouseX = 0;        ///< client pixels, from the last mouse event
+    int mouseY = 0;
+    int lastKey = 0;
+    bool fullscreen = false;
+    bool closing = false;
+    bool holding = false;  ///< and what has come since and waits for its end:
+    bool heldResize = false;
+    bool heldClose = false;
+    /// The window had the foreground since it was made or minimised: only then is not having
+    /// it a loss.
+    bool mayLoseFocus = false;
+};
 State state;
 
-namespace {
+/// Shown for as long as a window is being built.
+constexpr const char* initialTitle = "Untitled window";
 
 /// Positions travel as two unsigned 16-bit halves, so a drag beyond the top or left edge
 /// gives large values, not negative ones.
 void TakeMousePosition(const Platform::Event& event) {
     state.mouseX = static_cast<std::uint16_t>(event.x);
     state.mouseY = static_cast<std::uint16_t>(event.y);
-}
-
-/// Inside of the client area the cursor is the one asked for, outside an arrow.
-void SettleCursor() {
-    SetCursorKind(IsCursorInClient() ? state.cursorKind : Platform::Cursor::Arrow);
 }
 
 /// Updates the stored state, calls the listener, then does what the window does by itself.
@@ -66,21 +79,20 @@ void Dispatch(const Platform::Event& event) {
             Close();
             break;
         case EventKind::Paint:
-            SettleCursor();
+            // Inside of the client area the cursor is the one asked for, outside an arrow.
+            SetCursorKind(IsCursorInClient() ? GetCursorKind() : Platform::Cursor::Arrow);
             listener.OnPaint();
             break;
     }
 }
 
 [[noreturn]] void Fail(Platform::WindowError error) {
+    using Platform::WindowError;
     std::string text = "Unable to create window.";
-    if (error == Platform::WindowError::NoDisplay) {
-        text += " There is no display.";
-    } else if (error == Platform::WindowError::NoContext) {
-        text += " Could not create an OpenGL rendering context.";
-    } else if (error == Platform::WindowError::TooLarge) {
-        text += " It is larger than the display can hold.";
-    }
+    text += error == WindowError::NoDisplay   ? " There is no display."
+            : error == WindowError::NoContext ? " Could not create an OpenGL rendering context."
+            : error == WindowError::TooLarge  ? " It is larger than the display can hold."
+                                              : "";
     const std::string reason = Platform::TheWindow().Reason();
     if (!reason.empty()) {
         text += " (" + reason + ")";
@@ -138,13 +150,62 @@ void ServeHeldEvents() {
     }
 }
 
-}  // namespace
-
+/// Or ends the process.
 void MakeWindow(const Platform::WindowSettings& settings) {
     if (!TryMakeWindow(settings)) {
         Fail(Platform::WindowError::TooLarge);
     }
 }
+
+/// What a rebuilt window takes over from its predecessor.
+struct Kept {
+    std::string title = GetTitle();
+    Platform::Cursor cursorKind = GetCursorKind();
+    bool fullscreen = IsFullscreen();
+    int width = ClientWidth();
+    int height = ClientHeight();
+    int left = WindowLeft();
+    int top = WindowTop();
+    GLWindowEventListener* listener = GetListener();
+};
+
+void GiveBack(const Kept& kept) {
+    Platform::Window& window = Platform::TheWindow();
+    window.Show();
+    BringToFront();
+    Move(kept.left, kept.top);
+    SetClientSize(kept.width, kept.height);
+    SetTitle(kept.title);
+    SetCursorKind(kept.cursorKind);
+    SetListener(kept.listener);
+    if (kept.fullscreen) {
+        SetFullscreen(true, kept.width, kept.height);
+    }
+}
+
+/// False if the count can't be had; then there is one without samples.
+bool Rebuild(unsigned count) {
+    Platform::Window& window = Platform::TheWindow();
+    const Kept kept;
+    SetListener(nullptr);
+    Close();
+    Platform::WindowSettings settings{
+        .title = initialTitle, .width = 320, .height = 240, .samples = count};
+    const bool made = count > 1 && window.Create(settings) == Platform::WindowError::None;
+    // The context may hold more samples than asked for, which serves as well.
+    const bool sampled = made && window.Samples() >= count;
+    state.samples = sampled ? count : 1;
+    if (!sampled) {
+        window.Destroy();
+        settings.samples = 1;
+        settings.resizable = count == 1;
+        MakeWindow(settings);
+    }
+    GiveBack(kept);
+    return state.samples == count;
+}
+
+}  // namespace
 
 void Create(const std::string& title, int width, int height) {
     if (!TryCreate(title, width, height)) {
@@ -156,7 +217,7 @@ bool TryCreate(const std::string& title, int width, int height) {
     if (IsOpen()) {
         return true;
     }
-    if (!TryMakeWindow({.title = State::initialTitle, .width = width, .height = height})) {
+    if (!TryMakeWindow({.title = initialTitle, .width = width, .height = height})) {
         return false;
     }
     Platform::Window& window = Platform::TheWindow();
@@ -188,12 +249,30 @@ void Close() {
     Platform::TheWindow().Destroy();
     state.fullscreen = false;
     state.listener = nullptr;
-    state.cursorKind = Platform::Cursor::Arrow;
+    SetCursorKind(Platform::Cursor::Arrow);
     state.closing = false;
 }
 
-bool IsOpen() {
-    return Platform::TheWindow().IsOpen();
+bool SetSamples(unsigned count) {
+    count = std::max(count, 1U);
+    const unsigned previous = state.samples;
+    if (!IsOpen() || count == previous) {
+        return IsOpen();
+    }
+    if (count > 1 && !Platform::TheWindow().OffersSamples(count)) {
+        return false;
+    }
+    if (Rebuild(count)) {
+        return true;
+    }
+    if (previous > 1) {
+        Rebuild(previous);
+    }
+    return false;
+}
+
+unsigned Samples() {
+    return state.samples;
 }
 
 void PumpMessages() {
@@ -236,14 +315,6 @@ void ReleaseEvents() {
     state.holding = false;
 }
 
-void RequestRepaint() {
-    Platform::TheWindow().RequestRepaint();
-}
-
-void SwapBuffers() {
-    Platform::TheWindow().SwapBuffers();
-}
-
 void SetListener(GLWindowEventListener* listener) {
     state.listener = listener;
 }
@@ -252,22 +323,60 @@ GLWindowEventListener* GetListener() {
     return state.listener;
 }
 
-bool IsKeyDown(int virtualKey) {
-    return Platform::TheWindow().IsKeyDown(virtualKey);
+void SetTitle(const std::string& text) {
+    state.title = text;
+    Platform::TheWindow().SetTitle(text);
 }
 
-bool IsKeyToggled(int virtualKey) {
-    return Platform::TheWindow().IsKeyToggled(virtualKey);
+std::string GetTitle() {
+    return state.title;
 }
 
-bool IsMouseButtonDown(int button) {
-    return (button == MouseButton::left || button == MouseButton::right ||
-            button == MouseButton::middle) &&
-           Platform::TheWindow().IsMouseButtonDown(button);
+void SetOuterSize(int width, int height) {
+    if (width < 1 || height < 1) {
+        return;
+    }
+    Platform::TheWindow().SetOuterSize(width, height);
+    Platform::TheWindow().SetViewport(ClientWidth(), ClientHeight());
 }
 
-char KeyToChar(int virtualKey) {
-    return Platform::TheWindow().KeyToChar(virtualKey);
+void SetClientSize(int width, int height) {
+    if (width < 1 || height < 1) {
+        return;
+    }
+    Platform::TheWindow().SetClientSize(width, height);
+    // The size in force, in case that the desktop grants another one.
+    Platform::TheWindow().SetViewport(ClientWidth(), ClientHeight());
+}
+
+void Centre() {
+    Move(ScreenWidth() / 2 - Platform::TheWindow().OuterWidth() / 2,
+         ScreenHeight() / 2 - Platform::TheWindow().OuterHeight() / 2);
+}
+
+void SetFullscreen(bool on, int width, int height) {
+    if (on) {
+        Platform::DisplayMode mode;
+        if (!FindDisplayMode(width, height, mode)) {
+            return;
+        }
+        const bool entered = Platform::TheWindow().EnterFullscreen(mode);
+        // Shown, not stored: the next paint brings the kind back that was asked for.
+        Platform::TheWindow().SetCursor(Platform::Cursor::Arrow);
+        if (entered) {
+            state.fullscreen = true;
+            Platform::TheWindow().SetViewport(ClientWidth(), ClientHeight());
+        }
+    } else if (Platform::TheWindow().LeaveFullscreen()) {
+        SetResizable(false);
+        SetClientSize(width, height);
+        Centre();
+        state.fullscreen = false;
+    }
+}
+
+bool IsFullscreen() {
+    return state.fullscreen;
 }
 
 int TakeLastKey() {
@@ -282,14 +391,6 @@ int MouseX() {
 
 int MouseY() {
     return state.mouseY;
-}
-
-void ShowMessage(const std::string& text, const std::string& caption) {
-    Platform::ShowMessage(text, caption);
-}
-
-bool AskYesNo(const std::string& text, const std::string& caption) {
-    return Platform::AskYesNo(text, caption);
 }
 
 }  // namespace GLWindow

@@ -1,11 +1,15 @@
 // The console commands of the window and of the textures.
 
+#include "graphics/GLWindowCommands.h"
+
 #include <string>
+#include <vector>
 
 #include "engine/Console.h"
 #include "engine/ConsoleCommands.h"
 #include "engine/Timer.h"
 #include "graphics/GLWindow.h"
+#include "graphics/GLWindowDisplay.h"
 #include "graphics/TextureManager.h"
 
 namespace GLWindow {

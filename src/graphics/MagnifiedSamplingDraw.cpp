@@ -10,7 +10,7 @@
 #include <bit>
 #include <cmath>
 
-#include "graphics/GLWindow.h"
+#include "graphics/GLWindowDisplay.h"
 
 namespace {
 

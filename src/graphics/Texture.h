@@ -2,7 +2,7 @@
 // A value handle on a cached texture. Handles of one name, in any case, share one texture
 // object. A handle never fails: a missing image shows an embedded one, then a checkerboard.
 //
-// Text drawing is in TextDraw.cpp and binding in GL is by `glName`.
+// Text drawing is in TextureDraw.cpp and binding in GL is by `glName`.
 
 #include <compare>
 #include <cstdint>

@@ -10,7 +10,7 @@
 #include <bit>
 #include <vector>
 
-#include "graphics/GLWindow.h"
+#include "graphics/GLWindowDisplay.h"
 
 // Pixels are words with blue in the low byte; GL is told BGRA bytes.
 static_assert(std::endian::native == std::endian::little);

@@ -5,6 +5,7 @@
 #include <cstddef>
 
 #include "graphics/GLWindow.h"
+#include "graphics/GLWindowCursor.h"
 #include "menus/GuiPainter.h"
 #include "menus/LogicalSpace.h"
 

@@ -8,16 +8,9 @@
 #include "audio/Sound.h"
 #include "engine/ConfigFile.h"
 #include "menus/MenuHost.h"
-#include "menus/Menu_Credits.h"
-#include "menus/Menu_HighScores.h"
-#include "menus/Menu_InGame.h"
-#include "menus/Menu_Instructions.h"
 #include "menus/Menu_LevelFinished.h"
-#include "menus/Menu_LoadMap.h"
-#include "menus/Menu_Main.h"
 #include "menus/Menu_Options.h"
-#include "menus/Menu_QuitGame.h"
-#include "menus/Menu_Restart.h"
+#include "menus/Menus.h"
 
 namespace MenuManager {
 

@@ -2,6 +2,7 @@
 
 #include "audio/SoundManager.h"
 #include "fuzz/FuzzGame.h"
+#include "graphics/GLWindowCommands.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     constexpr int mostLines = 16;

@@ -7,6 +7,8 @@
 #include <utility>
 #include <vector>
 
+#include "graphics/GLWindowCursor.h"
+#include "graphics/GLWindowDisplay.h"
 #include "platform/HeadlessWindow.h"
 
 namespace {

@@ -15,6 +15,7 @@
 #include "game/Game.h"
 #include "game/GameScreen.h"
 #include "graphics/GLWindow.h"
+#include "graphics/GLWindowCommands.h"
 #include "graphics/TextureManager.h"
 #include "platform/GlfwWindow.h"
 #include "platform/Paths.h"

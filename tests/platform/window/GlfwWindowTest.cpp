@@ -14,6 +14,8 @@
 #include <vector>
 
 #include "graphics/GLWindow.h"
+#include "graphics/GLWindowCursor.h"
+#include "graphics/GLWindowDisplay.h"
 #include "platform/Clock.h"
 #include "platform/VirtualKeys.h"
 

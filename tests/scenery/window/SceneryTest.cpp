@@ -17,6 +17,7 @@
 #include "game/GameState.h"
 #include "game/LevelProgress.h"
 #include "graphics/GLWindow.h"
+#include "graphics/GLWindowDisplay.h"
 #include "graphics/TextureManager.h"
 #include "level/LevelData.h"
 #include "level/Surfaces.h"

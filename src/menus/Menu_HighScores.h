@@ -1,9 +1,0 @@
-#pragma once
-// The table of high scores.
-
-#include "menus/GuiScreen.h"
-
-class Menu_HighScores : public GuiScreen {
-public:
-    Menu_HighScores();
-};
