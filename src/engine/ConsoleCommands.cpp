@@ -174,10 +174,6 @@ struct Dispatch {
     }
 };
 
-std::string_view WithoutLeadingBlanks(std::string_view text) {
-    return text.substr(std::min(text.find_first_not_of(' '), text.size()));
-}
-
 // Made by the first table, so that it outlives them all.
 std::map<std::string, ConsoleCommand>& Registry() {
     static std::map<std::string, ConsoleCommand> commands;
@@ -317,23 +313,10 @@ bool ReadWord(const std::string& word, std::string& value) {
     return true;
 }
 
-void Execute(std::string_view line) {
-    VANTREL_ASSERT(Platform::IsMainThread());
-    line = WithoutLeadingBlanks(line);
-    if (line.empty()) {
-        return;
-    }
-    const std::size_t wordEnd = std::min(line.find(' '), line.size());
-    const auto found = Registry().find(UpperCased(line.substr(0, wordEnd)));
-    if (found == Registry().end()) {
-        Print("\nUNKNOWN COMMAND. USE 'COMMANDS' FOR A LIST OF AVAILABLE COMMANDS.");
-        return;
-    }
+void RunCommand(const ConsoleCommand& command, std::string_view text) {
     ConsoleArguments arguments;
-    arguments.text = line.substr(std::min(wordEnd + 1, line.size()));
+    arguments.text = text;
     arguments.words = SplitWords(arguments.text);
-    // A copy, since the function may change the registry.
-    const ConsoleCommand command = found->second;
     std::visit(Dispatch{command, arguments}, command.function);
 }
 

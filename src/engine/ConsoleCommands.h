@@ -63,6 +63,9 @@ void RemoveCommand(std::string_view name);
 /// All bindings, by upper-cased name.
 const std::map<std::string, ConsoleCommand>& Commands();
 void RemoveAllCommands();
+/// Calls the command with what was typed behind its name and the one blank, or prints its usage
+/// line. The command must stay as it is meanwhile, even where it changes the registry.
+void RunCommand(const ConsoleCommand& command, std::string_view text);
 /// Adds the commands that need neither window nor textures.
 void AddBuiltInCommands();
 

@@ -97,3 +97,7 @@ std::vector<std::string> SplitWords(std::string_view text) {
     }
     return words;
 }
+
+std::string_view WithoutLeadingBlanks(std::string_view text) {
+    return text.substr(std::min(text.find_first_not_of(' '), text.size()));
+}

@@ -32,3 +32,4 @@ constexpr bool IsSeparator(char c) {
 
 /// The words of `text`; runs of separators count as one, there is no quoting.
 std::vector<std::string> SplitWords(std::string_view text);
+std::string_view WithoutLeadingBlanks(std::string_view text);
