@@ -2,12 +2,12 @@
 
 #include "audio/WaterCounts.h"
 
+#include "engine/FullBody.h"
 #include "water/GroupedParticleMover.h"
 #include "water/ParticleManager.h"
 
 namespace {
 
-constexpr float fullBody = 128.0f;
 constexpr float boilingPoint = 100.0f;  // degrees
 
 MovingBody BodyOf(std::uint32_t count, float speedSum) {
@@ -17,7 +17,7 @@ MovingBody BodyOf(std::uint32_t count, float speedSum) {
 }  // namespace
 
 float BodyRatio(std::size_t count) {
-    return static_cast<float>(count) / fullBody;
+    return static_cast<float>(count) / static_cast<float>(fullBody);
 }
 
 MovingBody LiquidWater() {

@@ -4,11 +4,11 @@
 
 #include <algorithm>
 
+#include "engine/FullBody.h"
 #include "menus/MenuHost.h"
 
 namespace {
 
-constexpr float fullBody = 128.0f;  // particles in a full body of water
 constexpr Colour surface{0.8f, 0.85f, 1.0f};
 constexpr Colour ground{0.7f, 0.75f, 1.0f};
 
@@ -22,7 +22,8 @@ void GuiWaterLevel::SetRampTime(float seconds) {
 void GuiWaterLevel::OnPaint() {
     ramp.Tick();
     const float t = ramp.Advance();
-    const float share = static_cast<float>(MenuHost::Current().Result().waterAtFinish) / fullBody;
+    const float share = static_cast<float>(MenuHost::Current().Result().waterAtFinish) /
+                        static_cast<float>(fullBody);
     const auto left = static_cast<float>(x);
     const auto h = static_cast<float>(height);
     const float top = static_cast<float>(y) + (1.0f - share * t) * h;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "engine/FullBody.h"
 #include "engine/Page.h"
 #include "menus/GuiLevelTimeDisplay.h"
 #include "menus/GuiScoreLabel.h"
@@ -14,8 +15,6 @@
 #include "menus/MenuHost.h"
 
 namespace {
-
-constexpr float fullBody = 128.0f;  // particles in a full body of water
 
 // Since the level was finished; a second press while the first is served does nothing.
 bool scoreSubmitted = false;
@@ -112,7 +111,8 @@ void Menu_LevelFinished::AddCounters(MenuBuilder& builder) {
 
 void Menu_LevelFinished::Reset() {
     scoreSubmitted = false;
-    const float share = static_cast<float>(Result<&LevelResult::waterAtFinish>()) / fullBody;
+    const float share =
+        static_cast<float>(Result<&LevelResult::waterAtFinish>()) / static_cast<float>(fullBody);
     waterScoreCount->SetRampTime(waterRampTime * share);
     waterLevel->SetRampTime(waterRampTime * share);
     GuiScreen::Reset();

@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "SituationHash.h"
+#include "engine/FullBody.h"
 
 namespace {
 
@@ -101,8 +102,9 @@ bool Archive::Take(Copies::Number copy, Path path) {
 /// way: losses count for more the nearer to the start they happened.
 float Archive::Cost(const Found& found) const {
     const float progress = std::max(1.0f - found.distance / std::max(farthest, 1.0f), 0.0f);
-    const float lost = 128.0f - static_cast<float>(found.alive);
-    const float excused = progress * (128.0f - static_cast<float>(leastWater));
+    const float lost = static_cast<float>(fullBody) - static_cast<float>(found.alive);
+    const float excused =
+        progress * (static_cast<float>(fullBody) - static_cast<float>(leastWater));
     return found.distance + perLostDrop * lost + perEarlyLoss * std::max(lost - excused, 0.0f) +
            perSecond * static_cast<float>(found.elapsedMs) * 0.001f;
 }

@@ -8,6 +8,7 @@
 #include <charconv>
 
 #include "Copies.h"
+#include "engine/FullBody.h"
 
 const char* const solveHelpText =
     "Usage: vantrel-solve LEVEL.swah [-o FILE.run] [--minutes M] [--least N] [--improve]\n"
@@ -64,7 +65,7 @@ bool TakeValue(const std::string& name, const std::string& value, Options& optio
         return good;
     }
     if (name == "--least") {
-        return ParseNumber(value, 1u, 128u, search.leastWater);
+        return ParseNumber(value, 1u, fullBody, search.leastWater);
     }
     if (name == "--seed") {
         return ParseNumber(value, 0u, 0xffffffffu, search.seed);
