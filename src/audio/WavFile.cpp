@@ -23,7 +23,7 @@ constexpr std::uint32_t plainFormatSize = 16;
 /// The header and the format chunk; leaves the reader behind it.
 std::optional<Platform::PcmFormat> ReadFormat(ByteReader& reader) {
     const bool riff = reader.U32() == Mark("RIFF");
-    reader.U32();  // The file's size, which nobody keeps right.
+    reader.U32();  // The file's size, which many writers get wrong.
     const bool wave = reader.U32() == Mark("WAVE") && reader.U32() == Mark("fmt ");
     const std::uint32_t formatSize = reader.U32();
     const std::uint16_t tag = reader.U16();

@@ -44,7 +44,7 @@ void BufferedFile::Seek(std::ptrdiff_t offset, int origin) {
             break;
         case BackFromEnd:
             base = size;
-            // The smallest number has no counterpart; one off makes no difference out there.
+            // The smallest number has no negative; being one off makes no difference that far out.
             offset = -std::max(offset, -std::numeric_limits<std::ptrdiff_t>::max());
             break;
         case FromStart:

@@ -57,7 +57,7 @@ inline constexpr int historySize = 16;
 /// Ring of printed characters; `outputWrite` is the next index to write.
 extern std::array<char, outputSize> outputBuffer;
 extern std::uint32_t outputWrite;
-/// The line being typed; zeros behind its end.
+/// The line being typed, zero-filled.
 extern std::array<char, inputSize + 1> inputLine;
 extern std::uint32_t inputCursor;
 

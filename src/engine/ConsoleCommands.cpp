@@ -67,7 +67,7 @@ struct Form<const char*> : Form<std::string> {};
 template <typename Value>
 constexpr bool isText = !std::is_arithmetic_v<Value>;
 
-// What can be typed behind the name, for each shape of function.
+// What can be typed after the name, for each type of function.
 struct Describe {
     std::string operator()(ConsoleCommand::Action) const { return {}; }
     std::string operator()(ConsoleCommand::Call) const { return {}; }
@@ -106,7 +106,7 @@ void PrintValue(const ConsoleCommand::Text& value) {
     Print(value.value_or(""));
 }
 
-// Runs one command with one line's arguments: an overload per shape of function.
+// Runs one command with one line's arguments: an overload per type of function.
 struct Dispatch {
     const ConsoleCommand& command;
     const ConsoleArguments& arguments;

@@ -16,16 +16,16 @@
 #include <variant>
 #include <vector>
 
-/// What stands behind the name in a typed line.
+/// What follows the name in a typed line.
 struct ConsoleArguments {
-    std::string text;                ///< as typed, from behind the one blank after the name
+    std::string text;                ///< as typed, after the name and one blank
     std::vector<std::string> words;  ///< the same, split at blanks
 };
 
 /// A registered command: the function's signature decides how a typed line is converted.
 struct ConsoleCommand {
     using Action = void (*)();
-    /// A text that a function may decline to give; then nothing stands behind "is".
+    /// A text that a function may have none of; then nothing is printed after "is".
     using Text = std::optional<std::string>;
     /// False if the arguments don't fit, which prints the usage line. Made by `Console::Words` and
     /// `Console::SomeText`.
@@ -41,11 +41,11 @@ struct ConsoleCommand {
     std::string name;  ///< as registered, in its own case
     Function function;
     std::string description{};  ///< one sentence, for the documentation
-    /// What to type behind the name where the function's signature doesn't say it, like
+    /// What to type after the name where the function's signature doesn't say it, like
     /// "< x : number > < y : number >"; or a whole usage line that has a form of its own.
     std::string usage{};
 
-    /// What can be typed behind the name: "< true OR false OR nothing >". Empty for nothing.
+    /// What can be typed after the name: "< true OR false OR nothing >". Empty for nothing.
     std::string Arguments() const;
     /// What is printed when arguments don't fit.
     std::string UsageLine() const;
@@ -63,8 +63,8 @@ void RemoveCommand(std::string_view name);
 /// All bindings, by upper-cased name.
 const std::map<std::string, ConsoleCommand>& Commands();
 void RemoveAllCommands();
-/// Calls the command with what was typed behind its name and the one blank, or prints its usage
-/// line. The command must stay as it is meanwhile, even where it changes the registry.
+/// Calls the command with what was typed after its name and one blank, or prints its usage line.
+/// The command must stay valid until then, even if its function changes the registry.
 void RunCommand(const ConsoleCommand& command, std::string_view text);
 /// Adds the commands that need neither window nor textures.
 void AddBuiltInCommands();

@@ -9,7 +9,7 @@
 namespace {
 
 // Whether `point`, which lies on the line through s and e, lies between them. The longer axis
-// is the one to be trusted.
+// decides, as it is the more exact.
 bool IsWithin(Vector2 point, Vector2 s, Vector2 e) {
     const bool alongX = std::abs(e.x - s.x) >= std::abs(e.y - s.y);
     const float t = alongX ? (point.x - s.x) / (e.x - s.x) : (point.y - s.y) / (e.y - s.y);

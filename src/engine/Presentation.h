@@ -7,12 +7,12 @@ class Presentation {
 public:
     virtual ~Presentation() = default;
 
-    /// Round everything that a new level takes to load: something else is shown meanwhile.
+    /// Around the loading of a level, during which something else is shown.
     virtual void BeginLoading() {}
     virtual void EndLoading() {}
-    /// The level's polygons and tree stand: make what drawing the level needs.
+    /// The level's polygons and tree are built: make what drawing the level needs.
     virtual void PrepareLevel() {}
-    /// The level goes: drop what `PrepareLevel` made.
+    /// The level is unloaded: drop what `PrepareLevel` made.
     virtual void ReleaseLevel() {}
     /// The water's sprites and colours.
     virtual void PrepareWater() {}

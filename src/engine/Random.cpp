@@ -1,5 +1,6 @@
 // A multiplicative generator carried out in double precision; the 32 bits of a rounded float
-// become the next state. Every step is exact in IEEE arithmetic, so all builds draw alike.
+// become the next state. Every step is exact in IEEE arithmetic, so all builds give the same
+// sequence.
 
 #include "engine/Random.h"
 

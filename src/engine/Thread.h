@@ -1,11 +1,11 @@
 #pragma once
-// A thread that is made held and runs when it is released. Operations are called only by the
+// A thread that is created suspended and runs once it is resumed. Operations are called only by the
 // thread that owns the object.
 //
-// A running thread isn't stopped from outside: it might be holding a lock of the C library or
-// of the GL driver, and whoever wants it next would wait for ever. So `Suspend` is a wish, and
-// the routine grants it at its next `Thread::HoldPoint`, where it stays until `Resume`. A
-// routine without hold points runs on. Before its first release a thread is held for certain.
+// A running thread can't be stopped from outside: it might hold a lock of the C library or of the
+// GL driver, and the next thread to need that lock would deadlock. So `Suspend` is a request: the
+// routine honours it at its next `Thread::HoldPoint` and waits there until `Resume`. A routine
+// without hold points runs on. Before its first `Resume` a thread is certain to be suspended.
 
 #include <cstdint>
 #include <memory>
@@ -13,7 +13,7 @@
 
 class Thread {
 public:
-    /// Takes nothing of use, a null pointer; gives a result that nobody reads.
+    /// Called with a null pointer; the result is ignored.
     using Routine = std::uint32_t (*)(void*);
 
     /// Makes the thread, held. If the system has no thread to give, or without a routine,

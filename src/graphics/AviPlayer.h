@@ -22,8 +22,8 @@ public:
     AviPlayer(const AviPlayer&) = delete;
     AviPlayer& operator=(const AviPlayer&) = delete;
 
-    /// Shows frame 0. A file that can't be played is told of on the console and leaves the
-    /// player closed.
+    /// Shows frame 0. A file that can't be played is reported on the console and leaves the player
+    /// closed.
     void Open(const std::string& fileName);
     void Close();
     bool IsOpen() const { return video != nullptr; }

@@ -41,13 +41,13 @@ bool AviPlayer::MakeTexture() {
     glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
     glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA, static_cast<GLsizei>(textureWidth),
                  static_cast<GLsizei>(textureHeight), 0, GL_RGB, GL_UNSIGNED_BYTE, black.data());
-    // For everybody else's uploads.
+    // Back to the default, for other uploads.
     glPixelStorei(GL_UNPACK_ALIGNMENT, 4);
     return glName != 0;
 }
 
 void AviPlayer::ReleaseTexture() {
-    // With its window, the texture has gone already.
+    // Closing the window has already deleted the texture.
     if (glName != 0 && GLWindow::IsOpen()) {
         glDeleteTextures(1, &glName);
     }

@@ -9,7 +9,7 @@ namespace Console {
 void Draw();
 /// A copy of the font sheet, made at its first use from the settings.
 Texture Font();
-/// Lets the font go; run it before the texture manager goes down.
+/// Releases the font; run it before the texture manager shuts down.
 void ReleaseFont();
 
 }  // namespace Console

@@ -27,8 +27,7 @@ struct State {
     bool holding = false;  ///< and what has come since and waits for its end:
     bool heldResize = false;
     bool heldClose = false;
-    /// The window had the foreground since it was made or minimised: only then is not having
-    /// it a loss.
+    /// The window had the foreground since it was made or minimised: only then can it lose it.
     bool mayLoseFocus = false;
 };
 State state;
@@ -46,8 +45,8 @@ void TakeMousePosition(const Platform::Event& event) {
 /// Updates the stored state, calls the listener, then does what the window does by itself.
 void Dispatch(const Platform::Event& event) {
     using Platform::EventKind;
-    GLWindowEventListener nobody;
-    GLWindowEventListener& listener = state.listener != nullptr ? *state.listener : nobody;
+    GLWindowEventListener ignoring;
+    GLWindowEventListener& listener = state.listener != nullptr ? *state.listener : ignoring;
     switch (event.kind) {
         case EventKind::MouseMove:
             TakeMousePosition(event);
@@ -118,8 +117,8 @@ bool TryMakeWindow(const Platform::WindowSettings& settings) {
     return true;
 }
 
-/// A minimised window has its loss behind it: it may come back without the focus at first,
-/// and must not be minimised again for that.
+/// A minimised window has already lost the focus: it may come back without it at first, and must
+/// not be minimised again for that.
 void NoticeFocus() {
     Platform::Window& window = Platform::TheWindow();
     if (window.IsForeground()) {

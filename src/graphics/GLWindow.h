@@ -3,7 +3,7 @@
 // on one current listener. Nothing draws on a timer: a loop requests a repaint and pumps the
 // messages, and the paint event calls the listener's OnPaint. Main thread only.
 //
-// What the platform's window says or does by itself is passed on here in one line. The cursor is
+// Operations that the platform's window has in the same form are passed on inline. The cursor is
 // in graphics/GLWindowCursor.h, what display and GL offer in graphics/GLWindowDisplay.h, and
 // helpers that draw in graphics/GLWindowDraw.h.
 
@@ -36,9 +36,9 @@ unsigned Samples();
 /// Drains the event queue. If the window has lost the foreground it is minimised here, and
 /// the listener hears OnFocusLost, once per loss.
 void PumpMessages();
-/// From here to ReleaseEvents, while something is going on that needs its window as it is,
-/// PumpMessages neither closes nor minimises it: a close, a new size and a loss of the
-/// foreground are served by the first pump after that. Close is not to be called meanwhile.
+/// From here to ReleaseEvents, while something depends on the window staying as it is,
+/// PumpMessages neither closes nor minimises it: a close, a new size and a loss of the foreground
+/// are handled by the first pump after that. Close must not be called meanwhile.
 void HoldEvents();
 void ReleaseEvents();
 inline void RequestRepaint() {

@@ -1,6 +1,6 @@
 #pragma once
-// What the display and the window's GL context offer: display modes, gamma, extensions and the
-// wait for the screen. Main thread only.
+// What the display and the window's GL context offer: display modes, gamma, extensions and
+// vertical sync. Main thread only.
 
 #include <string>
 #include <string_view>

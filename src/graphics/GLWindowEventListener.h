@@ -1,6 +1,6 @@
 #pragma once
-// Who hears the window's events. At most one listener is current; whoever runs a modal loop
-// installs itself and restores its predecessor afterwards.
+// Receives the window's events. At most one listener is current; a modal loop installs its own and
+// restores the predecessor afterwards.
 
 class GLWindowEventListener {
 public:

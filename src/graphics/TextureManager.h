@@ -1,9 +1,8 @@
 #pragma once
-// Reference-counted cache of textures by upper-cased file name. Everybody else holds
-// `Texture` handles. Images come from the own TGA reader (32 bits), from SDL_image, from the
-// program's embedded images, or, last, from a generated checkerboard; no failure reaches the
-// caller. Without a device (a program without a screen) images aren't read at all, and names
-// are only counted.
+// Reference-counted cache of textures by upper-cased file name. All other code holds `Texture`
+// handles. Images come from the own TGA reader (32 bits), from SDL_image, from the program's
+// embedded images, or, last, from a generated checkerboard; no failure reaches the caller. Without
+// a device (a program without a screen) images aren't read at all, and names are only counted.
 
 #include <cstdint>
 #include <filesystem>
@@ -74,7 +73,7 @@ void ReloadAll();
 /// How often all images were loaded anew: what was worked out from them may have changed.
 std::uint32_t ReloadCount();
 /// Whether the image that the name shows now has an alpha channel or a colour key, unlike the
-/// copy in a handle. True for a name that nobody holds.
+/// copy in a handle. True for a name that isn't cached.
 bool HasAlpha(const std::string& name);
 void SetQuality(TextureQuality value);
 TextureQuality Quality();

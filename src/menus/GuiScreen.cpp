@@ -11,8 +11,8 @@
 
 namespace {
 
-/// Counts a queue down and runs what is due, the oldest first. Returns true if a callback left
-/// the screen. Callbacks may change the queue, so it is walked by index.
+/// Counts a queue down and runs the callbacks that are due, the oldest first. Returns true if a
+/// callback left the screen. Callbacks may change the queue, so it is walked by index.
 template <class Entry>
 bool RunQueue(std::vector<Entry>& queue, float dt) {
     std::size_t i = 0;

@@ -62,8 +62,8 @@ public:
     void OnPaint() override;
 
     Colour clearColour;           ///< background
-    bool clearBackground = true;  ///< false when the page lies over somebody else's frame
-    bool swapAfterPaint = true;   ///< false when somebody else ends the frame
+    bool clearBackground = true;  ///< false when the page lies over another frame
+    bool swapAfterPaint = true;   ///< false when the caller ends the frame
     Timer timer;                  ///< time base of the pending queues
     bool running = false;         ///< of `Run`
     GuiWidget* focus = nullptr;   ///< under the mouse or reached by keys; not owned

@@ -43,7 +43,7 @@ void GuiTextBox::SetText(const std::string& newText) {
 }
 
 void GuiTextBox::SetFontSize(float size) {
-    // Written so that a size that is no number becomes the smallest too.
+    // Written so that a NaN becomes the smallest too.
     fontSize = size > smallestFontSize ? size : smallestFontSize;
     Rewrap();
 }

@@ -10,7 +10,7 @@ namespace {
 
 constexpr const char* generalFile = "cfg\\menu_general.cfg";
 
-/// Cut towards zero and held within what a place on a screen can be; 0 for what is no number.
+/// Truncated, and clamped to positions that a screen can have; 0 for a NaN.
 int WholeUnits(float value) {
     constexpr float limit = 1.0e6f;
     return value == value ? static_cast<int>(std::clamp(value, -limit, limit)) : 0;

@@ -18,7 +18,7 @@
 
 class MenuBuilder {
 public:
-    /// Also sets up the screen as a page over somebody else's frame.
+    /// Also sets up the screen as a page over the game's frame.
     MenuBuilder(GuiScreen& builtScreen, const char* ownFile);
 
     /// The picture at the head of most menus; `resourceName` is its fallback, null for none.

@@ -1,6 +1,6 @@
 #pragma once
 // What the menus need of the game that shows them: they tell it what the player chose, and ask
-// it what to show. The game stands above the menus and says who that is.
+// it what to show. The game, which lies above the menus, sets the host.
 
 #include <cstdint>
 #include <span>

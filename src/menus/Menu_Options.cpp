@@ -14,8 +14,8 @@
 
 namespace {
 
-/// A chooser with "off" and "on", and which of them it showed before the player came to it. That
-/// may be nobody's choice (without a sound device, all is off), so it isn't worth keeping.
+/// A chooser with "off" and "on", and which of them it showed at first. Only a change is stored:
+/// without a sound device all is off, which isn't the player's choice.
 struct Switch {
     GuiOptionChooser* chooser = nullptr;
     unsigned shown = 0;

@@ -1,7 +1,7 @@
 #pragma once
 // Preconditions and invariants that are checked while the program runs. A caller that breaks one
-// has a fault of its own: nothing recovers, the program says where and aborts. What comes from
-// outside (files, settings, the player) is never asserted but refused.
+// has a bug: nothing recovers, the program says where and aborts. What comes from outside (files,
+// settings, the player) is never asserted but refused.
 //
 // On in every build that is tested with VANTREL_ASSERTS (debug, clang, sanitizers, fuzzing); in a
 // release build the condition is compiled, and never evaluated, so it must have no effects.

@@ -182,7 +182,7 @@ bool FfmpegVideo::DecodeNext() {
 
 bool FfmpegVideo::Convert() {
     if (pixels.empty()) {
-        // Some room behind, as the converter's last step of a row may be a wide one.
+        // With padding, as the converter may write beyond the end of a row.
         pixels.resize(static_cast<std::size_t>(RowBytes()) * static_cast<std::size_t>(height) + 64);
     }
     scaler.reset(sws_getCachedContext(scaler.release(), frame->width, frame->height,
@@ -224,7 +224,7 @@ const unsigned char* FfmpegVideo::Frame(std::uint32_t number) {
 }  // namespace
 
 std::unique_ptr<Video> Video::Open(const std::filesystem::path& file) {
-    // Complaints about bad files go to nobody: the caller says what can't be opened.
+    // The libraries' own messages are discarded: the caller says what can't be opened.
     av_log_set_level(AV_LOG_QUIET);
     try {
         auto video = std::make_unique<FfmpegVideo>();

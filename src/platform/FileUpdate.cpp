@@ -1,5 +1,5 @@
 // The one atomic writer; see FileUpdate.h. The lock is that of the directory itself, so that no
-// lock file stays behind; whoever holds it knows that all temporary files there are left over.
+// lock file stays behind; its holder knows that all temporary files there are left over.
 
 #include "platform/FileUpdate.h"
 
@@ -113,7 +113,7 @@ FileUpdate::FileUpdate(const fs::path& path)
     : target(BehindLinks(path)),
       directory(OpenDirectoryOf(target)),
       locked(directory >= 0 && Lock(directory)) {
-    VANTREL_ASSERT(!isUpdating);  // it would wait for itself
+    VANTREL_ASSERT(!isUpdating);  // it would deadlock
     isUpdating = true;
 }
 

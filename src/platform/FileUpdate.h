@@ -1,6 +1,6 @@
 #pragma once
-// Changing a file that is kept: what was read, thought over and written back is never torn, lost
-// to another program that does the same, or gone because the disk was full. Everything that the
+// Atomic updates of a file: a read, a change and a write that are never torn, never overwrite the
+// update of another program, and never lose the old contents to a full disk. Everything that the
 // programs save goes through here.
 
 #include <cstddef>
@@ -30,7 +30,7 @@ public:
     std::optional<std::string> SetAside() const;
     /// Writes through a temporary file that is flushed and then moved into place, with the old
     /// file's mode. On failure the old file stays, `false` comes back, and the temporary file is
-    /// gone. What killed programs left is swept first.
+    /// gone. Temporary files left by killed programs are removed first.
     bool Write(const void* data, std::size_t size) const;
     /// Whether `Write` would succeed now, found out with an empty temporary file.
     bool CanWrite() const;

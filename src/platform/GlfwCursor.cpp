@@ -1,4 +1,4 @@
-// The real window: cursor, and what the toolkit has to be made to tell of the pointer.
+// The real window: cursor, and the pointer moves that the toolkit has to be made to report.
 
 #include <cmath>
 
@@ -30,10 +30,10 @@ Point GlfwWindow::State::CursorPosition() const {
 }
 
 void GlfwWindow::State::PutPointer(double x, double y) {
-    // The toolkit keeps quiet about moves to where it put the pointer last, the player's, too,
+    // The toolkit doesn't report moves to where it put the pointer last, not even the player's,
     // and so the place of a press would be wrong. The X server takes 16 bits of each coordinate:
-    // with the 17th set the pointer goes where it should, and no move ever ends where the
-    // toolkit believes it to be.
+    // with the 17th set the pointer goes where it should, and no move ever ends where the toolkit
+    // believes it to be.
     constexpr double beyond = 65536.0;
     glfwSetCursorPos(window, std::floor(x) + beyond, std::floor(y) + beyond);
 }

@@ -69,7 +69,7 @@ bool GlfwWindow::State::ScreensHold(int width, int height) const {
                     std::max(last.y, at.y + modes[mode].height)};
         }
     }
-    // Without any screen nothing is known, and the window tells for itself.
+    // Without any screen nothing is known, and creating the window shows it.
     return count == 0 ||
            (width <= (last.x - first.x) * scale && height <= (last.y - first.y) * scale);
 }

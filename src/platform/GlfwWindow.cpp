@@ -17,7 +17,7 @@ namespace Platform {
 
 namespace {
 
-// The toolkit's last complaint. Most are of no interest (a desktop that can't minimise); the
+// The toolkit's last error. Most are of no interest (a desktop that can't minimise); the
 // text is shown only when no window could be made.
 int lastErrorCode = 0;
 std::string lastErrorText;
@@ -98,7 +98,7 @@ int ButtonOf(int button) {
     }
 }
 
-/// The lock keys' own events still tell of the state before them.
+/// The lock keys' own events still report the state before them.
 void TakeLocks(WindowInput& input, int key, int modifiers) {
     if (key != VirtualKey::capsLock && key != VirtualKey::numLock) {
         input.SetToggled(VirtualKey::capsLock, (modifiers & GLFW_MOD_CAPS_LOCK) != 0);
@@ -242,7 +242,7 @@ bool GlfwWindow::OffersSamples(unsigned count) {
     if (const auto known = state->offers.find(count); known != state->offers.end()) {
         return known->second;
     }
-    // The count of a hint is a wish; only a context tells what it comes to.
+    // The count of a hint is a request; only a context tells what was granted.
     bool offered = false;
     if (state->Start()) {
         GLFWwindow* current = glfwGetCurrentContext();

@@ -38,8 +38,8 @@ struct GlfwWindow::State {
     std::atomic<bool> borrowed = false;  ///< by the other thread
     std::thread::id ownThread = std::this_thread::get_id();
 
-    /// What the window told of itself last: to ask costs a round trip to the display, and a
-    /// frame would ask a dozen times. Empty without a window.
+    /// The window's state as last reported: asking costs a round trip to the display, and a frame
+    /// would ask a dozen times. Empty without a window.
     struct Told {
         Point size;  ///< of the client area, in the toolkit's units
         bool focused = false;
@@ -79,7 +79,7 @@ struct GlfwWindow::State {
     void ListenToEvents();
     void ApplyIcon();
     void Poll();
-    /// Fills the window until its first picture comes; it would show what lay under it.
+    /// Fills the window with a plain colour until its first frame; it would show what lay under it.
     void PaintPlainly();
     /// Fills `told` for the first time; events keep it up to date.
     void AskWindow();
@@ -87,14 +87,14 @@ struct GlfwWindow::State {
     double Scale() const;
     /// The cursor in client pixels.
     Point CursorPosition() const;
-    /// Moves the pointer so that all moves after it are told, too.
+    /// Moves the pointer so that all moves after it are reported.
     void PutPointer(double x, double y);
-    /// The toolkit is silent about moves to (0, 0) until it has moved the pointer itself.
+    /// The toolkit reports no moves to (0, 0) until it has moved the pointer itself.
     void HearOfEveryMove();
     /// The window has moved: the pointer at rest in it is at another place.
     void FollowUnderPointer();
-    /// Has the toolkit compare the next move with where the pointer is, not with the last place
-    /// that it told.
+    /// Has the toolkit compare the next move with where the pointer is, not with the last position
+    /// that it reported.
     void ForgetToolkitsPointer();
     /// Lets the desktop catch up until the client area has that size, for a moment at most:
     /// it may never grant it.

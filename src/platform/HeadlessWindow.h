@@ -1,7 +1,7 @@
 #pragma once
-// A window that exists in name: geometry, focus and keys without a display, all of it
-// scripted by whoever owns it. Whatever is asked of it happens at once. The cursor rests
-// outside of the client area until it is moved.
+// A window without a display: geometry, focus and keys are plain state, scripted by its owner.
+// Every request takes effect at once. The cursor rests outside of the client area until it is
+// moved.
 
 #include "platform/Window.h"
 #include "platform/WindowInput.h"

@@ -1,5 +1,5 @@
 #pragma once
-// How large a picture may be, whatever reads it.
+// How large a picture may be, for every reader.
 
 #include <cstdint>
 

@@ -1,7 +1,6 @@
 #pragma once
-// A look at an image file's header before a decoder sees it. Decoders take memory by the size
-// that a file announces, and trust much of what else stands there; so only kinds that are looked
-// at here reach one.
+// Checks of an image file before a decoder sees it. Decoders allocate by the size that a file
+// announces, and trust much of the rest; so only kinds that are checked here reach one.
 
 #include <cstddef>
 #include <optional>

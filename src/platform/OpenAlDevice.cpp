@@ -32,7 +32,8 @@ void SayNothing(const char* /*file*/, int /*line*/, const char* /*function*/, in
                 const char* /*format*/, ...) {}
 
 /// Where there is no sound card, the audio library and the driver below it would write nine lines
-/// to standard error; the game has one of its own. Who asks for the library's log gets it all.
+/// to standard error; the game has one of its own. A user who asks for the library's log gets all
+/// of it.
 void SilenceLibraries() {
     if (std::getenv("ALSOFT_LOGLEVEL") != nullptr) {
         return;

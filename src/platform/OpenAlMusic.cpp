@@ -12,7 +12,7 @@ namespace {
 
 using Guard = std::lock_guard<std::mutex>;
 
-// Enough to fill the queue within moments, and little enough to keep nobody waiting.
+// Enough to fill the queue within moments, and little enough not to hold up the game.
 constexpr int chunksPerFeed = 2;
 
 ALint SourceValue(ALuint source, ALenum name) {
@@ -182,8 +182,8 @@ bool OpenAlMusic::FillChunk() {
     return true;
 }
 
-/// Doubles the scratch's values in place, from the back. A single channel would be panned by
-/// the device's own laws.
+/// Doubles the scratch's values in place, from the back. The device would pan a single channel in
+/// its own way.
 void OpenAlMusic::SpreadToBothSides(std::size_t samples) {
     for (std::size_t i = samples; i-- > 0;) {
         scratch[2 * i] = scratch[i];

@@ -39,7 +39,7 @@ std::vector<std::byte> BothSides(const OpenAlSample& mono) {
 
 // Device
 
-/// Gives the device a sample, in stereo: it would pan a single channel by its own laws, to a
+/// Gives the device a sample, in stereo: it would pan a single channel in its own way, to a
 /// loudness that depends on the speakers.
 void OpenAlAudio::State::Upload(OpenAlSample& sample) {
     const bool isMono = sample.format.channels == 1;
@@ -150,7 +150,7 @@ bool OpenAlAudio::State::TakeFromSilentVoice() {
     return true;
 }
 
-/// A source that nobody uses; 0 if all are audible.
+/// A free source, or that of a silent voice; 0 if all are audible.
 ALuint OpenAlAudio::State::TakeSource() {
     if (freeSources.empty() && !sourcesExhausted) {
         ALuint source = 0;

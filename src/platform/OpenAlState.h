@@ -1,5 +1,5 @@
 #pragma once
-// What stands behind OpenAlAudio: the samples, the voices, the sources they share and the
+// The state of OpenAlAudio: the samples, the voices, the sources they share and the
 // thread that keeps device and music going.
 
 #include <AL/al.h>
@@ -18,7 +18,7 @@ namespace Platform {
 
 struct OpenAlSample {
     PcmFormat format;
-    std::vector<std::byte> data;  // kept, for a device that comes back knows nothing
+    std::vector<std::byte> data;  // kept, since a device that comes back has lost its samples
     ALuint buffer = 0;            // 0: no device
 };
 

@@ -1,5 +1,5 @@
 #pragma once
-// Values behind ids that are never given out twice: an id whose value is gone finds nothing.
+// Values found by ids that are never reused: the id of a removed value finds nothing.
 
 #include <cstdint>
 #include <optional>

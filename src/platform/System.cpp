@@ -24,7 +24,7 @@ std::optional<pid_t> StartDialog(const char* kind, const std::string& text,
                                  const std::string& caption) {
     const char* display = std::getenv("DISPLAY");
     const char* wayland = std::getenv("WAYLAND_DISPLAY");
-    // Whoever started the program in a terminal reads the message there.
+    // A user who started the program in a terminal reads the message there.
     if ((display == nullptr && wayland == nullptr) || isatty(STDERR_FILENO) != 0) {
         return std::nullopt;
     }
@@ -64,7 +64,7 @@ MemoryStatus PhysicalMemory() {
 void ShowMessage(const std::string& text, const std::string& caption) {
     std::fprintf(stderr, "%s: %s\n", caption.c_str(), text.c_str());
     std::fflush(stderr);
-    // Nobody waits for the box: the program may be about to end, and the box outlives it.
+    // The box isn't waited for: the program may be about to end, and the box outlives it.
     StartDialog("--info", text, caption);
 }
 

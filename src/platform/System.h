@@ -15,11 +15,11 @@ MemoryStatus PhysicalMemory();
 
 /// Tells the user on standard error and, where a desktop offers one, in a box.
 void ShowMessage(const std::string& text, const std::string& caption);
-/// Asks the user; false where nobody can be asked.
+/// Asks the user; false where there is no way to ask.
 bool AskYesNo(const std::string& text, const std::string& caption);
 
 /// While on, a call of exit ends the process as `EndProcess` does. Libraries call it when the
-/// display is gone, from any thread, and in the middle of everything.
+/// display is gone, from any thread and at any moment.
 void EndAtOnceOnExit(bool on);
 
 /// Ends the process at once with the given status, after flushing the standard streams.

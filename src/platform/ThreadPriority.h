@@ -1,5 +1,5 @@
 #pragma once
-// How much of the processor a thread gets against others.
+// A thread's priority against others.
 
 #include <cstdint>
 

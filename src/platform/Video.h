@@ -14,8 +14,8 @@ public:
 
     int Width() const { return width; }  ///< pixels
     int Height() const { return height; }
-    /// Frames that the file really holds, whatever its header says. A file that leaves frames
-    /// out shows the one before again in their place; they count.
+    /// Frames that the file really holds, whatever its header says. A dropped frame counts, and
+    /// repeats the one before it.
     std::uint32_t FrameCount() const { return frameCount; }
     /// How long a frame is on show, in whole milliseconds, rounded down.
     int FrameMilliseconds() const { return frameMilliseconds; }

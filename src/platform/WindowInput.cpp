@@ -104,7 +104,7 @@ void WindowInput::Clear() {
     events.clear();
     repaint = false;
     buttons = 0;
-    SetPointer(0, 0);  // as the toolkit has it for a window that no pointer was in
+    SetPointer(0, 0);  // the toolkit's position for a window that no pointer was in
     for (Key& key : keys) {
         key.held = 0;
     }

@@ -21,14 +21,14 @@ public:
     /// A character, which belongs to the key-down queued right before it. One without a key
     /// comes with `VirtualKey::unnamed`.
     void AddCharacter(std::uint32_t codePoint);
-    /// At the place of the last move: a pointer has moved on by the time that its press is read.
+    /// At the position of the last move: by the time that a press is read the pointer has moved on.
     void AddButton(int button, bool down);
     void AddMouseMove(int x, int y);
     /// Where the pointer is, without an event.
     void SetPointer(int x, int y);
     bool IsPointerAt(int x, int y) const { return x == pointerX && y == pointerY; }
     void AddEvent(const Event& event) { events.push_back(event); }
-    /// Sets the state of a lock key, known better from elsewhere than from its presses.
+    /// Sets the state of a lock key, where the system tells it.
     void SetToggled(int virtualKey, bool on);
     void RequestRepaint() { repaint = true; }
 

@@ -8,7 +8,7 @@
 
 #include "platform/System.h"
 
-// Of the toolkit, but not in all of its builds. Its own header for them wants more of X11.
+// Of the toolkit, but not in all of its builds. Its own header for them needs more of X11.
 extern "C" {
 [[gnu::weak]] Display* glfwGetX11Display();
 [[gnu::weak]] Window glfwGetX11Window(GLFWwindow* window);
@@ -18,9 +18,8 @@ namespace Platform {
 
 namespace {
 
-/// In whatever thread drew last, and possibly with the display library's locks held. There is
-/// nothing to go back to: returning calls exit, and the GL driver, which tidies up then, wants
-/// the display again.
+/// Called on the thread that drew last, possibly with the display library's locks held. Returning
+/// isn't an option: it calls exit, and the GL driver's clean-up would use the display again.
 int EndWithDisplay(Display* /*display*/) {
     std::fputs("The display is gone\n", stderr);
     EndProcess(1);

@@ -1,16 +1,16 @@
 #pragma once
-// What the X server has to be asked directly: the toolkit would wait for the outcome, for ever if
-// other events come in and the desktop keeps the window to itself, or doesn't care.
+// Requests that go to the X server directly: the toolkit would wait for their outcome, possibly
+// for ever.
 
 struct GLFWwindow;
 
 namespace Platform {
 
-/// Asks for a window to be shown, a minimised one, too, and comes back at once. False where the
+/// Asks for a window to be shown, also a minimised one, and returns at once. False where the
 /// toolkit doesn't use X11.
 bool RequestShow(GLFWwindow* window);
 
-/// The process ends with a line and status 1 when its display server goes.
+/// From now on the process ends with a message and status 1 when its display server goes away.
 void WatchDisplay();
 
 }  // namespace Platform

@@ -294,9 +294,9 @@ TEST_F(MenuGraphTest, OptionsCountByTheButtonAndAreDroppedByEscape) {
     EXPECT_EQ(MenuManager::Current(), 1);
     EXPECT_EQ(MusicPlayer::Volume(), 0);
     EXPECT_EQ(SoundManager::MasterVolume(), 1.0f) << "half is on";
-    EXPECT_EQ(stored("Music") + stored("Sound"), "0") << "and nobody touched it";
+    EXPECT_EQ(stored("Music") + stored("Sound"), "0") << "and no key touched it";
 
-    // Without a device there is no music to hear, and "off" shows; that is nobody's choice.
+    // Without a device there is no music to hear, and "off" shows; that isn't the player's choice.
     PreferenceStore::OpenKey(preferences).SetValue("Music", "1");
     MusicPlayer::Shutdown();
     ShowFrom(1, 3);

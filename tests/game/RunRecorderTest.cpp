@@ -110,7 +110,7 @@ TEST_F(Replay, EndsWithTheFinishedLevelAsInPlay) {
     EXPECT_EQ(StateHash(), end);
     EXPECT_EQ(LevelProgress::TotalScore(), score);
     EXPECT_EQ(MenuManager::Current(), MenuManager::LevelFinished);
-    EXPECT_TRUE(RunRecorder::WasReplayed()) << "its score is nobody's";
+    EXPECT_TRUE(RunRecorder::WasReplayed()) << "its score doesn't count";
 }
 
 TEST_F(Replay, NamesNoLevelOutsideOfTheGame) {

@@ -109,7 +109,7 @@ TEST_F(WidgetTest, TellsTheTimeOnceItsPredecessorIsDone) {
     GuiLevelTimeDisplay display;
     display.SetRampTime(1.0f);
     PaintAfter(display, 5000);
-    EXPECT_EQ(painter.LastText(), "00:00:00");  // nobody to wait for: it never starts
+    EXPECT_EQ(painter.LastText(), "00:00:00");  // without a predecessor it never starts
     display.predecessor = &before;
     before.SetRampTime(1.0f);
     display.Reset();

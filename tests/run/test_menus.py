@@ -23,7 +23,7 @@ from tiled import Map  # noqa: E402 (found by the line above)
 
 LEVEL_TOOL = sys.argv.pop(2)
 PROGRAM = sys.argv.pop(1)
-# A device that plays to nobody, so that the music's volume means something.
+# A silent device, so that the music's volume means something.
 os.environ.setdefault("ALSOFT_DRIVERS", "null")
 
 # In menu units; no menu has a widget there. Going from one to the other, the pointer tells that

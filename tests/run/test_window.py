@@ -74,7 +74,7 @@ class WhileLoading(unittest.TestCase):
 
 class Closing(unittest.TestCase):
     def test_a_minimised_fullscreen_game_closes_on_a_busy_desktop(self):
-        """Desktops set properties of windows at any time: events that nobody waits for."""
+        """Desktops set properties of windows at any time: events that the game ignores."""
         game = Driver(PROGRAM)
         self.addCleanup(game.close)
         game.toggle_console()

@@ -3,7 +3,7 @@
 // copy is a fork: it shares all memory until either side writes. A paused copy can be copied
 // again, any number of times; each new copy plays one move and pauses.
 //
-// All copies are children of the process that made this object, whoever they are copied from.
+// All copies are children of the process that made this object, whichever copy they are made from.
 // They end with the object, and with that process, however it ends.
 
 #include <sys/types.h>

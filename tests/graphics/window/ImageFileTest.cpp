@@ -61,7 +61,7 @@ TEST(ImageFile, RefusesWhatTheDecodersAreNotTrustedWith) {
     }
 }
 
-TEST(ImageFile, RefusesSizesThatTheFileCannotFillOrNobodyCanBear) {
+TEST(ImageFile, RefusesSizesThatTheFileCannotFillOrMemoryCannotHold) {
     struct Field {
         const char* sample;
         std::size_t place;
