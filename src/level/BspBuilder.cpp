@@ -179,8 +179,9 @@ private:
             return;
         }
         const std::size_t kept = child.Size() - child.pieces.size();
+        // Ends that are looked at, and what it takes to begin.
         const auto cost = [](std::size_t splitters, std::size_t edgeCount) {
-            return static_cast<double>(splitters) * BspSideCounter::Cost(edgeCount);
+            return splitters * (edgeCount + 16);
         };
         if (cost(child.Size(), child.Size()) < cost(kept, parent.Size() - kept) +
                                                    cost(kept, child.pieces.size()) +
