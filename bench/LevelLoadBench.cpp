@@ -80,7 +80,13 @@ void SplitLargeOutline(benchmark::State& state) {
         benchmark::DoNotOptimize(polygon.triangleCount);
     }
 }
-BENCHMARK(SplitLargeOutline)->Arg(64)->Arg(1000)->Arg(65535)->Unit(benchmark::kMillisecond);
+BENCHMARK(SplitLargeOutline)
+    ->Arg(64)
+    ->Arg(200)
+    ->Arg(1000)
+    ->Arg(5000)
+    ->Arg(65535)
+    ->Unit(benchmark::kMillisecond);
 
 void LoadLevel(benchmark::State& state) {
     const TemporaryDirectory directory;

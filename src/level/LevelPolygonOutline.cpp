@@ -1,4 +1,4 @@
-// The plain walks, and the choice between them and the trees.
+// The plain walks, and the choice between them and the tree.
 
 #include "level/LevelPolygonOutline.h"
 
@@ -10,14 +10,13 @@
 LevelPolygonOutline::LevelPolygonOutline(std::span<const Vector2> outline) : points(outline) {
     VANTREL_ASSERT(points.size() >= 3);
     if (points.size() > plainLimit) {
-        sideTree.emplace(points);
-        pointTree.emplace(points);
+        tree.emplace(points);
     }
 }
 
 bool LevelPolygonOutline::Crosses(Vector2 a, Vector2 b) {
-    if (sideTree) {
-        return IsExhausted() || sideTree->Crosses(a, b, work);
+    if (tree) {
+        return IsExhausted() || tree->Crosses(a, b, work);
     }
     for (std::size_t i = 0; i < points.size(); ++i) {
         if (SegmentsCross(a, b, points[i], points[i + 1 < points.size() ? i + 1 : 0])) {
@@ -28,8 +27,8 @@ bool LevelPolygonOutline::Crosses(Vector2 a, Vector2 b) {
 }
 
 bool LevelPolygonOutline::HoldsPoint(const std::array<Vector2, 3>& triangle) {
-    if (pointTree) {
-        return IsExhausted() || pointTree->Holds(triangle, work);
+    if (tree) {
+        return IsExhausted() || tree->HoldsPoint(triangle, work);
     }
     return std::any_of(points.begin(), points.end(), [&](Vector2 p) {
         return p != triangle[0] && p != triangle[1] && p != triangle[2] &&

@@ -1,7 +1,7 @@
 #pragma once
 // Questions to a closed outline: does a segment cross a side, does a triangle hold a point.
-// Small outlines are walked from end to end; larger ones stand in trees that give the same
-// answers, rounding included.
+// Small outlines are walked from end to end; those of larger ones stand in a tree that gives the
+// same answers, rounding included.
 
 #include <array>
 #include <cstddef>
@@ -10,7 +10,6 @@
 #include <span>
 
 #include "engine/Vector2.h"
-#include "level/LevelPolygonPointTree.h"
 #include "level/LevelPolygonSideTree.h"
 
 class LevelPolygonOutline {
@@ -34,7 +33,6 @@ private:
     static constexpr std::uint64_t workLimit = 150'000'000;
 
     std::span<const Vector2> points;
-    std::optional<LevelPolygonSideTree> sideTree;
-    std::optional<LevelPolygonPointTree> pointTree;
+    std::optional<LevelPolygonSideTree> tree;
     std::uint64_t work = 0;
 };

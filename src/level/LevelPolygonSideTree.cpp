@@ -17,6 +17,7 @@
 #include <limits>
 
 #include "engine/Geometry.h"
+#include "level/LevelPolygonTriangleReach.h"
 #include "platform/Assert.h"
 
 namespace {
@@ -197,14 +198,33 @@ bool LevelPolygonSideTree::Crosses(Vector2 a, Vector2 b, std::uint64_t& work) co
         return false;
     }
     const Query query(a, b, precision);
-    return std::any_of(roots.begin(), roots.end(),
-                       [&](std::uint32_t root) { return Search(root, query, work); });
+    return std::any_of(roots.begin(), roots.end(), [&](std::uint32_t root) {
+        const std::uint32_t any = sides[nodes[root].first];
+        const bool alongX = Shape(Start(any), End(any)).alongX;
+        return FindsSide(
+            root, [&](const Node& node) { return query.Misses(node, alongX); },
+            [&](std::uint32_t side) { return SegmentsCross(a, b, Start(side), End(side)); }, work);
+    });
 }
 
-bool LevelPolygonSideTree::Search(std::uint32_t root, const Query& query,
-                                  std::uint64_t& work) const {
-    const std::uint32_t any = sides[nodes[root].first];
-    const bool alongX = Shape(Start(any), End(any)).alongX;
+bool LevelPolygonSideTree::HoldsPoint(const std::array<Vector2, 3>& triangle,
+                                      std::uint64_t& work) const {
+    const LevelPolygonTriangleReach reach(triangle);
+    const auto misses = [&reach](const Node& node) { return reach.Misses(node); };
+    // Each point is the start of a side.
+    const auto isHeld = [&](std::uint32_t side) {
+        const Vector2 point = Start(side);
+        return std::find(triangle.begin(), triangle.end(), point) == triangle.end() &&
+               PointInConvexPolygon(point.x, point.y, triangle);
+    };
+    return reach.HasInside() && std::any_of(roots.begin(), roots.end(), [&](std::uint32_t root) {
+               return FindsSide(root, misses, isHeld, work);
+           });
+}
+
+template <class Misses, class Test>
+bool LevelPolygonSideTree::FindsSide(std::uint32_t root, const Misses& misses, const Test& passes,
+                                     std::uint64_t& work) const {
     // Halving keeps the depth below 32.
     std::array<std::uint32_t, 64> stack;
     std::size_t depth = 0;
@@ -213,7 +233,7 @@ bool LevelPolygonSideTree::Search(std::uint32_t root, const Query& query,
         const std::uint32_t index = stack[--depth];
         const Node& node = nodes[index];
         ++work;
-        if (query.Misses(node, alongX)) {
+        if (misses(node)) {
             continue;
         }
         if (node.right != 0) {
@@ -222,10 +242,9 @@ bool LevelPolygonSideTree::Search(std::uint32_t root, const Query& query,
             continue;
         }
         work += node.count;
-        for (std::uint32_t i = node.first; i < node.first + node.count; ++i) {
-            if (SegmentsCross(query.a, query.b, Start(sides[i]), End(sides[i]))) {
-                return true;
-            }
+        const auto first = sides.begin() + node.first;
+        if (std::any_of(first, first + node.count, passes)) {
+            return true;
         }
     }
     return false;

@@ -1,5 +1,6 @@
 #pragma once
-// The sides of a large outline in trees of bounds, to ask whether a segment crosses one.
+// The sides of a large outline in trees of bounds, to ask whether a segment crosses one or a
+// triangle holds one of their ends.
 
 #include <array>
 #include <cstdint>
@@ -16,6 +17,9 @@ public:
     /// Whether `SegmentsCross` says so of ab and any side, the closing side included. Adds
     /// what it cost, in tests, to `work`.
     bool Crosses(Vector2 a, Vector2 b, std::uint64_t& work) const;
+    /// Whether `PointInConvexPolygon` holds for the triangle and any point that isn't one of
+    /// its corners. Adds what it cost as well.
+    bool HoldsPoint(const std::array<Vector2, 3>& triangle, std::uint64_t& work) const;
 
 private:
     /// What rounding makes of a segment; see the .cpp.
@@ -50,7 +54,10 @@ private:
     void Build(std::uint32_t first, std::uint32_t count);
     Node Bound(std::uint32_t first, std::uint32_t count) const;
     void SplitAtMedian(std::uint32_t first, std::uint32_t count);
-    bool Search(std::uint32_t root, const Query& query, std::uint64_t& work) const;
+    /// Whether any side below a root passes; nodes that the question misses are left out.
+    template <class Misses, class Test>
+    bool FindsSide(std::uint32_t root, const Misses& misses, const Test& passes,
+                   std::uint64_t& work) const;
 
     std::span<const Vector2> points;
     double precision = 0.0;            ///< rounding unit of the largest coordinate
