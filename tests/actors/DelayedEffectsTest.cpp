@@ -12,50 +12,10 @@
 #include "actors/TriggerEffects.h"
 #include "engine/Console.h"
 #include "level/Limits.h"
+#include "reference/PlainTriggers.h"
 #include "support/TestWorld.h"
 
 namespace {
-
-/// Fires and runs delayed effects without any sharing. Like the manager's step, but for all
-/// triggers, near the camera or not, and without groups.
-class PlainTriggers {
-public:
-    void Step(float dt) {
-        for (Entry& entry : entries) {
-            entry.timeLeft -= dt;
-            if (entry.timeLeft <= 0.0f) {
-                entry.trigger->effect({*entry.trigger, {}, entry.dt, events});
-            }
-        }
-        std::erase_if(entries, [](const Entry& entry) { return entry.timeLeft <= 0.0f; });
-        for (Particle& particle : ParticleManager::particles) {
-            for (Trigger& trigger : TriggerManager::triggers) {
-                if (!trigger.IsSpent() && trigger.Contains(particle.position)) {
-                    Fire(trigger, particle, dt);
-                }
-            }
-        }
-    }
-
-private:
-    struct Entry {
-        Trigger* trigger;
-        float dt;
-        float timeLeft;
-    };
-
-    void Fire(Trigger& trigger, Particle& particle, float dt) {
-        ++trigger.fireCount;
-        if (trigger.delay > 0.0f) {
-            entries.push_back({&trigger, dt, trigger.delay});
-        } else {
-            trigger.effect({trigger, {&particle}, dt, events});
-        }
-    }
-
-    std::vector<Entry> entries;
-    TriggerEvents events;
-};
 
 /// A call of a type of our own: the trigger's id, and the time of the step of firing.
 using Call = std::pair<std::uint32_t, float>;
@@ -147,7 +107,7 @@ auto Play(unsigned seed, Triggers step) {
 
 TEST(DelayedEffects, ComeInTheOrderOfThePlainForm) {
     for (unsigned seed = 0; seed < 12; ++seed) {
-        PlainTriggers plain;
+        Plain::Triggers plain;
         const auto expected = Play(seed, [&plain](float dt) { plain.Step(dt); });
         const auto found = Play(seed, [](float dt) { TriggerManager::Step(Camera::Look(), dt); });
         for (std::size_t i = 0; i < expected.first.size(); ++i) {
