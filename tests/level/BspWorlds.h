@@ -121,8 +121,8 @@ inline std::list<LevelPolygon> Nudged(std::uint32_t seed, std::list<LevelPolygon
     Dice dice(seed);
     for (LevelPolygon& polygon : polygons) {
         for (std::size_t i = 0; i < polygon.PointCount(); ++i) {
-            polygon.pointsX[i] += 0.004f * static_cast<float>(dice.Below(11) - 5);
-            polygon.pointsY[i] += 0.004f * static_cast<float>(dice.Below(11) - 5);
+            polygon.pointsX[i] += dice.Within(-0.02f, 0.02f);
+            polygon.pointsY[i] += dice.Within(-0.02f, 0.02f);
         }
     }
     return polygons;
