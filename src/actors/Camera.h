@@ -5,6 +5,7 @@
 
 #include <optional>
 
+#include "engine/Page.h"
 #include "engine/Vector2.h"
 #include "level/View.h"
 
@@ -31,7 +32,7 @@ float WantedTurn();
 /// the camera keeps its angle.
 void Step(std::optional<float> turn, float dt);
 /// What a picture of that size shows, units at zoom 1.
-View Look(float width = 800.0f, float height = 600.0f);
+View Look(float width = Page::width, float height = Page::height);
 /// Loads the world transform of the view (CameraDraw.cpp).
 void ApplyView(const View& view);
 void Zoom();

@@ -20,10 +20,6 @@ Timer frameTimer;
 
 namespace {
 
-struct Colour {
-    float r = 0.0f, g = 0.0f, b = 0.0f, a = 0.0f;
-};
-
 /// Level time of the last pass of each check point, milliseconds.
 std::map<const Trigger*, std::uint32_t> times;
 std::uint32_t previousTime = 0;
@@ -37,20 +33,15 @@ Colour timeColour;
 Colour slowerColour;  // of a difference; also for equal times
 Colour fasterColour;
 
-Colour ReadColour(const ConfigFile& file, const std::string& name) {
-    return {file.GetFloat(name + "_r"), file.GetFloat(name + "_g"), file.GetFloat(name + "_b"),
-            file.GetFloat(name + "_a")};
-}
-
 void ReadSettings() {
     const ConfigFile file("cfg\\checkPoints.cfg");
     if (!font) {
         font.emplace(file.GetString("font"), "");
     }
     fontSize = file.GetFloat("fontSize");
-    timeColour = ReadColour(file, "fontColor");
-    slowerColour = ReadColour(file, "slowerFontColor");
-    fasterColour = ReadColour(file, "fasterFontColor");
+    timeColour = file.GetColour("fontColor");
+    slowerColour = file.GetColour("slowerFontColor");
+    fasterColour = file.GetColour("fasterFontColor");
     top = file.GetFloat("y_position");
     constexpr float shortest = 0.01f;
     fadeTime = file.GetFloat("fadeTime");
@@ -126,11 +117,8 @@ std::optional<Display> Current(std::uint32_t time) {
         return std::nullopt;
     }
     Display display;
-    const Colour colour = WriteText(display.text, time);
-    display.red = colour.r;
-    display.green = colour.g;
-    display.blue = colour.b;
-    display.alpha = colour.a * FadeFactor();
+    display.colour = WriteText(display.text, time);
+    display.colour.a *= FadeFactor();
     display.top = top;
     display.size = fontSize;
     return display;

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <optional>
 
+#include "engine/Colour.h"
+
 struct Trigger;
 
 namespace CheckPointTimesManager {
@@ -21,10 +23,10 @@ void Draw(std::uint32_t time);
 
 // What drawing is made of.
 
-/// A text as it shows now, in its box across the 800 by 600 menu space.
+/// A text as it shows now, in its box across the page.
 struct Display {
     std::array<char, 16> text{};  ///< ends with a zero
-    float red = 0.0f, green = 0.0f, blue = 0.0f, alpha = 0.0f;
+    Colour colour;
     float top = 0.0f;
     float size = 0.0f;
 };

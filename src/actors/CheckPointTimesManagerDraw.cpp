@@ -4,6 +4,7 @@
 
 #include "actors/CheckPointTimesManager.h"
 #include "actors/CheckPointTimesState.h"
+#include "engine/Page.h"
 #include "graphics/GLWindow.h"
 #include "graphics/GLWindowDraw.h"
 
@@ -15,14 +16,11 @@ void Draw(std::uint32_t time) {
     if (!display) {
         return;
     }
-    constexpr float menuWidth = 800.0f;
-    constexpr float menuHeight = 600.0f;
     GLWindow::SetPixelProjection();
-    glScalef(static_cast<float>(GLWindow::ClientWidth()) / menuWidth,
-             static_cast<float>(GLWindow::ClientHeight()) / menuHeight, 0.0f);
-    font->DrawTextCentred(display->text.data(), 0.0f, display->top, menuWidth, display->size,
-                          display->size,
-                          {display->red, display->green, display->blue, display->alpha});
+    glScalef(static_cast<float>(GLWindow::ClientWidth()) / Page::width,
+             static_cast<float>(GLWindow::ClientHeight()) / Page::height, 0.0f);
+    font->DrawTextCentred(display->text.data(), 0.0f, display->top, Page::width, display->size,
+                          display->size, display->colour);
     AdvanceFade(frameTimer.deltaSeconds);
 }
 

@@ -60,9 +60,8 @@ void DebugLabels::Draw() {
     }
     glEnd();
     glPopAttrib();
-    constexpr DebugDraw::Colour white{1.0f, 1.0f, 1.0f};
     for (const Label& label : all) {
-        DebugDraw::Label(label.at, label.text.c_str(), size, white);
+        DebugDraw::Label(label.at, label.text.c_str(), size, Colours::white);
     }
     used = 0;
 }

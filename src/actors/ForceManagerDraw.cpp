@@ -12,11 +12,8 @@ namespace {
 
 DebugLabels labels;
 
-constexpr DebugDraw::Colour green{0.0f, 1.0f, 0.0f};
-constexpr DebugDraw::Colour red{1.0f, 0.0f, 0.0f};
-
 void DrawForce(const Force& force) {
-    const DebugDraw::Colour colour = force.enabled ? green : red;
+    const Colour colour = force.enabled ? Colours::green : Colours::red;
     const Vector2 tip = force.position + force.direction * 32.0f;
     const Vector2 back = tip - force.direction * 8.0f;
     const Vector2 side = Vector2{-force.direction.y, force.direction.x} * 8.0f;

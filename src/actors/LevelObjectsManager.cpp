@@ -9,23 +9,10 @@
 #include "engine/ConfigFile.h"
 #include "engine/Console.h"
 #include "engine/ConsoleCommands.h"
-#include "engine/Text.h"
-#include "graphics/TextureManager.h"
 #include "platform/Assert.h"
 
 void LevelObject::SetTexture(const std::string& name) {
-    std::vector<std::string> names;
-    if (UpperCased(name).find("_FRAME") != std::string::npos) {
-        TextureManager::ExpandFrameNames(name, names);
-    }
-    if (names.empty()) {
-        names.push_back(name);
-    }
-    frames.clear();
-    frames.reserve(names.size());
-    for (const std::string& file : names) {
-        frames.emplace_back(file, "DEFAULT_SPRITE");
-    }
+    frames = LoadFrames(name);
     frameCount = static_cast<std::uint32_t>(frames.size());
     frame = 0;
 }

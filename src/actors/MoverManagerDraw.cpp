@@ -13,16 +13,12 @@ namespace {
 
 DebugLabels labels;
 
-constexpr DebugDraw::Colour white{1.0f, 1.0f, 1.0f};
-constexpr DebugDraw::Colour green{0.0f, 1.0f, 0.0f};
-constexpr DebugDraw::Colour red{1.0f, 0.0f, 0.0f};
-
 void DrawMovers(const View& view) {
     labels.Begin(view);
     for (const Mover& mover : movers) {
-        DebugDraw::Line(mover.start, mover.end, white);
-        DebugDraw::Point(mover.start, green, 3.0f);
-        DebugDraw::Point(mover.end, green, 3.0f);
+        DebugDraw::Line(mover.start, mover.end, Colours::white);
+        DebugDraw::Point(mover.start, Colours::green, 3.0f);
+        DebugDraw::Point(mover.end, Colours::green, 3.0f);
         char text[64];
         std::snprintf(text, sizeof text, "Id: %1i Speed: %2f ", static_cast<int>(mover.id),
                       static_cast<double>(mover.speed));
@@ -32,7 +28,7 @@ void DrawMovers(const View& view) {
 }
 
 void DrawCollider(const MoverCollider& collider) {
-    const DebugDraw::Colour colour = collider.polygon->solid ? green : red;
+    const Colour colour = collider.polygon->solid ? Colours::green : Colours::red;
     const Vector2 offset = collider.polygon->offset;
     for (const BspSegment& edge : collider.edges) {
         const Vector2 start = edge.start + offset;

@@ -12,11 +12,9 @@ namespace {
 
 DebugLabels labels;
 
-constexpr DebugDraw::Colour white{1.0f, 1.0f, 1.0f};
-
 void DrawSource(const SoundSource& source) {
     const Vector2 position{source.x, source.y};
-    DebugDraw::Point(position, white, 4.0f);
+    DebugDraw::Point(position, Colours::white, 4.0f);
     char text[160];
     std::snprintf(text, sizeof text, "id: %1i sound: %1s ", static_cast<int>(source.id),
                   source.sound.Name().c_str());

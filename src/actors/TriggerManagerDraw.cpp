@@ -12,22 +12,19 @@ namespace {
 
 DebugLabels labels;
 
-constexpr DebugDraw::Colour white{1.0f, 1.0f, 1.0f};
-constexpr DebugDraw::Colour red{1.0f, 0.0f, 0.0f};
-
-void DrawTriangle(const TriggerTriangle& triangle, DebugDraw::Colour colour) {
+void DrawTriangle(const TriggerTriangle& triangle, Colour colour) {
     for (std::size_t i = 0; i < 3; ++i) {
         const Vector2 from = triangle.corners[i];
         const Vector2 to = triangle.corners[(i + 1) % 3];
         const Vector2 middle = (from + to) * 0.5f;
         DebugDraw::Line(from, to, colour);
-        DebugDraw::Line(middle, middle + triangle.normals[i], white);
+        DebugDraw::Line(middle, middle + triangle.normals[i], Colours::white);
     }
 }
 
 void DrawTrigger(const Trigger& trigger, const ViewSquare& square) {
     const bool active = square.Overlaps(trigger.minX, trigger.maxX, trigger.minY, trigger.maxY);
-    const DebugDraw::Colour colour = active ? white : red;
+    const Colour colour = active ? Colours::white : Colours::red;
     DrawTriangle(trigger.triangleA, colour);
     DrawTriangle(trigger.triangleB, colour);
     char text[64];

@@ -14,6 +14,8 @@
 #include "audio/WaterSounds.h"
 #include "engine/ConfigFile.h"
 #include "engine/Console.h"
+#include "engine/FullBody.h"
+#include "engine/Page.h"
 #include "engine/Presentation.h"
 #include "game/GameMenuHost.h"
 #include "game/GameSounds.h"
@@ -44,7 +46,6 @@ constexpr float longestSimulationStep = 0.033333335f;
 constexpr unsigned framesPerBatch = 16;
 
 constexpr float startRadius = 10.0f;
-constexpr unsigned startAmount = 128;
 
 bool IsPlaying(const RunStep& step) {
     return !gameState.loadedMapName.empty() &&
@@ -71,9 +72,7 @@ void ResetDebugViews() {
 
 void ReadSettings() {
     const ConfigFile file("cfg\\game.cfg");
-    gameState.backgroundRed = file.GetFloat("background_r");
-    gameState.backgroundGreen = file.GetFloat("background_g");
-    gameState.backgroundBlue = file.GetFloat("background_b");
+    gameState.background = file.GetColour("background");
     gameState.musicName = file.GetString("music");
     if (!gameState.cursorTexture) {
         gameState.cursorTexture =
@@ -87,7 +86,7 @@ void ReadSettings() {
 /// The water at the level's start, and the camera on its way to it.
 void StartWaterAndCamera() {
     ParticleManager::CreateParticles(LevelData::waterStart.x, LevelData::waterStart.y, startRadius,
-                                     startAmount);
+                                     fullBody);
     Camera::position = LevelData::cameraStart;
     Camera::SetState(Camera::OpeningFlight);
 }
@@ -354,14 +353,14 @@ ViewSize LogicalView() {
     const int width = GLWindow::ClientWidth();
     const int height = GLWindow::ClientHeight();
     if (width < 1 || height < 1) {
-        return {800.0f, 600.0f};
+        return {Page::width, Page::height};
     }
     const auto w = static_cast<float>(width);
     const auto h = static_cast<float>(height);
     if (height >= width) {
-        return {800.0f, h * (800.0f / w)};
+        return {Page::width, h * (Page::width / w)};
     }
-    return {w * (600.0f / h), 600.0f};
+    return {w * (Page::height / h), Page::height};
 }
 
 }  // namespace

@@ -36,9 +36,7 @@ namespace {
 
 void BeginFrame() {
     GLWindow::SetPixelProjection();
-    glClearColor(gameState.backgroundRed, gameState.backgroundGreen, gameState.backgroundBlue,
-                 1.0f);
-    glClear(GL_COLOR_BUFFER_BIT);
+    ClearScreen(gameState.background);
     glEnable(GL_TEXTURE_2D);
     glDisable(GL_DEPTH_TEST);
 }
@@ -99,13 +97,11 @@ void DrawFreeCameraOverlay(const View& shown) {
     const float arm = 4.0f / gameState.freeCameraZoom;
     {
         const DebugDraw::State state;
-        constexpr DebugDraw::Colour white{1.0f, 1.0f, 1.0f};
-        constexpr DebugDraw::Colour green{0.0f, 1.0f, 0.0f};
-        DebugDraw::Line(at - Vector2{arm, 0.0f}, at + Vector2{arm, 0.0f}, white);
-        DebugDraw::Line(at - Vector2{0.0f, arm}, at + Vector2{0.0f, arm}, white);
+        DebugDraw::Line(at - Vector2{arm, 0.0f}, at + Vector2{arm, 0.0f}, Colours::white);
+        DebugDraw::Line(at - Vector2{0.0f, arm}, at + Vector2{0.0f, arm}, Colours::white);
         const ViewRectangle view = shown.Rectangle();
         for (int i = 0; i < 4; ++i) {
-            DebugDraw::Line(view.corner[i], view.corner[(i + 1) % 4], green);
+            DebugDraw::Line(view.corner[i], view.corner[(i + 1) % 4], Colours::green);
         }
     }
     char text[64];

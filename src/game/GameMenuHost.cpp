@@ -17,7 +17,7 @@ public:
     void RequestQuit() override { Game::RequestQuit(); }
     void MenusClosed() override { LevelProgress::SkipTime(); }
     void EnterScore(GuiScreen* background) override {
-        // What a recorded run did is nobody's score.
+        // The score of a recorded run doesn't count.
         if (!RunRecorder::WasReplayed()) {
             HighScoreTable::Submit(LevelProgress::TotalScore(), background);
         }

@@ -1,10 +1,11 @@
 #pragma once
-// The running game's state, shared by the files of `Game` and by nobody else.
+// The running game's state, private to the files of `Game`.
 
 #include <cstdint>
 #include <memory>
 #include <string>
 
+#include "engine/Colour.h"
 #include "engine/Timer.h"
 #include "game/RunFile.h"
 #include "graphics/Texture.h"
@@ -42,9 +43,7 @@ struct GameState {
     std::uint32_t stepCount = 0;    ///< module steps since the program started
     float lastStep = 0.0f;          ///< seconds given to the last module step
 
-    float backgroundRed = 0.0f;
-    float backgroundGreen = 0.0f;
-    float backgroundBlue = 0.0f;
+    Colour background;
     std::string loadedMapName;
     std::string pendingMapName;
     std::string musicName;

@@ -74,7 +74,7 @@ bool Write(const Platform::FileUpdate& file, const Table& table) {
     return file.Write(writer.Block().data(), writer.Block().size());
 }
 
-/// Renames what can't be read, which may be somebody's scores. False if it is still there.
+/// Renames what can't be read, which may hold a player's scores. False if it is still there.
 bool SetAside(const Platform::FileUpdate& file) {
     const auto name = file.SetAside();
     if (name) {

@@ -17,6 +17,7 @@
 #include "engine/ConfigFile.h"
 #include "engine/Console.h"
 #include "engine/ConsoleCommands.h"
+#include "engine/FullBody.h"
 #include "engine/Timer.h"
 #include "level/LevelData.h"
 #include "menus/GuiAnimatedButton.h"
@@ -29,12 +30,11 @@ namespace LevelProgress {
 
 float respawnX = 0.0f;
 float respawnY = 0.0f;
-std::uint32_t respawnAmount = 128;
+std::uint32_t respawnAmount = fullBody;
 bool timePrint = false;
 
 namespace {
 
-constexpr std::uint32_t fullBody = 128;  // particles in a full body of water
 constexpr float respawnRadius = 10.0f;
 
 // A level in `bestTime` milliseconds or less is worth the whole range.

@@ -6,6 +6,7 @@
 #include <cstdio>
 
 #include "engine/Console.h"
+#include "engine/Page.h"
 #include "engine/Vector2.h"
 #include "game/Game.h"
 #include "game/LevelProgress.h"
@@ -28,13 +29,13 @@ void PrintTime() {
 }
 
 /// How much larger than it is the picture must be drawn around `centre` to cover the whole of
-/// the 800 by 600 units; 1 if it does so anyway, or isn't made to cover a window at all.
+/// the page; 1 if it does so anyway, or isn't made to cover a window at all.
 float Enlargement(const Texture& picture, Vector2 centre) {
-    const float across = std::max(centre.x, 800.0f - centre.x);
-    const float down = std::max(centre.y, 600.0f - centre.y);
+    const float across = std::max(centre.x, Page::width - centre.x);
+    const float down = std::max(centre.y, Page::height - centre.y);
     const float halfWidth = static_cast<float>(picture.width) / 2.0f;
     const float halfHeight = static_cast<float>(picture.height) / 2.0f;
-    const bool isSmall = halfWidth < 400.0f || halfHeight < 300.0f;
+    const bool isSmall = halfWidth < Page::width / 2.0f || halfHeight < Page::height / 2.0f;
     if (isSmall || (across <= halfWidth && down <= halfHeight)) {
         return 1.0f;
     }
@@ -71,8 +72,8 @@ void DrawFinishAnimation(float fade) {
 
 void Draw() {
     GLWindow::SetPixelProjection();
-    glScalef(static_cast<float>(GLWindow::ClientWidth()) / 800.0f,
-             static_cast<float>(GLWindow::ClientHeight()) / 600.0f, 0.0f);
+    glScalef(static_cast<float>(GLWindow::ClientWidth()) / Page::width,
+             static_cast<float>(GLWindow::ClientHeight()) / Page::height, 0.0f);
     const float fade = FinishFade();
     if (fade >= 0.0f) {
         DrawFinishAnimation(fade);

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "engine/Page.h"
 #include "platform/Paths.h"
 
 /// One module step of a level's life.
@@ -32,8 +33,8 @@ struct Run {
     std::uint32_t checksum = 0;     ///< of the level's file
     std::uint32_t randomState = 0;  ///< as the level begins
     std::vector<RunStep> steps;     ///< from the level's beginning on
-    float viewWidth = 800.0f;       ///< logical view during the whole run, world units
-    float viewHeight = 600.0f;
+    float viewWidth = Page::width;  ///< logical view during the whole run, world units
+    float viewHeight = Page::height;
 
     bool operator==(const Run&) const = default;
 };

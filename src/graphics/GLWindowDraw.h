@@ -25,8 +25,6 @@ void DrawCircleOutline(float x, float y, float radius, int segments);
 /// blending must be off, except for the label, which sets its own state.
 namespace DebugDraw {
 
-using ::Colour;
-
 /// Saves the GL state and turns off textures, lighting, culling, blending and depth test;
 /// restores the state when it goes.
 class State {

@@ -50,8 +50,8 @@ struct BspEdgeReach {
         slack = std::max(slack, other.slack);
     }
 
-    /// False only if no edge of the group can be twin, joint or overlap of this one, be it
-    /// where it may.
+    /// False only if no edge of the group can be twin, joint or overlap of this one,
+    /// wherever it lies.
     bool MayMeet(const BspEdgeReach& group) const {
         const float gap = std::max(std::max(group.minX - maxX, minX - group.maxX),
                                    std::max(group.minY - maxY, minY - group.maxY));

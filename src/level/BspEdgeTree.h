@@ -22,7 +22,7 @@ public:
 
     explicit BspEdgeTree(std::vector<Item> members);
 
-    /// These two want a member.
+    /// `number` must be that of a member.
     void Remove(std::size_t number);
     void Change(std::size_t number, const BspEdgeReach& reach);
     /// The lowest number that passes, or `none`. Edges that `query` can't meet aren't tried.

@@ -10,15 +10,6 @@
 
 namespace {
 
-using DebugDraw::Colour;
-
-constexpr Colour black{0.0f, 0.0f, 0.0f};
-constexpr Colour white{1.0f, 1.0f, 1.0f};
-constexpr Colour red{1.0f, 0.0f, 0.0f};
-constexpr Colour green{0.0f, 1.0f, 0.0f};
-constexpr Colour blue{0.0f, 0.0f, 1.0f};
-constexpr Colour yellow{1.0f, 1.0f, 0.0f};
-
 constexpr float normalLength = 8.0f;
 /// A splitter's line goes on this many times the segment each way.
 constexpr float lineReach = 9999.0f;
@@ -79,17 +70,17 @@ void DrawSplits() {
     for (const BspSegment* node : order) {
         batch.AddLine(node->start, node->end);
     }
-    batch.Flush(GL_LINES, black, 2.0f);
+    batch.Flush(GL_LINES, Colours::black, 2.0f);
     for (const BspSegment* node : order) {
         batch.AddNormal(*node);
     }
-    batch.Flush(GL_LINES, red, 2.0f);
+    batch.Flush(GL_LINES, Colours::red, 2.0f);
     for (const BspSegment* node : order) {
         const Vector2 reach = (node->end - node->start) * lineReach;
         batch.AddLine(node->start - reach, node->start);
         batch.AddLine(node->end, node->end + reach);
     }
-    batch.Flush(GL_LINES, black, 1.0f);
+    batch.Flush(GL_LINES, Colours::black, 1.0f);
 }
 
 void DrawWalkNode() {
@@ -98,9 +89,9 @@ void DrawWalkNode() {
     }
     const DebugDraw::State state;
     batch.AddLine(BspTree::walkNode->start, BspTree::walkNode->end);
-    batch.Flush(GL_LINES, yellow, 3.0f);
+    batch.Flush(GL_LINES, Colours::yellow, 3.0f);
     batch.AddNormal(*BspTree::walkNode);
-    batch.Flush(GL_LINES, blue, 4.0f);
+    batch.Flush(GL_LINES, Colours::blue, 4.0f);
 }
 
 void DrawCast() {
@@ -108,7 +99,7 @@ void DrawCast() {
     for (std::size_t i = 0; i < BspTree::testRayCount; ++i) {
         batch.AddLine(BspTree::testRayStarts[i], BspTree::testRayEnds[i]);
     }
-    batch.Flush(GL_LINES, yellow, 1.0f);
+    batch.Flush(GL_LINES, Colours::yellow, 1.0f);
 }
 
 void DrawNodes() {
@@ -120,17 +111,17 @@ void DrawNodes() {
                 batch.AddLine(node->start, node->end);
             }
         }
-        batch.Flush(GL_LINES, active ? green : red, 1.0f);
+        batch.Flush(GL_LINES, active ? Colours::green : Colours::red, 1.0f);
     }
     for (const BspSegment* node : order) {
         batch.AddNormal(*node);
     }
-    batch.Flush(GL_LINES, blue, 1.0f);
+    batch.Flush(GL_LINES, Colours::blue, 1.0f);
     for (const BspSegment* node : order) {
         batch.Add(node->start);
         batch.Add(node->end);
     }
-    batch.Flush(GL_POINTS, white, 2.0f);
+    batch.Flush(GL_POINTS, Colours::white, 2.0f);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "engine/Page.h"
 #include "engine/Vector2.h"
 
 /// The corners and inward normals of the picture in world coordinates.
@@ -34,11 +35,11 @@ struct ViewSquare {
 };
 
 struct View {
-    Vector2 centre;        ///< world point in the picture's middle, shaking and all
-    float angle = 0.0f;    ///< degrees; above 0 turns gravity towards -x
-    float zoom = 1.0f;     ///< world units per view unit, 1 to 2.5
-    float width = 800.0f;  ///< of the picture at zoom 1, world units
-    float height = 600.0f;
+    Vector2 centre;             ///< world point in the picture's middle, shaking and all
+    float angle = 0.0f;         ///< degrees; above 0 turns gravity towards -x
+    float zoom = 1.0f;          ///< world units per view unit, 1 to 2.5
+    float width = Page::width;  ///< of the picture at zoom 1, world units
+    float height = Page::height;
 
     /// (0, 1) turned by `angle`.
     Vector2 Down() const;
@@ -53,7 +54,7 @@ struct View {
     /// Objects and polygons that change are drawn inside of this one.
     ViewSquare Drawing() const { return {centre, Widest() * 0.65f * zoom}; }
     /// Movers push water inside of this one, whatever the window's shape.
-    ViewSquare Pushing() const { return {centre, 800.0f * 0.65f * zoom}; }
+    ViewSquare Pushing() const { return {centre, Page::width * 0.65f * zoom}; }
     /// What movers carry is solid inside of this one.
     ViewSquare Colliding() const { return {centre, Widest() * 0.7f * zoom}; }
 

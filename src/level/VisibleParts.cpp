@@ -100,7 +100,7 @@ private:
     static void Fail(GLenum /*error*/, void* self) {
         static_cast<Winding*>(self)->hasFailed = true;
     }
-    /// Who wants to know the outline's edges is given no strips and fans.
+    /// A caller that needs the outline's edges is given no strips and fans.
     static void AskForPlainTriangles(GLboolean /*isEdge*/) {}
 
     std::unique_ptr<GLUtesselator, decltype(&gluDeleteTess)> tessellator;

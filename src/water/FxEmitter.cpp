@@ -24,7 +24,7 @@ float Mix(float a, float b, float r) {
     return a * r + b * (1.0f - r);
 }
 
-FxColour Mix(const FxColour& a, const FxColour& b, float r) {
+Colour Mix(const Colour& a, const Colour& b, float r) {
     return {Mix(a.r, b.r, r), Mix(a.g, b.g, r), Mix(a.b, b.b, r), Mix(a.a, b.a, r)};
 }
 
@@ -42,15 +42,15 @@ void ReadRange(const ConfigFile& file, const char* key1, const char* key2, float
     }
 }
 
-void ReadColours(const ConfigFile& file, FxColour& colour1, FxColour& colour2) {
+void ReadColours(const ConfigFile& file, Colour& colour1, Colour& colour2) {
     const std::array<const char*, 8> keys = {"color_1_r", "color_1_g", "color_1_b", "color_1_a",
                                              "color_2_r", "color_2_g", "color_2_b", "color_2_a"};
     if (!std::ranges::all_of(keys, [&](const char* key) { return file.Has(key); })) {
         return;
     }
     const auto read = [&](std::size_t first) {
-        return FxColour{Number(file, keys[first]), Number(file, keys[first + 1]),
-                        Number(file, keys[first + 2]), Number(file, keys[first + 3])};
+        return Colour{Number(file, keys[first]), Number(file, keys[first + 1]),
+                      Number(file, keys[first + 2]), Number(file, keys[first + 3])};
     };
     colour1 = read(0);
     colour2 = read(4);

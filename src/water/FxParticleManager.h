@@ -9,13 +9,10 @@
 #include <string>
 #include <vector>
 
+#include "engine/Colour.h"
 #include "engine/Vector2.h"
 #include "graphics/Texture.h"
 #include "level/View.h"
-
-struct FxColour {
-    float r = 1.0f, g = 1.0f, b = 1.0f, a = 1.0f;
-};
 
 /// Where effect particles come from. Values 1 and 2 bound a random choice at a particle's birth.
 struct Emitter {
@@ -43,8 +40,8 @@ struct Emitter {
     float size2 = 0.0f;
     float liveTime1 = 1.0f;  ///< seconds, at least 0.0001
     float liveTime2 = 1.0f;
-    FxColour color1;
-    FxColour color2;
+    Colour color1 = Colours::white;
+    Colour color2 = Colours::white;
     float gravity1 = 0.0f;  ///< factor
     float gravity2 = 0.0f;
     std::vector<Texture> textures;  ///< a particle picks one; none: nothing is emitted
@@ -54,7 +51,7 @@ struct FxParticle {
     std::uint8_t useAlphaBlending = 1;
     Vector2 position;
     Vector2 velocity;  ///< units per second
-    FxColour color;
+    Colour color = Colours::white;
     float size = 0.0f;                 ///< full width, world units
     float liveTime = 1.0f;             ///< seconds in all
     float timeLeft = 1.0f;             ///< seconds

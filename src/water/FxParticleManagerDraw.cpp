@@ -20,7 +20,7 @@ struct Entry {
 };
 struct Vertex {
     float u, v;
-    FxColour colour;
+    Colour colour;
     Vector2 position;
 };
 // Storage kept from frame to frame.
@@ -52,7 +52,7 @@ void Collect() {
 }
 
 void AddQuad(const FxParticle& particle) {
-    FxColour colour = particle.color;
+    Colour colour = particle.color;
     colour.a *= particle.timeLeft / particle.liveTime;
     const float half = particle.size * 0.5f;
     const float left = particle.position.x - half;
@@ -106,10 +106,8 @@ void DrawEmitters() {
         return;
     }
     const DebugDraw::State state;
-    constexpr DebugDraw::Colour green{0.0f, 1.0f, 0.0f};
-    constexpr DebugDraw::Colour red{1.0f, 0.0f, 0.0f};
     for (const Emitter& emitter : emitters) {
-        const DebugDraw::Colour colour = emitter.running ? green : red;
+        const Colour colour = emitter.running ? Colours::green : Colours::red;
         constexpr float length = 32.0f;
         DebugDraw::Point(emitter.position, colour, 3.0f);
         DebugDraw::Arrow(emitter.position, emitter.position + emitter.direction * length, colour);
@@ -120,8 +118,7 @@ void DrawEmitters() {
         }
         char text[32];
         std::snprintf(text, sizeof text, "Id: %1i ", static_cast<int>(emitter.id));
-        constexpr DebugDraw::Colour white{1.0f, 1.0f, 1.0f};
-        DebugDraw::Label(emitter.position + Vector2{0.0f, 4.0f}, text, 8.0f, white);
+        DebugDraw::Label(emitter.position + Vector2{0.0f, 4.0f}, text, 8.0f, Colours::white);
     }
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 // The grid that finds a particle's neighbours: 1024 by 1024 cells of 2 units at a fixed place
 // relative to the view, each the head of a chain of particles. Chains hold pointers into the
-// lists' nodes: whoever erases a particle or moves it into a group removes it here first.
+// lists' nodes: before a particle is erased or moved into a group it must be removed here.
 //
 // Invariant: a particle has `inGrid` set exactly while it hangs in the chain of the cell
 // (gridX, gridY). It keeps that cell while it moves, until the next FillFrom.

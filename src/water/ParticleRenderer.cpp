@@ -20,13 +20,6 @@
 
 namespace {
 
-struct Colour {
-    float r = 0.0f;
-    float g = 0.0f;
-    float b = 0.0f;
-    float a = 0.0f;
-};
-
 /// What one state of matter looks like. Sizes are added to half sizes of quads, world units.
 struct Look {
     std::optional<Texture> texture;
@@ -64,14 +57,9 @@ std::vector<const Particle*> steamList;
 std::vector<const Particle*> iceList;
 std::vector<Vertex> vertices;
 
-Colour ReadColour(const ConfigFile& config, const std::string& name) {
-    return {config.GetFloat(name + "_r"), config.GetFloat(name + "_g"),
-            config.GetFloat(name + "_b"), config.GetFloat(name + "_a")};
-}
-
 void ReadLook(const ConfigFile& config, const std::string& name, Look& look) {
-    look.fill = ReadColour(config, name + "_color");
-    look.outline = ReadColour(config, name + "_outline_color");
+    look.fill = config.GetColour(name + "_color");
+    look.outline = config.GetColour(name + "_outline_color");
     look.outlineSize = config.GetFloat(name + "_outline_size");
 }
 

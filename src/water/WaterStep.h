@@ -20,5 +20,5 @@ struct WaterStep {
 constexpr float viewMargin = 128.0f;
 
 /// No number, or so huge that squares of it overflow: only hostile data makes such values.
-/// They would spread to all the water, so whoever has one is dropped.
+/// They would spread to all the water, so what has one is dropped.
 bool IsBeyondReason(Vector2 a, Vector2 b, Vector2 c, float d);

@@ -45,15 +45,15 @@ TEST_F(CheckPointTimes, FadeTheLevelTimeInAndOutOnTheFirstPass) {
     EXPECT_FALSE(Current(levelTime));
     Reached(trigger, 1000);
     EXPECT_EQ(state, FadingInTime);
-    EXPECT_EQ(Current(levelTime)->alpha, 0.0f);
-    EXPECT_EQ(Current(levelTime)->red, 1.0f);
+    EXPECT_EQ(Current(levelTime)->colour.a, 0.0f);
+    EXPECT_EQ(Current(levelTime)->colour.r, 1.0f);
     AdvanceFade(0.5f);
-    EXPECT_FLOAT_EQ(Current(levelTime)->alpha, 0.5f * std::sqrt(0.25f));
+    EXPECT_FLOAT_EQ(Current(levelTime)->colour.a, 0.5f * std::sqrt(0.25f));
     AdvanceFade(1.5f);
     EXPECT_EQ(state, FadingOutTime);
-    EXPECT_EQ(Current(levelTime)->alpha, 0.5f);
+    EXPECT_EQ(Current(levelTime)->colour.a, 0.5f);
     AdvanceFade(1.0f);
-    EXPECT_FLOAT_EQ(Current(levelTime)->alpha, 0.5f * std::sqrt(0.5f));
+    EXPECT_FLOAT_EQ(Current(levelTime)->colour.a, 0.5f * std::sqrt(0.5f));
     AdvanceFade(60.0f);
     EXPECT_EQ(state, Hidden);
     EXPECT_FALSE(Current(levelTime));
@@ -75,8 +75,8 @@ TEST_F(CheckPointTimes, ShowTheDifferenceToThePassBefore) {
         Reached(trigger, c.time);
         EXPECT_EQ(state, FadingInDifference);
         EXPECT_EQ(Text(), c.text);
-        EXPECT_EQ(Current(levelTime)->green, c.green) << c.text;
-        EXPECT_EQ(Current(levelTime)->blue, c.blue) << c.text;
+        EXPECT_EQ(Current(levelTime)->colour.g, c.green) << c.text;
+        EXPECT_EQ(Current(levelTime)->colour.b, c.blue) << c.text;
     }
     AdvanceFade(2.0f);
     EXPECT_EQ(state, FadingOutDifference);
@@ -91,7 +91,7 @@ TEST_F(CheckPointTimes, HoldFadesAboveAHundredth) {
         Reached(trigger, 1);
         AdvanceFade(0.005f);
         EXPECT_EQ(state, FadingInTime) << tooShort;
-        EXPECT_TRUE(std::isfinite(Current(levelTime)->alpha)) << tooShort;
+        EXPECT_TRUE(std::isfinite(Current(levelTime)->colour.a)) << tooShort;
         AdvanceFade(0.006f);
         EXPECT_EQ(state, FadingOutTime) << tooShort;
     }

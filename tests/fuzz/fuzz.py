@@ -67,7 +67,7 @@ class Program:
         return runs, stats.get("average_exec_per_sec", 0), status != 0
 
     def keep(self):
-        """Inputs that somebody named stay; of those found, a few that reach further edges."""
+        """Inputs named by hand stay; of those found, a few that reach further edges."""
         target = HERE / "corpus" / self.name
         target.mkdir(parents=True, exist_ok=True)
         with tempfile.TemporaryDirectory() as folder:

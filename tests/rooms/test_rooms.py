@@ -1,4 +1,4 @@
-"""Holds the rooms of src/ to their order: nobody includes from a room above, and a room links the
+"""Holds the rooms of src/ to their order: no file includes from a room above, and a room links the
 rooms that it includes, all of them and no others.
 
     test_rooms.py SOURCE_FOLDER
@@ -47,7 +47,7 @@ class Rooms(unittest.TestCase):
         self.assertEqual(sorted(self.names),
                          sorted(path.parent.name for path in SOURCES.glob("*/CMakeLists.txt")))
 
-    def test_nobody_includes_from_a_room_above(self):
+    def test_no_file_includes_from_a_room_above(self):
         for place, room in enumerate(self.rooms):
             for included in (room.includes, room.draw_includes):
                 for other, files in included.items():

@@ -41,9 +41,7 @@ protected:
         Console::Initialise();
         ReadSurfaces();
         ASSERT_TRUE(RecordedRuns::Begin(GetParam()));
-        gameState.backgroundRed = 1.0f;
-        gameState.backgroundGreen = 0.0f;
-        gameState.backgroundBlue = 1.0f;
+        gameState.background = {1.0f, 0.0f, 1.0f};
     }
     void TearDown() override {
         RunRecorder::Stop();
