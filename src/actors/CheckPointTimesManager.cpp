@@ -8,13 +8,12 @@
 #include <map>
 #include <string>
 
-#include "actors/CheckPointTimesState.h"
 #include "engine/ConfigFile.h"
 #include "engine/Console.h"
 
 namespace CheckPointTimesManager {
 
-int state = Hidden;
+State state = State::Hidden;
 std::optional<Texture> font;
 Timer frameTimer;
 
@@ -61,7 +60,7 @@ void Write(std::array<char, 16>& text, const char* prefix, std::uint32_t time) {
 
 /// The text of the present state, and the colour it goes in.
 Colour WriteText(std::array<char, 16>& text, std::uint32_t time) {
-    if (state == FadingInTime || state == FadingOutTime) {
+    if (state == State::FadingInTime || state == State::FadingOutTime) {
         Write(text, "", time);
         return timeColour;
     }
@@ -75,7 +74,7 @@ Colour WriteText(std::array<char, 16>& text, std::uint32_t time) {
 /// Share of the colour's alpha, steep where a fade begins from nothing.
 float FadeFactor() {
     const float left = fadeTimer / fadeTime;
-    const bool fadingIn = state == FadingInTime || state == FadingInDifference;
+    const bool fadingIn = state == State::FadingInTime || state == State::FadingInDifference;
     const float factor = fadingIn ? 1.0f - left : left;
     return factor > 0.0f ? std::sqrt(factor) : factor;
 }
@@ -88,7 +87,7 @@ void Initialise() {
     ReadSettings();
     previousTime = 0;
     newTime = 0;
-    state = Hidden;
+    state = State::Hidden;
     fadeTimer = 0.0f;
     frameTimer.Reset();
 }
@@ -102,18 +101,18 @@ void Shutdown() {
 void Reached(const Trigger& trigger, std::uint32_t time) {
     const auto [pass, isFirst] = times.try_emplace(&trigger, time);
     if (isFirst) {
-        state = FadingInTime;
+        state = State::FadingInTime;
     } else {
         previousTime = pass->second;
         newTime = time;
-        state = FadingInDifference;
+        state = State::FadingInDifference;
         pass->second = time;
     }
     fadeTimer = fadeTime;
 }
 
 std::optional<Display> Current(std::uint32_t time) {
-    if (!font || state == Hidden) {
+    if (!font || state == State::Hidden) {
         return std::nullopt;
     }
     Display display;
@@ -125,18 +124,18 @@ std::optional<Display> Current(std::uint32_t time) {
 }
 
 void AdvanceFade(float seconds) {
-    if (!font || state == Hidden) {
+    if (!font || state == State::Hidden) {
         return;
     }
     fadeTimer -= seconds;
     if (fadeTimer > 0.0f) {
         return;
     }
-    if (state == FadingInTime || state == FadingInDifference) {
-        ++state;  // fading out
+    if (state == State::FadingInTime || state == State::FadingInDifference) {
+        state = state == State::FadingInTime ? State::FadingOutTime : State::FadingOutDifference;
         fadeTimer = fadeTime;
     } else {
-        state = Hidden;
+        state = State::Hidden;
     }
 }
 

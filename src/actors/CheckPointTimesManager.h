@@ -7,6 +7,8 @@
 #include <optional>
 
 #include "engine/Colour.h"
+#include "engine/Timer.h"
+#include "graphics/Texture.h"
 
 struct Trigger;
 
@@ -31,16 +33,18 @@ struct Display {
     float size = 0.0f;
 };
 
-enum State {
+enum class State {
     Hidden = 0,
     FadingInTime = 1,
     FadingOutTime = 2,
     FadingInDifference = 3,
     FadingOutDifference = 4,
 };
-extern int state;
+extern State state;
+extern std::optional<Texture> font;
+extern Timer frameTimer;  ///< since the last frame
 
-/// None in state 0, and without a font.
+/// None while hidden, and without a font.
 std::optional<Display> Current(std::uint32_t time);
 /// Takes the seconds since the last call off the fade, and goes on to the next one.
 void AdvanceFade(float seconds);

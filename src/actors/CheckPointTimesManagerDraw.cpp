@@ -3,7 +3,6 @@
 #include <GL/gl.h>
 
 #include "actors/CheckPointTimesManager.h"
-#include "actors/CheckPointTimesState.h"
 #include "engine/Page.h"
 #include "graphics/GLWindow.h"
 #include "graphics/GLWindowDraw.h"

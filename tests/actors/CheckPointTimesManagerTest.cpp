@@ -44,18 +44,18 @@ protected:
 TEST_F(CheckPointTimes, FadeTheLevelTimeInAndOutOnTheFirstPass) {
     EXPECT_FALSE(Current(levelTime));
     Reached(trigger, 1000);
-    EXPECT_EQ(state, FadingInTime);
+    EXPECT_EQ(state, State::FadingInTime);
     EXPECT_EQ(Current(levelTime)->colour.a, 0.0f);
     EXPECT_EQ(Current(levelTime)->colour.r, 1.0f);
     AdvanceFade(0.5f);
     EXPECT_FLOAT_EQ(Current(levelTime)->colour.a, 0.5f * std::sqrt(0.25f));
     AdvanceFade(1.5f);
-    EXPECT_EQ(state, FadingOutTime);
+    EXPECT_EQ(state, State::FadingOutTime);
     EXPECT_EQ(Current(levelTime)->colour.a, 0.5f);
     AdvanceFade(1.0f);
     EXPECT_FLOAT_EQ(Current(levelTime)->colour.a, 0.5f * std::sqrt(0.5f));
     AdvanceFade(60.0f);
-    EXPECT_EQ(state, Hidden);
+    EXPECT_EQ(state, State::Hidden);
     EXPECT_FALSE(Current(levelTime));
 }
 
@@ -67,22 +67,22 @@ TEST_F(CheckPointTimes, ShowTheDifferenceToThePassBefore) {
     };
     Reached(trigger, 60000);
     Reached(other, 5);
-    EXPECT_EQ(state, FadingInTime);
+    EXPECT_EQ(state, State::FadingInTime);
     for (const Case& c :
          {Case{60750, "+ 00:00:75", 1.0f, 0.0f}, Case{60750, "+ 00:00:00", 1.0f, 0.0f},
           Case{60000, "- 00:00:75", 0.0f, 1.0f},
           Case{60000 + 3600000 + 754321, "+ 12:34:32", 1.0f, 0.0f}}) {
         Reached(trigger, c.time);
-        EXPECT_EQ(state, FadingInDifference);
+        EXPECT_EQ(state, State::FadingInDifference);
         EXPECT_EQ(Text(), c.text);
         EXPECT_EQ(Current(levelTime)->colour.g, c.green) << c.text;
         EXPECT_EQ(Current(levelTime)->colour.b, c.blue) << c.text;
     }
     AdvanceFade(2.0f);
-    EXPECT_EQ(state, FadingOutDifference);
+    EXPECT_EQ(state, State::FadingOutDifference);
     Initialise();
     Reached(trigger, 1);
-    EXPECT_EQ(state, FadingInTime) << "a load forgets all times";
+    EXPECT_EQ(state, State::FadingInTime) << "a load forgets all times";
 }
 
 TEST_F(CheckPointTimes, HoldFadesAboveAHundredth) {
@@ -90,10 +90,10 @@ TEST_F(CheckPointTimes, HoldFadesAboveAHundredth) {
         Start(*tooShort ? tooShort : "y 0");
         Reached(trigger, 1);
         AdvanceFade(0.005f);
-        EXPECT_EQ(state, FadingInTime) << tooShort;
+        EXPECT_EQ(state, State::FadingInTime) << tooShort;
         EXPECT_TRUE(std::isfinite(Current(levelTime)->colour.a)) << tooShort;
         AdvanceFade(0.006f);
-        EXPECT_EQ(state, FadingOutTime) << tooShort;
+        EXPECT_EQ(state, State::FadingOutTime) << tooShort;
     }
 }
 
@@ -101,7 +101,7 @@ TEST_F(CheckPointTimes, StandStillWithoutAFont) {
     Shutdown();
     Reached(trigger, 7);
     AdvanceFade(100.0f);
-    EXPECT_EQ(state, FadingInTime);
+    EXPECT_EQ(state, State::FadingInTime);
     EXPECT_FALSE(Current(levelTime));
 }
 

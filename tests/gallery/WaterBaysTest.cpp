@@ -114,7 +114,7 @@ TEST_F(Gallery, LevelEndsWhenEnoughWaterStandsInTheFinish) {
 TEST_F(Gallery, CheckPointMovesTheRespawnAndShowsItsTime) {
     Pour("Checkpoint_1");
     EXPECT_TRUE(RunUntil(
-        [] { return CheckPointTimesManager::state == CheckPointTimesManager::FadingInTime; },
+        [] { return CheckPointTimesManager::state == CheckPointTimesManager::State::FadingInTime; },
         1.0f));
     const Vector2 centre = TriggerOf(TriggerKind::CheckPoint).Centre();
     EXPECT_EQ(LevelProgress::respawnX, centre.x);
@@ -130,7 +130,10 @@ TEST_F(Gallery, CheckPointMovesTheRespawnAndShowsItsTime) {
     EXPECT_NE(LevelProgress::respawnX, centre.x);
     Pour("Checkpoint_1");
     EXPECT_TRUE(RunUntil(
-        [] { return CheckPointTimesManager::state == CheckPointTimesManager::FadingInDifference; },
+        [] {
+            return CheckPointTimesManager::state ==
+                   CheckPointTimesManager::State::FadingInDifference;
+        },
         1.0f));
 }
 
