@@ -15,22 +15,12 @@
 
 namespace Camera {
 
-Vector2 position{-1000.0f, 0.0f};
-Vector2 shakeOffset;
-float angle = 0.0f;
-float zoom = 1.0f;
-int state = OpeningFlight;
+CameraState current;
 
 namespace {
 
 constexpr float widestZoom = 2.5f;
 constexpr float playZoom = 1.0f;
-
-float angularVelocity = 0.0f;  // degrees per second
-float zoomTimer = 0.0f;        // seconds left at the widest zoom
-bool shaking = false;
-float shakeTimer = 0.0f;  // seconds left of the shake
-Vector2 shakeTarget;
 
 /// Values of cfg\camera.cfg. "Share" values are what is left after one second.
 struct Settings {
@@ -123,13 +113,13 @@ void StepZoom(float dt) {
             if (zoom >= widestZoom) {
                 zoom = widestZoom;
                 state = Holding;
-                zoomTimer = settings.zoomWait;
+                current.zoomTimer = settings.zoomWait;
             }
             break;
         case Holding:
-            zoomTimer -= dt;
-            if (zoomTimer <= 0.0f) {
-                zoomTimer = 0.0f;
+            current.zoomTimer -= dt;
+            if (current.zoomTimer <= 0.0f) {
+                current.zoomTimer = 0.0f;
                 state = ZoomingIn;
             }
             break;
@@ -150,7 +140,7 @@ void PickShakeTarget() {
     const float y = Random::Unit() - 0.5f;
     Vector2 direction{x, y};
     Normalise(direction);
-    shakeTarget = direction * settings.shakeStrenght;
+    current.shakeTarget = direction * settings.shakeStrenght;
 }
 
 /// Moves `shakeOffset` against `gap` by `reach` units.
@@ -161,15 +151,15 @@ void MoveShakeOffset(Vector2 gap, float reach) {
 
 void StepShake(float dt) {
     const float reach = dt * settings.shakeSpeed;
-    if (shaking) {
-        shakeTimer -= dt;
-        if (shakeTimer <= 0.0f) {
-            shakeTimer = 0.0f;
-            shaking = false;
+    if (current.shaking) {
+        current.shakeTimer -= dt;
+        if (current.shakeTimer <= 0.0f) {
+            current.shakeTimer = 0.0f;
+            current.shaking = false;
         }
-        const Vector2 gap = shakeOffset - shakeTarget;
+        const Vector2 gap = shakeOffset - current.shakeTarget;
         if (reach >= Length(gap)) {
-            shakeOffset = shakeTarget;
+            shakeOffset = current.shakeTarget;
             PickShakeTarget();
         } else {
             MoveShakeOffset(gap, reach);
@@ -183,11 +173,11 @@ void StepShake(float dt) {
 
 void Turn(float wanted, float dt) {
     const float k = std::pow(settings.rotationSmooth, dt);
-    angularVelocity = angularVelocity * k + wanted * (1.0f - k);
-    angle += angularVelocity * dt;
+    current.angularVelocity = current.angularVelocity * k + wanted * (1.0f - k);
+    angle += current.angularVelocity * dt;
     if (angle < -settings.maxAngle || angle > settings.maxAngle) {
         angle = std::clamp(angle, -settings.maxAngle, settings.maxAngle);
-        angularVelocity = 0.0f;
+        current.angularVelocity = 0.0f;
     }
 }
 
@@ -195,16 +185,7 @@ void Turn(float wanted, float dt) {
 
 void ReadConfig() {
     ReadSettings();
-    position = {-1000.0f, 0.0f};
-    angle = 0.0f;
-    angularVelocity = 0.0f;
-    zoom = playZoom;
-    state = OpeningFlight;
-    zoomTimer = 0.0f;
-    shaking = false;
-    shakeTimer = 0.0f;
-    shakeTarget = {};
-    shakeOffset = {};
+    current = {};
 }
 
 void SetState(int value) {
@@ -249,7 +230,7 @@ void Zoom() {
             state = ZoomingOut;
             break;
         case Holding:
-            zoomTimer = settings.zoomWait;
+            current.zoomTimer = settings.zoomWait;
             break;
         default:
             break;
@@ -257,9 +238,9 @@ void Zoom() {
 }
 
 void Shake() {
-    shakeTimer = settings.shakeTime;
-    if (!shaking) {
-        shaking = true;
+    current.shakeTimer = settings.shakeTime;
+    if (!current.shaking) {
+        current.shaking = true;
         PickShakeTarget();
     }
 }

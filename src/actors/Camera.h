@@ -9,15 +9,31 @@
 #include "engine/Vector2.h"
 #include "level/View.h"
 
+/// All that changes about the camera while a level is played.
+struct CameraState {
+    Vector2 position{-1000.0f, 0.0f};  ///< world point at the centre of the view
+    Vector2 shakeOffset;               ///< added to it, world units
+    float angle = 0.0f;                ///< degrees; above 0 turns gravity towards -x
+    float zoom = 1.0f;                 ///< world units per view unit, 1 to 2.5
+    int state = 0;                     ///< a Camera::State
+    float angularVelocity = 0.0f;      ///< degrees per second
+    float zoomTimer = 0.0f;            ///< seconds left at the widest zoom
+    bool shaking = false;
+    float shakeTimer = 0.0f;  ///< seconds left of the shake
+    Vector2 shakeTarget;      ///< where `shakeOffset` is going
+};
+
 namespace Camera {
 
-extern Vector2 position;  ///< world point at the centre of the view
-extern Vector2 shakeOffset;
-extern float angle;  ///< degrees; above 0 turns gravity towards -x
-extern float zoom;   ///< world units per view unit, 1 to 2.5
-
 enum State { OpeningFlight = 0, Following = 1, ZoomingOut = 2, Holding = 3, ZoomingIn = 4 };
-extern int state;
+
+extern CameraState current;
+// Parts of `current` by their own names.
+inline Vector2& position = current.position;
+inline Vector2& shakeOffset = current.shakeOffset;
+inline float& angle = current.angle;
+inline float& zoom = current.zoom;
+inline int& state = current.state;
 
 /// Reads cfg\camera.cfg and resets the camera to its start values.
 void ReadConfig();

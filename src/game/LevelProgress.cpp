@@ -28,9 +28,7 @@
 
 namespace LevelProgress {
 
-float respawnX = 0.0f;
-float respawnY = 0.0f;
-std::uint32_t respawnAmount = fullBody;
+ProgressState current;
 bool timePrint = false;
 
 namespace {
@@ -44,14 +42,9 @@ constexpr double timeScoreRange = 435000.0;
 constexpr std::uint32_t timeScoreBase = 1000;
 constexpr double waterScoreRange = 64000.0;
 
-bool finishing = false;
 float finishAnimationTime = 0.001f;  // seconds
-float finishTimer = 0.001f;          // seconds left of the finish animation
 float finishWaterVolume = 0.0f;      // share of the water that must stand in the finish
-std::uint32_t waterInFinish = 0;     // counted during this step
-Stopwatch stopwatch;
 bool countsSteps = false;
-double stepSeconds = 0.0;  // sum of the level's steps
 std::unique_ptr<Sound> finishSound;
 std::unique_ptr<Sound> deadSound;
 std::unique_ptr<GuiAnimatedButton> finishAnimation;
@@ -91,17 +84,17 @@ void SilenceLevel() {
 
 void StepTime(float dt) {
     if (!countsSteps) {
-        stopwatch.Tick();
+        current.stopwatch.Tick();
         return;
     }
-    stepSeconds += static_cast<double>(dt);
-    stopwatch.elapsedMs = static_cast<std::uint32_t>(stepSeconds * 1000.0);
+    current.stepSeconds += static_cast<double>(dt);
+    current.stopwatch.elapsedMs = static_cast<std::uint32_t>(current.stepSeconds * 1000.0);
 }
 
 void StepFinishTimer(float dt) {
-    if (finishTimer > 0.0f) {
-        finishTimer -= dt;
-        if (finishTimer <= 0.0f) {
+    if (current.finishTimer > 0.0f) {
+        current.finishTimer -= dt;
+        if (current.finishTimer <= 0.0f) {
             SilenceLevel();
             MusicPlayer::Stop();
             MenuManager::Show(MenuManager::LevelFinished);
@@ -112,15 +105,15 @@ void StepFinishTimer(float dt) {
 void TestFinish() {
     const float share = static_cast<float>(WaterAtFinish()) * finishWaterVolume;
     const auto required = std::max(static_cast<std::int64_t>(share), std::int64_t{1});
-    if (waterInFinish >= required) {
-        finishing = true;
-        finishTimer = finishAnimationTime;
+    if (current.waterInFinish >= required) {
+        current.finishing = true;
+        current.finishTimer = finishAnimationTime;
         if (finishSound) {
             finishSound->Rewind();
             finishSound->Play();
         }
     }
-    waterInFinish = 0;
+    current.waterInFinish = 0;
 }
 
 const Console::CommandTable commands{
@@ -130,16 +123,14 @@ const Console::CommandTable commands{
 }  // namespace
 
 void Initialise() {
+    current = {};
     respawnX = LevelData::waterStart.x;
     respawnY = LevelData::waterStart.y;
-    respawnAmount = fullBody;
-    finishing = false;
     timePrint = false;
-    waterInFinish = 0;
 
     const ConfigFile file("cfg\\game.cfg");
     finishAnimationTime = std::max(file.GetFloat("finishAnimationTime"), 0.001f);
-    finishTimer = finishAnimationTime;
+    current.finishTimer = finishAnimationTime;
     finishWaterVolume = file.GetFloat("finishWaterVolume");
     if (!finishAnimation) {
         CreateFinishAnimation(file);
@@ -148,8 +139,7 @@ void Initialise() {
     CreateOnce(deadSound, file.GetString("deadSound"));
 
     commands.Add();
-    stopwatch.Reset();
-    stepSeconds = 0.0;
+    current.stopwatch.Reset();
 }
 
 void Shutdown() {
@@ -157,11 +147,11 @@ void Shutdown() {
     finishSound.reset();
     deadSound.reset();
     commands.Remove();
-    waterInFinish = 0;
+    current.waterInFinish = 0;
 }
 
 void Take(const TriggerEvents& events) {
-    waterInFinish += events.waterInFinish;
+    current.waterInFinish += events.waterInFinish;
     for (const Trigger* const checkPoint : events.checkPoints) {
         const Vector2 centre = checkPoint->Centre();
         SetRespawn(centre.x, centre.y);
@@ -171,13 +161,13 @@ void Take(const TriggerEvents& events) {
 
 void Step(float dt) {
     VANTREL_ASSERT(dt > 0.0f);
-    if (!finishing) {
+    if (!current.finishing) {
         StepTime(dt);
     }
     if (ParticleManager::particles.empty() && GroupedParticleMover::groups.empty()) {
         RespawnWater();
     }
-    if (finishing) {
+    if (current.finishing) {
         StepFinishTimer(dt);
     } else {
         TestFinish();
@@ -186,21 +176,21 @@ void Step(float dt) {
 
 void CountSteps(bool on) {
     if (countsSteps && !on) {
-        stopwatch.Skip();
+        current.stopwatch.Skip();
     }
     countsSteps = on;
 }
 
 void SkipTime() {
-    stopwatch.Skip();
+    current.stopwatch.Skip();
 }
 
 bool IsFinished() {
-    return finishing && finishTimer <= 0.0f;
+    return current.finishing && current.finishTimer <= 0.0f;
 }
 
 bool IsFinishing() {
-    return finishing;
+    return current.finishing;
 }
 
 void SetRespawn(float x, float y) {
@@ -217,7 +207,7 @@ std::uint32_t WaterAtFinish() {
 }
 
 std::uint32_t ElapsedMs() {
-    return stopwatch.elapsedMs;
+    return current.stopwatch.elapsedMs;
 }
 
 std::uint32_t TimeScore() {
@@ -236,10 +226,10 @@ std::uint32_t TotalScore() {
 }
 
 float FinishFade() {
-    if (!finishing || finishTimer <= 0.0f) {
+    if (!current.finishing || current.finishTimer <= 0.0f) {
         return -1.0f;
     }
-    return 1.0f - finishTimer / finishAnimationTime;
+    return 1.0f - current.finishTimer / finishAnimationTime;
 }
 
 GuiAnimatedButton* FinishAnimation() {

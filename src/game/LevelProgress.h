@@ -6,8 +6,22 @@
 #include <cstdint>
 
 #include "actors/TriggerEvents.h"
+#include "engine/FullBody.h"
+#include "engine/Timer.h"
 
 class GuiAnimatedButton;
+
+/// All that changes about a level's course while it is played.
+struct ProgressState {
+    bool finishing = false;           ///< the finish was reached
+    float finishTimer = 0.001f;       ///< seconds left of the finish animation
+    std::uint32_t waterInFinish = 0;  ///< counted during this step
+    Stopwatch stopwatch;              ///< holds the level's time
+    double stepSeconds = 0.0;         ///< sum of the level's steps, where those are counted
+    float respawnX = 0.0f;            ///< where lost water comes back, world units
+    float respawnY = 0.0f;
+    std::uint32_t respawnAmount = fullBody;  ///< particles that come back
+};
 
 namespace LevelProgress {
 
@@ -45,9 +59,11 @@ void Draw();
 
 // What drawing and traces read.
 
-extern float respawnX;
-extern float respawnY;
-extern std::uint32_t respawnAmount;
+extern ProgressState current;
+// Parts of `current` by their own names.
+inline float& respawnX = current.respawnX;
+inline float& respawnY = current.respawnY;
+inline std::uint32_t& respawnAmount = current.respawnAmount;
 extern bool timePrint;
 /// How far the fade over the finished level is, 0..1; negative while it doesn't show.
 float FinishFade();
