@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <tuple>
+#include <unordered_map>
 
 #include "actors/TriggerEffects.h"
 #include "engine/Console.h"
@@ -82,4 +83,25 @@ void DelayedEffects::Clear() {
     lines.clear();
     waiting = 0;
     hasComplained = false;
+}
+
+void DelayedEffects::AddTo(StateFold& fold, const std::deque<Trigger>& triggers) const {
+    std::unordered_map<const Trigger*, std::size_t> numbers;
+    for (const Trigger& trigger : triggers) {
+        numbers.emplace(&trigger, numbers.size());
+    }
+    fold.Add(waiting, lines.size());
+    for (const auto& [delay, line] : lines) {
+        fold.Add(delay, line.batches.All().size());
+        for (const float timeLeft : line.timeLeft.All()) {
+            fold.Add(timeLeft);
+        }
+        for (const auto& [since, dt, size] : line.batches.All()) {
+            // Steps count on from level to level: what matters is how long ago it was.
+            fold.Add(step - since, dt, size);
+        }
+        for (const auto& [trigger, order, times] : line.firings.All()) {
+            fold.Add(numbers.at(trigger), order, times);
+        }
+    }
 }

@@ -7,12 +7,14 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <map>
 #include <span>
 #include <vector>
 
 #include "actors/Trigger.h"
 #include "actors/TriggerEvents.h"
+#include "engine/StateFold.h"
 
 class DelayedEffects {
 public:
@@ -31,6 +33,8 @@ public:
     void Add(std::span<const Firing> fired, float dt);
     void Clear();
     std::size_t Count() const { return waiting; }
+    /// Folds all that waits; the firings are by these triggers.
+    void AddTo(StateFold& fold, const std::deque<Trigger>& triggers) const;
 
 private:
     /// A queue that keeps its storage.
@@ -41,6 +45,7 @@ private:
         T& Front() { return items[head]; }
         T& Back() { return items.back(); }
         std::span<T> All() { return std::span(items).subspan(head); }
+        std::span<const T> All() const { return std::span(items).subspan(head); }
         void Push(const T& item) { items.push_back(item); }
         void Pop() {
             if (++head * 2 > items.size()) {

@@ -8,7 +8,6 @@
 #include <string>
 #include <vector>
 
-#include "actors/DelayedEffects.h"
 #include "actors/ForceManager.h"
 #include "actors/LevelObjectsManager.h"
 #include "actors/MoverManager.h"
@@ -217,6 +216,10 @@ const TriggerEvents& Step(const View& view, float dt) {
     }
     DelayFired(dt);
     return events;
+}
+
+const DelayedEffects& Delayed() {
+    return delayedEffects;
 }
 
 std::size_t DelayedCount() {

@@ -9,6 +9,7 @@
 
 #include <deque>
 
+#include "actors/DelayedEffects.h"
 #include "actors/Trigger.h"
 #include "actors/TriggerEvents.h"
 #include "level/View.h"
@@ -30,7 +31,9 @@ void Add(int type, std::uint32_t targetId, float delay, Vector2 corner0, Vector2
 void Reset();
 /// What happened that others decide on; valid until the next step.
 const TriggerEvents& Step(const View& view, float dt);
-/// Entries of effects that wait for their time: two at most for a trigger and a step.
+/// What waits for its time.
+const DelayedEffects& Delayed();
+/// Its entries: two at most for a trigger and a step.
 std::size_t DelayedCount();
 /// Debug view (TriggerManagerDraw.cpp).
 void Draw(const View& view);

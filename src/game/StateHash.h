@@ -1,5 +1,7 @@
 #pragma once
-// A hash of all that the next step depends on, to compare two runs' ends by.
+// A hash of all that the next step depends on, to compare two runs by. Left out are files that
+// don't change (textures, samples, settings that only files set), what follows from other
+// state, and what is only shown or heard from outside of the steps.
 
 #include <cstdint>
 

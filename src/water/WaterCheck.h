@@ -5,8 +5,7 @@
 
 namespace WaterCheck {
 
-/// FNV-1a over places, velocities, temperatures and life of all particles and groups, in list
-/// order. Equal for equal water, whatever its addresses.
+/// Of what WaterFold::AddWater hands over. Equal for equal water, whatever its addresses.
 std::uint64_t Hash();
 
 /// What is wrong with lists and grid, or null: chains that don't fit, ice in the grid.

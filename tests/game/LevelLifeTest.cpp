@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 
+#include "game/StateHash.h"
 #include "support/TestGame.h"
 #include "water/GroupedParticleMover.h"
 #include "water/ParticleMover.h"
@@ -208,7 +209,7 @@ TEST(LevelRestart, BringsBackWhatItShouldAndOnlyThat) {
 /// The state after two seconds of play from a fresh start with the same random numbers.
 std::uint64_t PlayTwoSeconds(TestGame& game) {
     game.Frames(125);
-    return TestGame::StateHash();
+    return StateHash();
 }
 
 TEST(LevelRestart, AHundredTimesEndsTheSame) {

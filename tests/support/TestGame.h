@@ -94,20 +94,6 @@ public:
         MenuManager::Show(MenuManager::None);
     }
 
-    /// A hash of everything that a step depends on.
-    static std::uint64_t StateHash() {
-        std::uint64_t hash = WaterCheck::Hash() ^ Random::state;
-        const auto mix = [&hash](std::uint64_t value) { hash = (hash ^ value) * 1099511628211u; };
-        for (const Mover& mover : MoverManager::movers) {
-            mix(static_cast<std::uint64_t>(static_cast<double>(mover.distance) * 1000.0));
-            mix(static_cast<std::uint64_t>(mover.state));
-        }
-        for (const Trigger& trigger : TriggerManager::triggers) {
-            mix(trigger.fireCount);
-        }
-        return hash;
-    }
-
     TemporaryDirectory directory;
     WorkingDirectoryGuard inDirectory;
     Platform::ScriptedClock clock;

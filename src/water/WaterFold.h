@@ -1,0 +1,14 @@
+#pragma once
+// All of the water's state and that of the effects, for comparing runs (engine/StateFold.h).
+
+#include "engine/StateFold.h"
+
+namespace WaterFold {
+
+/// All particles and groups in list order, whatever their addresses, and the values that the
+/// console can set for all of them.
+void AddWater(StateFold& fold);
+/// All emitters and effect particles in list order.
+void AddEffects(StateFold& fold);
+
+}  // namespace WaterFold
