@@ -5,10 +5,9 @@
 
 #include "actors/SoundSourceManager.h"
 #include "audio/IceSounds.h"
-#include "audio/MusicPlayer.h"
-#include "audio/SoundManager.h"
 #include "audio/SteamSounds.h"
 #include "audio/WaterSounds.h"
+#include "game/Services.h"
 #include "platform/DataRoot.h"
 #include "platform/OpenAlAudio.h"
 #include "support/TestWorld.h"
@@ -22,9 +21,6 @@ class AudioWorld {
 public:
     AudioWorld() {
         Platform::UseDataRoot(VANTREL_SOURCE_DIR "/data");
-        Platform::UseAudio(&audio);
-        SoundManager::Initialise();
-        SoundManager::InitialiseCache();
         IceSounds::Initialise();
         WaterSounds::Initialise();
         SteamSounds::Initialise();
@@ -35,9 +31,6 @@ public:
         IceSounds::Shutdown();
         WaterSounds::Shutdown();
         SteamSounds::Shutdown();
-        SoundManager::ShutdownCache();
-        SoundManager::Shutdown();
-        Platform::UseAudio(nullptr);
     }
     AudioWorld(const AudioWorld&) = delete;
     AudioWorld& operator=(const AudioWorld&) = delete;
@@ -47,6 +40,7 @@ public:
 
 private:
     Platform::OpenAlAudio audio{44100};
+    Services services{{.audio = &audio}};
     std::vector<float> stereo = std::vector<float>(2 * 735);
 };
 

@@ -10,13 +10,10 @@
 
 #include "RecordedRuns.h"
 #include "actors/Camera.h"
-#include "engine/Console.h"
 #include "game/GameScreen.h"
-#include "graphics/ConsoleDraw.h"
+#include "game/Services.h"
 #include "graphics/GLWindow.h"
 #include "graphics/GLWindowDisplay.h"
-#include "graphics/TextureManager.h"
-#include "level/Surfaces.h"
 #include "platform/DataRoot.h"
 #include "platform/GlfwWindow.h"
 #include "water/ParticleManager.h"
@@ -61,36 +58,25 @@ extern "C" void glBegin(GLenum mode) {
 
 namespace {
 
-/// The game up to its first level, as the program brings it up, and down again: textures and
-/// display lists must go while their context lives.
+/// The game up to its first level.
 class RunningGame {
 public:
     RunningGame() {
         Platform::UseDataRoot(VANTREL_SOURCE_DIR "/data");
-        GLWindow::Create("DrawBench", 1280, 720);
         GLWindow::SetVsync(false);
-        TextureManager::Initialise();
-        Console::Initialise();
-        ReadSurfaces();
         Game::Initialise("lev\\testLevel.swah");
         MenuManager::Show(MenuManager::None);
         Camera::position = {400.0f, 350.0f};
     }
 
-    ~RunningGame() {
-        RunRecorder::Stop();
-        Game::Shutdown();
-        Console::Shutdown();
-        TextureManager::Shutdown();
-        GLWindow::Close();
-        Platform::UseWindow(nullptr);
-    }
-
-    RunningGame(const RunningGame&) = delete;
-    RunningGame& operator=(const RunningGame&) = delete;
-
+private:
     Platform::GlfwWindow window;
-    GameScreen screen{window};
+    GameScreen screen;
+    Services services{{.window = &window,
+                       .screen = screen.Parts(),
+                       .title = "DrawBench",
+                       .width = 1280,
+                       .height = 720}};
 };
 
 RunningGame& TheGame() {

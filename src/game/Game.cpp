@@ -228,6 +228,10 @@ bool CostMeter::Add(std::uint64_t begin, std::uint64_t end) {
 }
 
 void Game::Initialise(const std::string& mapName) {
+    if (!gameState.isUp) {
+        ReadSurfaces();
+        gameState.isUp = true;
+    }
     ResetRequests();
     Presentation::Current().BeginLoading();
     MenuHost::Use(&GameMenuHost());
@@ -272,7 +276,6 @@ void Game::Run(const std::string& mapName) {
     if (!GLWindow::IsOpen() || gameState.running) {
         return;
     }
-    ReadSurfaces();
     Initialise(mapName);
     if (MapName().empty()) {
         Notice("Unable to load level '" + mapName + "': " + LastReason());
@@ -309,13 +312,14 @@ void Game::Shutdown() {
     FxParticleManager::Shutdown();
     MenuManager::Shutdown();
     gameState.running = false;
+    gameState.isUp = false;
     gameState.loadedMapName.clear();
     gameState.cursorTexture.reset();
     gameState.font.reset();
 }
 
-bool Game::IsRunning() {
-    return gameState.running;
+bool Game::IsUp() {
+    return gameState.isUp;
 }
 
 std::uint32_t Game::StepCount() {

@@ -23,11 +23,13 @@ public:
 
     /// Runs one whole game; returns at once if there is no window or a game runs already.
     static void Run(const std::string& mapName);
-    /// The parts of Run, for programs that drive the frames themselves.
+    /// The parts of Run, for programs that drive the frames themselves. The first Initialise also
+    /// reads the surfaces' frictions.
     static void Initialise(const std::string& mapName);
     static void Frame();
     static void Shutdown();
-    static bool IsRunning();
+    /// From the first Initialise to Shutdown.
+    static bool IsUp();
     /// One module step with this input, of a time above 0, at once, whatever clock and keys say.
     static void Step(const RunStep& step);
     /// The next step of the run that is replayed, at once; false if there is none.

@@ -1,19 +1,9 @@
-// Puts the shown game's parts in their places, and takes them out in reverse.
+// The parts that show the game; see GameScreen.h.
 
 #include "game/GameScreen.h"
 
-#include "graphics/TextureManager.h"
+#include "graphics/ConsoleDraw.h"
 
-GameScreen::GameScreen(Platform::Window& window) {
-    Platform::UseWindow(&window);
-    TextureManager::UseDevice(&textures);
-    GuiPainter::Use(&painter);
-    Presentation::Use(&presentation);
-}
-
-GameScreen::~GameScreen() {
-    Presentation::Use(nullptr);
-    GuiPainter::Use(nullptr);
-    TextureManager::UseDevice(nullptr);
-    Platform::UseWindow(nullptr);
+ScreenParts GameScreen::Parts() {
+    return {&textures, &painter, &presentation, Console::ReleaseFont};
 }

@@ -21,7 +21,8 @@ struct CostMeter {
 };
 
 struct GameState {
-    bool running = false;
+    bool isUp = false;     ///< from the first Initialise to Shutdown
+    bool running = false;  ///< until the player quits
     bool quitRequested = false;
     bool newMapRequested = false;
     bool restartRequested = false;

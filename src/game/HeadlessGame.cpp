@@ -1,37 +1,14 @@
-// Brings the game up with nothing to show it on, and takes it down; see HeadlessGame.h.
+// The game with nothing to show it on; see HeadlessGame.h.
 
 #include "game/HeadlessGame.h"
 
-#include "engine/Console.h"
 #include "game/Game.h"
-#include "game/RunRecorder.h"
 #include "graphics/GLWindow.h"
-#include "graphics/TextureManager.h"
-#include "level/Surfaces.h"
 #include "menus/MenuManager.h"
-#include "platform/Assert.h"
 #include "platform/VirtualKeys.h"
 
-HeadlessGame::HeadlessGame(int width, int height) {
-    VANTREL_ASSERT(width > 0 && height > 0);
-    VANTREL_ASSERT(!Game::IsRunning());
-    Platform::UseClock(&clock);
-    Platform::UseWindow(&window);
-    GLWindow::Create("headless", width, height);
-    TextureManager::Initialise();
-    Console::Initialise();
-    ReadSurfaces();
-}
-
-HeadlessGame::~HeadlessGame() {
-    Game::Shutdown();
-    RunRecorder::Stop();
-    Console::Shutdown();
-    TextureManager::Shutdown();
-    GLWindow::Close();
-    Platform::UseWindow(nullptr);
-    Platform::UseClock(nullptr);
-}
+HeadlessGame::HeadlessGame(int width, int height)
+    : services({.clock = &clock, .window = &window, .width = width, .height = height}) {}
 
 bool HeadlessGame::Start(const std::string& levelName) {
     Game::Initialise(levelName);

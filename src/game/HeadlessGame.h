@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 
+#include "game/Services.h"
 #include "platform/Clock.h"
 #include "platform/HeadlessWindow.h"
 
@@ -12,10 +13,6 @@ class HeadlessGame {
 public:
     /// The view has the shape of a window of this size.
     HeadlessGame(int width, int height);
-    /// The level ends, and with it a recording.
-    ~HeadlessGame();
-    HeadlessGame(const HeadlessGame&) = delete;
-    HeadlessGame& operator=(const HeadlessGame&) = delete;
 
     /// Loads the level and dismisses the menu; false if it can't be loaded.
     bool Start(const std::string& levelName);
@@ -27,4 +24,5 @@ public:
 private:
     Platform::ScriptedClock clock;
     Platform::HeadlessWindow window;
+    Services services;
 };

@@ -1,5 +1,5 @@
-// The entry point: brings the services up in a fixed order, runs the game once and takes
-// everything down again.
+// The entry point: opens the window as the player wants it, brings the services up and runs the
+// game once.
 
 #include <cstdio>
 #include <filesystem>
@@ -8,9 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "audio/MusicPlayer.h"
 #include "audio/SoundManager.h"
-#include "engine/Console.h"
 #include "engine/Version.h"
 #include "game/Game.h"
 #include "game/GameScreen.h"
@@ -18,10 +16,9 @@
 #include "game/IntroScreen.h"
 #include "game/Notice.h"
 #include "game/RunRecorder.h"
+#include "game/Services.h"
 #include "game/Startup.h"
-#include "graphics/ConsoleDraw.h"
 #include "graphics/GLWindow.h"
-#include "graphics/GLWindowCommands.h"
 #include "graphics/GLWindowCursor.h"
 #include "graphics/GLWindowDisplay.h"
 #include "graphics/ProgramIcon.h"
@@ -131,34 +128,36 @@ void OpenWindow(const DetailProfile& profile) {
     KeepResolution();
 }
 
-void StartServices(const DetailProfile& profile) {
-    TextureManager::Initialise();
-    Console::Initialise();
-    RepeatNotices();
-    GLWindow::AddConsoleCommands();
-    MusicPlayer::Initialise();
-    SoundManager::Initialise();
-    SoundManager::InitialiseCache();
-    if (!SoundManager::HasDevice()) {
-        Notice("No sound device can be opened: playing without sound");
-    }
-    // The texture manager learns only at its start which extensions there are.
+/// With the services up: the texture manager learns only at its start which extensions there are.
+void SetTextures(const DetailProfile& profile) {
     TextureManager::SetQuality(profile.textureQuality);
     if (profile.anisotropy != 0) {
         TextureManager::SetAnisotropy(profile.anisotropy);
     }
 }
 
-void StopServices() {
-    SoundManager::ShutdownCache();
-    SoundManager::Shutdown();
-    MusicPlayer::Shutdown();
-    Console::ReleaseFont();
-    Console::Shutdown();
-    TextureManager::Shutdown();
-    if (GLWindow::IsOpen()) {
-        GLWindow::Close();
+/// Film, game and high scores, with all that they need. Paths are relative to the directory.
+void RunProgram(const std::filesystem::path& startDirectory) {
+    const DetailProfile profile = ProfileOf(startupSettings.detailLevel);
+    Platform::GlfwWindow window;
+    Platform::OpenAlAudio audio;
+    GameScreen screen;
+    const Services services(
+        {.window = &window, .screen = screen.Parts(), .audio = &audio, .openWindow = [&profile] {
+             OpenWindow(profile);
+         }});
+    if (!SoundManager::HasDevice()) {
+        Notice("No sound device can be opened: playing without sound");
     }
+    SetTextures(profile);
+    Open(PathFrom(startDirectory, startupSettings.recordFile),
+         PathFrom(startDirectory, startupSettings.replayFile));
+    HighScoreTable::Load();
+    GLWindow::BringToFront();
+    if (GLWindow::IsOpen()) {
+        Game::Run(startupSettings.mapName);
+    }
+    HighScoreTable::Save();
 }
 
 }  // namespace
@@ -178,24 +177,7 @@ int main(int argc, char** argv) {
     }
 
     Platform::EndAtOnceOnExit(true);
-    Platform::GlfwWindow window;
-    const GameScreen screen(window);
-    Platform::OpenAlAudio audio;
-    Platform::UseAudio(&audio);
-
-    const DetailProfile profile = ProfileOf(startupSettings.detailLevel);
-    OpenWindow(profile);
-    StartServices(profile);
-    Open(PathFrom(startDirectory, startupSettings.recordFile),
-         PathFrom(startDirectory, startupSettings.replayFile));
-    HighScoreTable::Load();
-    GLWindow::BringToFront();
-    if (GLWindow::IsOpen()) {
-        Game::Run(startupSettings.mapName);
-    }
-    HighScoreTable::Save();
-    StopServices();
-    Platform::UseAudio(nullptr);
+    RunProgram(startDirectory);
     Platform::EndAtOnceOnExit(false);
     return 0;
 }

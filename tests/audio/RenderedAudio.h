@@ -76,6 +76,14 @@ inline double Pitch(const std::vector<float>& stereo, double rate = 44100.0) {
     return count > 1 ? (count - 1) * rate / (last - first) : 0.0;
 }
 
+/// What the audio plays next, on both channels.
+inline std::vector<float> Render(Platform::OpenAlAudio& audio, double seconds,
+                                 std::uint32_t rate = 44100) {
+    std::vector<float> stereo(2 * static_cast<std::size_t>(seconds * rate));
+    audio.Render(stereo);
+    return stereo;
+}
+
 /// The largest step between neighbouring samples of the left channel: a click stands out.
 inline double LargestJump(const std::vector<float>& stereo) {
     double largest = 0.0;
@@ -112,11 +120,7 @@ protected:
         directory.Write(name, bytes);
         Platform::ForgetListings();
     }
-    std::vector<float> Render(double seconds) {
-        std::vector<float> stereo(2 * static_cast<std::size_t>(seconds * renderRate));
-        audio.Render(stereo);
-        return stereo;
-    }
+    std::vector<float> Render(double seconds) { return Signal::Render(audio, seconds, renderRate); }
     double LoudnessOf(double seconds) { return Signal::Loudness(Render(seconds)); }
 
     std::uint32_t renderRate;

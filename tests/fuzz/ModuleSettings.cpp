@@ -44,7 +44,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     fuzz.game.directory.Write("settings.txt", {reinterpret_cast<const char*>(data), size});
     Console::Initialise();
-    ReadSurfaces();
     fuzz.Load(TestLevelFile::Text(level));
     UseMenus(fuzz.game);
     Camera::SetState(Camera::Following);

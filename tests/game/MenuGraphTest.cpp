@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,9 +18,8 @@
 #include "game/Game.h"
 #include "game/HighScoreTable.h"
 #include "game/HighScores.h"
+#include "game/Services.h"
 #include "graphics/GLWindow.h"
-#include "graphics/TextureManager.h"
-#include "level/Surfaces.h"
 #include "menus/LogicalSpace.h"
 #include "menus/MenuManager.h"
 #include "platform/Clock.h"
@@ -68,31 +68,13 @@ protected:
         setenv("XDG_CONFIG_HOME", directory.path.c_str(), 1);
         Platform::UseDataRoot(VANTREL_SOURCE_DIR "/data");
         Platform::ForgetListings();
-        Platform::UseClock(&clock);
-        Platform::UseWindow(&window);
-        Platform::UseAudio(&audio);
-        GLWindow::Create("", 800, 600);
-        TextureManager::Initialise();
-        Console::Initialise();
-        MusicPlayer::Initialise();
-        SoundManager::Initialise();
-        SoundManager::InitialiseCache();
+        services.emplace(ServiceOptions{.clock = &clock, .window = &window, .audio = &audio});
         HighScoreTable::Load();
-        ReadSurfaces();
         Game::Initialise("lev\\testLevel.swah");
         GLWindow::SetListener(&game);
     }
     ~MenuGraphTest() override {
-        Game::Shutdown();
-        SoundManager::ShutdownCache();
-        SoundManager::Shutdown();
-        MusicPlayer::Shutdown();
-        Console::Shutdown();
-        TextureManager::Shutdown();
-        GLWindow::Close();
-        Platform::UseAudio(nullptr);
-        Platform::UseWindow(nullptr);
-        Platform::UseClock(nullptr);
+        services.reset();
         Platform::ForgetListings();
     }
 
@@ -149,6 +131,7 @@ protected:
     Platform::HeadlessWindow window;
     MuteAudio audio;
     Game game;
+    std::optional<Services> services;
 };
 
 TEST_F(MenuGraphTest, EveryButtonLeadsWhereItShouldByMouseInWindowsOfAllShapes) {

@@ -3,6 +3,7 @@
 // of its own, so that tuning the shipped ones changes no test.
 
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "actors/Camera.h"
@@ -12,10 +13,9 @@
 #include "engine/Random.h"
 #include "game/Game.h"
 #include "game/LevelProgress.h"
+#include "game/Services.h"
 #include "graphics/GLWindow.h"
-#include "graphics/TextureManager.h"
 #include "level/LevelData.h"
-#include "level/Surfaces.h"
 #include "menus/MenuManager.h"
 #include "platform/Clock.h"
 #include "platform/HeadlessWindow.h"
@@ -28,40 +28,10 @@
 class TestGame {
 public:
     TestGame() : inDirectory(directory.path) {
-        Platform::UseClock(&clock);
-        Platform::UseWindow(&window);
-        GLWindow::Create("test", 800, 600);
-        directory.Write("cfg/water.cfg",
-                        "gravity 500 roomTemperature 20 heatTransferRate 0.2\n"
-                        "particleKillTime 0.2 particleGroupInterpolation 0.02\n"
-                        "groupExpandSpeed 0.05 iceGravityStrenght 1\n"
-                        "triggerTemperatureChangeSpeed 200\n"
-                        "triggerTemperatureChangeAmountIce 40\n"
-                        "triggerTemperatureChangeAmountSteam 160\n");
-        directory.Write("cfg/surfaces.cfg",
-                        "surfaceFriction_metal 0.9 surfaceFriction_wood 0.9\n"
-                        "surfaceFriction_stone 0.9 surfaceFriction_cloth 0.9\n"
-                        "surfaceFriction_sand 0.9\n");
-        directory.Write("cfg/camera.cfg",
-                        "maxAngle 60 keyboardTurnSpeed 100 movementInterpolateSpeed 0.1\n"
-                        "waypointInterpolateSpeed 0.01 waypointInterpolateDistance 50\n");
-        directory.Write("cfg/game.cfg", "finishWaterVolume 0.5 finishAnimationTime 0.5\n");
-        Platform::ForgetListings();
-        TextureManager::Initialise();
-        Console::Initialise();
-        ReadSurfaces();
+        WriteSettings();
+        services.emplace(ServiceOptions{.clock = &clock, .window = &window});
         Random::state = 0;
     }
-    ~TestGame() {
-        Game::Shutdown();
-        Console::Shutdown();
-        TextureManager::Shutdown();
-        GLWindow::Close();
-        Platform::UseWindow(nullptr);
-        Platform::UseClock(nullptr);
-    }
-    TestGame(const TestGame&) = delete;
-    TestGame& operator=(const TestGame&) = delete;
 
     /// Writes the level and starts it, with no menu showing.
     void Start(const LevelFile& level, const std::string& name = "lev/a.swah") {
@@ -98,6 +68,28 @@ public:
     WorkingDirectoryGuard inDirectory;
     Platform::ScriptedClock clock;
     Platform::HeadlessWindow window;
+
+private:
+    void WriteSettings() {
+        directory.Write("cfg/water.cfg",
+                        "gravity 500 roomTemperature 20 heatTransferRate 0.2\n"
+                        "particleKillTime 0.2 particleGroupInterpolation 0.02\n"
+                        "groupExpandSpeed 0.05 iceGravityStrenght 1\n"
+                        "triggerTemperatureChangeSpeed 200\n"
+                        "triggerTemperatureChangeAmountIce 40\n"
+                        "triggerTemperatureChangeAmountSteam 160\n");
+        directory.Write("cfg/surfaces.cfg",
+                        "surfaceFriction_metal 0.9 surfaceFriction_wood 0.9\n"
+                        "surfaceFriction_stone 0.9 surfaceFriction_cloth 0.9\n"
+                        "surfaceFriction_sand 0.9\n");
+        directory.Write("cfg/camera.cfg",
+                        "maxAngle 60 keyboardTurnSpeed 100 movementInterpolateSpeed 0.1\n"
+                        "waypointInterpolateSpeed 0.01 waypointInterpolateDistance 50\n");
+        directory.Write("cfg/game.cfg", "finishWaterVolume 0.5 finishAnimationTime 0.5\n");
+        Platform::ForgetListings();
+    }
+
+    std::optional<Services> services;
 };
 
 namespace TestLevelFile {

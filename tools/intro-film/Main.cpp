@@ -16,8 +16,7 @@
 #include "engine/Random.h"
 #include "game/Game.h"
 #include "game/GameScreen.h"
-#include "graphics/GLWindow.h"
-#include "graphics/TextureManager.h"
+#include "game/Services.h"
 #include "menus/MenuManager.h"
 #include "platform/DataRoot.h"
 #include "water/FxParticleManager.h"
@@ -158,10 +157,12 @@ int main(int argc, char** argv) {
     }
     Platform::FindDataRoot(argv[0]);
     PictureWindow window(width, height);
-    const GameScreen screen(window);
-
-    GLWindow::Create("Film", width, height);
-    TextureManager::Initialise();
+    GameScreen screen;
+    const Services services({.window = &window,
+                             .screen = screen.Parts(),
+                             .title = "Film",
+                             .width = width,
+                             .height = height});
     Game::Initialise(argv[1]);
     const bool loaded = !Game::MapName().empty();
     if (loaded) {
@@ -173,8 +174,5 @@ int main(int argc, char** argv) {
     } else {
         std::fprintf(stderr, "intro-film: %s can't be loaded\n", argv[1]);
     }
-    Game::Shutdown();
-    TextureManager::Shutdown();
-    GLWindow::Close();
     return loaded ? 0 : 1;
 }

@@ -8,14 +8,11 @@
 #include <utility>
 
 #include "PictureWindow.h"
-#include "engine/Console.h"
 #include "engine/Presentation.h"
 #include "game/Game.h"
 #include "game/GameScreen.h"
 #include "game/RunRecorder.h"
-#include "graphics/GLWindow.h"
-#include "graphics/TextureManager.h"
-#include "level/Surfaces.h"
+#include "game/Services.h"
 #include "menus/MenuManager.h"
 #include "platform/DataRoot.h"
 
@@ -53,20 +50,16 @@ int main(int argc, char** argv) {
         return 1;
     }
     PictureWindow window(width, height);
-    const GameScreen screen(window);
-    GLWindow::Create("Pictures", width, height);
-    TextureManager::Initialise();
-    Console::Initialise();
-    ReadSurfaces();
+    GameScreen screen;
+    const Services services({.window = &window,
+                             .screen = screen.Parts(),
+                             .title = "Pictures",
+                             .width = width,
+                             .height = height});
     const std::string level = run->level;
     RunRecorder::Replay(std::move(*run));
     Game::Initialise(level);
     MenuManager::Show(MenuManager::None);
     TakePictures(window, argc - 2, argv + 2);
-    RunRecorder::Stop();
-    Game::Shutdown();
-    Console::Shutdown();
-    TextureManager::Shutdown();
-    GLWindow::Close();
     return 0;
 }

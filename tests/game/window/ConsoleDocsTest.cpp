@@ -8,17 +8,14 @@
 #include <string>
 #include <vector>
 
-#include "audio/MusicPlayer.h"
-#include "audio/SoundManager.h"
 #include "engine/Console.h"
 #include "engine/ConsoleCommands.h"
 #include "game/Game.h"
 #include "game/GameScreen.h"
-#include "graphics/GLWindow.h"
-#include "graphics/GLWindowCommands.h"
-#include "graphics/TextureManager.h"
+#include "game/Services.h"
 #include "platform/GlfwWindow.h"
 #include "platform/Paths.h"
+#include "platform/SilentAudio.h"
 #include "support/TemporaryDirectory.h"
 #include "support/TestLevelFile.h"
 
@@ -32,27 +29,15 @@ protected:
     ConsoleOfTheGame() {
         directory.Write("a.swah", TestLevelFile::Text(LevelFile().Serialise()));
         Platform::ForgetListings();
-        GLWindow::Create("Vantrel test", 400, 300);
-        TextureManager::Initialise();
-        Console::Initialise();
-        GLWindow::AddConsoleCommands();
-        MusicPlayer::Initialise();
-        SoundManager::InitialiseCache();
         Game::Initialise("a.swah");
-    }
-    ~ConsoleOfTheGame() override {
-        Game::Shutdown();
-        SoundManager::ShutdownCache();
-        MusicPlayer::Shutdown();
-        Console::Shutdown();
-        TextureManager::Shutdown();
-        GLWindow::Close();
     }
 
     TemporaryDirectory directory;
     WorkingDirectoryGuard guard{directory.path};
     Platform::GlfwWindow window;
-    GameScreen screen{window};
+    Platform::SilentAudio audio;
+    GameScreen screen;
+    Services services{{.window = &window, .screen = screen.Parts(), .audio = &audio}};
 };
 
 std::string Trimmed(std::string text) {

@@ -15,10 +15,13 @@ namespace {
 TEST(FinishPicture, CoversWindowsOfAnyShape) {
     Platform::UseDataRoot(VANTREL_SOURCE_DIR "/data");
     WatchedWindow window;
-    const GameScreen screen(window);
+    GameScreen screen;
     for (const auto& [width, height] : {std::pair{640, 360}, {900, 470}, {1200, 340}, {200, 900}}) {
-        GLWindow::Create("Vantrel test", width, height);
-        TextureManager::Initialise();
+        const Services services({.window = &window,
+                                 .screen = screen.Parts(),
+                                 .title = "Vantrel test",
+                                 .width = width,
+                                 .height = height});
         LevelProgress::Initialise();
         ParticleManager::CreateParticles(0.0f, 0.0f, 10.0f, 8);
         LevelProgress::Take({.waterInFinish = 8});
@@ -38,8 +41,6 @@ TEST(FinishPicture, CoversWindowsOfAnyShape) {
 
         ParticleManager::ClearAll();
         LevelProgress::Shutdown();
-        TextureManager::Shutdown();
-        GLWindow::Close();
     }
     Platform::UseDataRoot({});
     Platform::ForgetListings();

@@ -8,9 +8,11 @@
 #include <atomic>
 #include <cstdlib>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "engine/Console.h"
+#include "game/Services.h"
 #include "graphics/GLWindow.h"
 #include "graphics/TextureDeviceDraw.h"
 #include "graphics/TextureManager.h"
@@ -36,20 +38,24 @@ class GameWindow : public testing::Test {
 protected:
     void SetUp() override {
         Platform::ForgetListings();
-        Platform::UseWindow(&window);
-        TextureManager::UseDevice(&device);
-        GLWindow::Create("Vantrel test", 400, 300);
-        TextureManager::Initialise();
+        StartServices(window);
     }
     void TearDown() override {
         if (GLWindow::IsOpen()) {
             EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
         }
-        TextureManager::Shutdown();
-        TextureManager::UseDevice(nullptr);
         GLWindow::SetListener(nullptr);
-        GLWindow::Close();
-        Platform::UseWindow(nullptr);
+        services.reset();
+    }
+    /// In place of those that are up.
+    void StartServices(Platform::Window& onWindow) {
+        services.reset();
+        services.emplace(ServiceOptions{.window = &onWindow,
+                                        .screen = {&device},
+                                        .audio = sound,
+                                        .title = "Vantrel test",
+                                        .width = 400,
+                                        .height = 300});
     }
 
     /// One pixel of the finished picture, counted from the top left corner, as 0xRRGGBB.
@@ -69,4 +75,6 @@ protected:
     WorkingDirectoryGuard guard{directory.path};
     WatchedWindow window;
     GLTextureDevice device;
+    Platform::Audio* sound = nullptr;  ///< to be set before SetUp
+    std::optional<Services> services;
 };

@@ -22,19 +22,13 @@ class IntroScreenTest : public GameWindow {
 protected:
     void SetUp() override {
         setenv("ALSOFT_DRIVERS", "null", 1);
+        sound = &audio;
         GameWindow::SetUp();
-        Platform::UseAudio(&audio);
-        MusicPlayer::Initialise();
         // Frame n is grey of brightness 4 n.
         Ffmpeg("-f lavfi -i \"color=black:s=64x48:r=1000/31,format=gray,geq=lum=4*N\" -frames:v " +
                std::to_string(frames) + " -c:v mjpeg -q:v 2 -pix_fmt yuvj420p vid/intro.avi");
         Ffmpeg("-f lavfi -i sine=d=3:r=44100 -c:a libvorbis vid/intro.ogg");
         Platform::ForgetListings();
-    }
-    void TearDown() override {
-        MusicPlayer::Shutdown();
-        Platform::UseAudio(nullptr);
-        GameWindow::TearDown();
     }
     static void Press(const char* words) {
         const std::string command = std::string("xdotool ") + words;

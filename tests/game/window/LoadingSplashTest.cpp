@@ -166,11 +166,8 @@ public:
 };
 
 TEST_F(LoadingSplashTest, ShowsAStillPictureWithoutASecondContext) {
-    GLWindow::Close();
     AloneWindow alone;
-    Platform::UseWindow(&alone);
-    GLWindow::Create("Vantrel test", 400, 300);
-    TextureManager::Initialise();
+    StartServices(alone);
     GLWindow::SetListener(&listener);
     alone.onSwap = [&] { background = Pixel(5, 5); };
     LoadingSplash::Start();
@@ -181,9 +178,7 @@ TEST_F(LoadingSplashTest, ShowsAStillPictureWithoutASecondContext) {
     EXPECT_EQ(background, 0x0000FFu);
     EXPECT_EQ(GLWindow::GetListener(), &listener);
     alone.onSwap = nullptr;
-    TextureManager::Shutdown();
-    GLWindow::Close();
-    Platform::UseWindow(&window);
+    StartServices(window);
 }
 
 }  // namespace

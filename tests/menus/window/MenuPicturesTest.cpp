@@ -13,6 +13,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <functional>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -21,6 +22,7 @@
 #include "game/HighScoreTable.h"
 #include "game/HighScores.h"
 #include "game/LevelProgress.h"
+#include "game/Services.h"
 #include "graphics/GLWindow.h"
 #include "graphics/ImageReader.h"
 #include "graphics/TextureDeviceDraw.h"
@@ -134,12 +136,12 @@ protected:
         directory.Write("lev/00First.swah", "");
         Platform::ForgetListings();
         Platform::UseDataRoot(VANTREL_SOURCE_DIR "/data");
-        Platform::UseClock(&clock);
-        Platform::UseWindow(&window);
-        TextureManager::UseDevice(&device);
-        GLWindow::Create("Vantrel test", 400, 300);
-        TextureManager::Initialise();
-        GuiPainter::Use(&painter);
+        services.emplace(ServiceOptions{.clock = &clock,
+                                        .window = &window,
+                                        .screen = {&device, &painter},
+                                        .title = "Vantrel test",
+                                        .width = 400,
+                                        .height = 300});
         HighScoreTable::Load();
         HighScoreTable::Insert({"Ada", 500000});
         HighScoreTable::Insert({"wide mmm WWW 0123456", 4294967295});
@@ -153,12 +155,7 @@ protected:
         MenuHost::Use(nullptr);
         LevelProgress::Shutdown();
         ParticleManager::particles.clear();
-        GuiPainter::Use(nullptr);
-        TextureManager::Shutdown();
-        TextureManager::UseDevice(nullptr);
-        GLWindow::Close();
-        Platform::UseWindow(nullptr);
-        Platform::UseClock(nullptr);
+        services.reset();
         Platform::ForgetListings();
     }
 
@@ -278,6 +275,7 @@ protected:
     ScriptedWindow window;
     GLTextureDevice device;
     GLGuiPainter painter;
+    std::optional<Services> services;
 };
 
 TEST_F(MenuPicturesTest, LookAsTheyDidInThreeShapesOfWindow) {

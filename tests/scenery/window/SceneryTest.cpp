@@ -11,16 +11,14 @@
 #include "actors/Camera.h"
 #include "actors/TriggerManager.h"
 #include "bench/RecordedRuns.h"
-#include "engine/Console.h"
 #include "engine/Presentation.h"
 #include "game/GameScreen.h"
 #include "game/GameState.h"
 #include "game/LevelProgress.h"
+#include "game/Services.h"
 #include "graphics/GLWindow.h"
 #include "graphics/GLWindowDisplay.h"
-#include "graphics/TextureManager.h"
 #include "level/LevelData.h"
-#include "level/Surfaces.h"
 #include "platform/DataRoot.h"
 #include "platform/GlfwWindow.h"
 
@@ -35,22 +33,10 @@ class Scenery : public testing::TestWithParam<std::string> {
 protected:
     void SetUp() override {
         Platform::UseDataRoot(VANTREL_SOURCE_DIR "/data");
-        GLWindow::Create("Vantrel test", width, height);
         GLWindow::SetVsync(false);
-        TextureManager::Initialise();
-        Console::Initialise();
-        ReadSurfaces();
         ASSERT_TRUE(RecordedRuns::Begin(GetParam()));
         gameState.background = {1.0f, 0.0f, 1.0f};
     }
-    void TearDown() override {
-        RunRecorder::Stop();
-        Game::Shutdown();
-        Console::Shutdown();
-        TextureManager::Shutdown();
-        GLWindow::Close();
-    }
-
     /// Draws a frame and counts its bare pixels.
     void Look() {
         Presentation::Current().DrawFrame();
@@ -96,7 +82,12 @@ private:
 
     std::vector<std::uint32_t> pixels;
     Platform::GlfwWindow window;
-    GameScreen screen{window};
+    GameScreen screen;
+    Services services{{.window = &window,
+                       .screen = screen.Parts(),
+                       .title = "Vantrel test",
+                       .width = width,
+                       .height = height}};
 };
 
 /// Where the level's triggers are is where its water goes, and the view with it.
