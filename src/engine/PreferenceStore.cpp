@@ -135,8 +135,10 @@ fs::path FindKey(std::string_view path, bool create) {
             return {};
         }
         fs::path next = FindChild(current, component);
-        if (next.empty() && create && fs::create_directory(current / component, error)) {
-            next = current / component;
+        if (next.empty() && create) {
+            // Another game may be first to make it.
+            fs::create_directory(current / component, error);
+            next = FindChild(current, component);
         }
         if (next.empty()) {
             return {};

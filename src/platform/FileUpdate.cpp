@@ -26,8 +26,8 @@ using std::chrono::milliseconds;
 
 constexpr std::string_view temporaryStart = ".vantrel-";
 constexpr std::string_view temporaryEnd = ".tmp";
-constexpr milliseconds lockPatience{5000};
-constexpr milliseconds lockPause{1};
+constexpr milliseconds lockPatience{2000};
+constexpr milliseconds lockPause{5};
 constexpr int mostLinks = 40;  // in a row; as many as the system follows
 constexpr int mostNames = 1000;
 

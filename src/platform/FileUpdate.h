@@ -13,7 +13,7 @@ namespace Platform {
 
 /// One change of one file. While it lives, other updates in the same directory wait, in this
 /// program and in others; a thread has one at a time. A symbolic link stays one: the file that it
-/// leads to is meant. Where a lock can't be had within five seconds, or at all, it goes on without.
+/// leads to is meant. Where a lock can't be had within two seconds, or at all, it goes on without.
 class FileUpdate {
 public:
     enum class State { Missing, Unreadable, Read };

@@ -183,6 +183,14 @@ class Saving(unittest.TestCase):
             self.assertEqual(sorted(self.read(VALUES).split()), [b"even=4", b"odd=4"])
             shutil.rmtree(os.path.join(self.home, "sav"))
 
+    def test_whoever_comes_first_makes_the_folders(self):
+        for _ in range(40):
+            programs = [subprocess.Popen([SAVER, "preferences", name, "1"], cwd=self.home,
+                                         env=self.environment()) for name in "abcd"]
+            self.assertEqual([program.wait() for program in programs], [0] * 4)
+            self.assertEqual(sorted(self.read(VALUES).split()), [b"a=1", b"b=1", b"c=1", b"d=1"])
+            shutil.rmtree(os.path.join(self.home, "config"))
+
 
 if __name__ == "__main__":
     unittest.main(verbosity=2)
