@@ -32,6 +32,7 @@ public:
     /// waiting effects firings are dropped, and the console says so, once.
     void Add(std::span<const Firing> fired, float dt);
     void Clear();
+    /// Entries that wait: two at most for a trigger and a step.
     std::size_t Count() const { return waiting; }
     /// Folds all that waits; the firings are by these triggers.
     void AddTo(StateFold& fold, const std::deque<Trigger>& triggers) const;

@@ -222,8 +222,4 @@ const DelayedEffects& Delayed() {
     return delayedEffects;
 }
 
-std::size_t DelayedCount() {
-    return delayedEffects.Count();
-}
-
 }  // namespace TriggerManager

@@ -33,8 +33,6 @@ void Reset();
 const TriggerEvents& Step(const View& view, float dt);
 /// What waits for its time.
 const DelayedEffects& Delayed();
-/// Its entries: two at most for a trigger and a step.
-std::size_t DelayedCount();
 /// Debug view (TriggerManagerDraw.cpp).
 void Draw(const View& view);
 

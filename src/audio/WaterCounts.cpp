@@ -8,8 +8,6 @@
 
 namespace {
 
-constexpr float boilingPoint = 100.0f;  // degrees
-
 MovingBody BodyOf(std::uint32_t count, float speedSum) {
     return {count, BodyRatio(count), count > 0 ? speedSum / static_cast<float>(count) : 0.0f};
 }
@@ -24,7 +22,7 @@ MovingBody LiquidWater() {
     std::uint32_t count = 0;
     float speedSum = 0.0f;
     for (const Particle& particle : ParticleManager::particles) {
-        if (particle.temperature > 0.0f && particle.temperature < boilingPoint) {
+        if (particle.temperature > freezingPoint && particle.temperature < boilingPoint) {
             ++count;
             speedSum += Length(particle.velocity);
         }

@@ -15,7 +15,6 @@
 #include "engine/ConfigFile.h"
 #include "engine/Console.h"
 #include "engine/FullBody.h"
-#include "engine/Page.h"
 #include "engine/Presentation.h"
 #include "game/GameMenuHost.h"
 #include "game/GameSounds.h"
@@ -341,45 +340,6 @@ void Game::RequestQuit() {
 
 void Game::RequestRestart() {
     gameState.restartRequested = true;
-}
-
-namespace {
-
-struct ViewSize {
-    float width, height;
-};
-
-/// 600 high or 800 wide, whichever shows more; 800 by 600 while the window has no area.
-ViewSize LogicalView() {
-    if (RunRecorder::HoldsView()) {
-        return {RunRecorder::Current().viewWidth, RunRecorder::Current().viewHeight};
-    }
-    const int width = GLWindow::ClientWidth();
-    const int height = GLWindow::ClientHeight();
-    if (width < 1 || height < 1) {
-        return {Page::width, Page::height};
-    }
-    const auto w = static_cast<float>(width);
-    const auto h = static_cast<float>(height);
-    if (height >= width) {
-        return {Page::width, h * (Page::width / w)};
-    }
-    return {w * (Page::height / h), Page::height};
-}
-
-}  // namespace
-
-float Game::ViewWidth() {
-    return LogicalView().width;
-}
-
-float Game::ViewHeight() {
-    return LogicalView().height;
-}
-
-View Game::CurrentView() {
-    const ViewSize size = LogicalView();
-    return Camera::Look(size.width, size.height);
 }
 
 const std::string& Game::MapName() {

@@ -22,7 +22,7 @@ CellTable::Key KeyOf(Vector2 position) {
 void GroupFreeze::Run(ParticleList& particles, GroupList& groups) {
     for (auto it = particles.begin(); it != particles.end();) {
         const auto particle = it++;
-        if (particle->temperature <= 0.0f) {
+        if (particle->temperature <= freezingPoint) {
             ParticleMover::GridRemove(*particle);
             frozen.splice(frozen.end(), particles, particle);
         }

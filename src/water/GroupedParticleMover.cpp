@@ -178,7 +178,7 @@ void Step(const View& view, float dt, ParticleList& particles) {
     const GroupStep step(view, dt);
     for (auto group = groups.begin(); group != groups.end();) {
         bool stays = StepGroup(*group, step, dt);
-        if (stays && !(group->temperature <= 0.0f && !group->particles.empty())) {
+        if (stays && !(group->temperature <= freezingPoint && !group->particles.empty())) {
             ReleaseMembers(*group, particles);
             stays = false;
         }

@@ -1,11 +1,15 @@
 #pragma once
 // One particle of water, ice or steam. There is no state field: ice is a member of a group;
-// free water has 0 < temperature < 100 degrees; free steam has 100 or more.
+// free water lies between `freezingPoint` and `boilingPoint`, free steam from there on.
 
 #include <cstdint>
 #include <list>
 
 #include "engine/Vector2.h"
+
+/// Degrees: ice up to the first, steam from the second on.
+constexpr float freezingPoint = 0.0f;
+constexpr float boilingPoint = 100.0f;
 
 struct Particle {
     /// Collision radius of every particle, world units.

@@ -46,7 +46,7 @@ void DropUnreasonable() {
 
 /// Gravity pulls water down; steam rises instead, and is pushed in a random direction.
 void Accelerate(Particle& particle, Vector2 gravityStep) {
-    if (particle.temperature < 100.0f) {
+    if (particle.temperature < boilingPoint) {
         particle.velocity += gravityStep;
         return;
     }

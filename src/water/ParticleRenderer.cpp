@@ -70,7 +70,7 @@ void CollectParticles() {
     iceList.clear();
     const ParticleList& free = ParticleManager::particles;
     for (auto particle = free.rbegin(); particle != free.rend(); ++particle) {
-        (particle->temperature < 100.0f ? waterList : steamList).push_back(&*particle);
+        (particle->temperature < boilingPoint ? waterList : steamList).push_back(&*particle);
     }
     const GroupList& groups = GroupedParticleMover::groups;
     for (auto group = groups.rbegin(); group != groups.rend(); ++group) {

@@ -130,7 +130,7 @@ TEST(DelayedEffects, CostAStepNoMoreTheLongerTheyWait) {
     for (int i = 0; i < 20000; ++i) {
         TriggerManager::Step(Camera::Look(), 0.01f);
     }
-    EXPECT_EQ(TriggerManager::DelayedCount(), 80000u);
+    EXPECT_EQ(TriggerManager::Delayed().Count(), 80000u);
     EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::seconds(20));
 }
 
@@ -146,7 +146,7 @@ TEST(DelayedEffects, AreDroppedBeyondTheirLimitAndTheConsoleSaysSo) {
     for (int i = 0; i < 70; ++i) {
         TriggerManager::Step(Camera::Look(), 0.01f);
     }
-    EXPECT_EQ(TriggerManager::DelayedCount(), Limits::waitingEffects);
+    EXPECT_EQ(TriggerManager::Delayed().Count(), Limits::waitingEffects);
     const std::string text(Console::OutputText());
     const std::size_t at = text.find("\nToo many delayed effects of triggers wait");
     EXPECT_NE(at, std::string::npos);
@@ -155,7 +155,7 @@ TEST(DelayedEffects, AreDroppedBeyondTheirLimitAndTheConsoleSaysSo) {
     for (int i = 0; i < 50; ++i) {
         TriggerManager::Step(Camera::Look(), 0.01f);
     }
-    EXPECT_LT(TriggerManager::DelayedCount(), Limits::waitingEffects);
+    EXPECT_LT(TriggerManager::Delayed().Count(), Limits::waitingEffects);
     Console::Shutdown();
 }
 

@@ -188,14 +188,14 @@ TEST_F(Triggers, WaitForTheirDelay) {
     EXPECT_EQ(mover.state, Mover::Stopped);
     TriggerManager::Step(Camera::Look(), dt);
     EXPECT_EQ(mover.state, Mover::GoingToEnd);
-    EXPECT_EQ(TriggerManager::DelayedCount(), 0u);
+    EXPECT_EQ(TriggerManager::Delayed().Count(), 0u);
 
     TriggerManager::Reset();
     Inside();
     TriggerManager::Step(Camera::Look(), dt);
-    EXPECT_EQ(TriggerManager::DelayedCount(), 1u);
+    EXPECT_EQ(TriggerManager::Delayed().Count(), 1u);
     TriggerManager::Reset();
-    EXPECT_EQ(TriggerManager::DelayedCount(), 0u);
+    EXPECT_EQ(TriggerManager::Delayed().Count(), 0u);
 }
 
 TEST_F(Triggers, CountWaterInTheFinish) {

@@ -224,7 +224,7 @@ TEST_F(StateHashOfAFullRoom, SeesCameraProgressAndRandomNumbers) {
 }
 
 TEST_F(StateHashOfAFullRoom, SeesWhatWaitsForItsDelay) {
-    ASSERT_GT(TriggerManager::DelayedCount(), 0u);
+    ASSERT_GT(TriggerManager::Delayed().Count(), 0u);
     const auto [cooldown, fireCount] = std::pair(TriggerManager::triggers.front().cooldown,
                                                  TriggerManager::triggers.front().fireCount);
     const std::uint64_t before = StateHash();

@@ -69,7 +69,7 @@ void ChangeTemperature(float& temperature, Vector2 place, float time) {
     } else if (time < 11.8f) {
         Approach(temperature, 60.0f, 70.0f);
     } else {
-        Approach(temperature, temperature > 100.0f ? 400.0f : 60.0f, 200.0f);
+        Approach(temperature, temperature > boilingPoint ? 400.0f : 60.0f, 200.0f);
     }
 }
 
@@ -94,7 +94,7 @@ void Boil(float time) {
     std::size_t next = Random::Next() % stride;
     unsigned gone = 0;
     for (Particle& particle : particles) {
-        if (next == 0 && particle.temperature < 100.0f) {
+        if (next == 0 && particle.temperature < boilingPoint) {
             ParticleManager::KillParticle(particle);
             ++gone;
         }

@@ -65,7 +65,7 @@ void ReadWater(Outcome& outcome) {
     outcome.alive = CountAlive();
     for (const Particle& particle : ParticleManager::particles) {
         if (particle.dying == 0) {
-            const bool isSteam = particle.temperature >= 100.0f;
+            const bool isSteam = particle.temperature >= boilingPoint;
             AddPlace(particle.position, isSteam ? Matter::Steam : Matter::Water, outcome);
             outcome.steam += isSteam ? 1 : 0;
         }
