@@ -1,5 +1,5 @@
-// What becomes of maps as authors draw them, and what they are told when a map can't be
-// expressed.
+// What becomes of maps as authors draw them, what they are told when a map can't be expressed,
+// and levels as maps and back.
 //
 // JSON lists of one element are written with Json::array and Json::object: compilers differ in
 // whether braces round a single value make a list of it or the value itself.
@@ -224,6 +224,28 @@ TEST_F(CompileMap, PassesOverNotesAndEmptyTileLayers) {
     layers.push_back({{"type", "tilelayer"}, {"data", {0, 0}}});
     layers.push_back(Json::object({{"type", "imagelayer"}}));
     Compile();
+}
+
+// The corpus of the fuzzing program LevelTool does the same with levels that nobody would draw.
+TEST_F(CompileMap, GivesTheBytesOfADecompiledLevelBack) {
+    for (const auto& entry : std::filesystem::directory_iterator(VANTREL_SOURCE_DIR "/data/lev")) {
+        std::filesystem::copy_file(entry.path(), folder / "a.swah",
+                                   std::filesystem::copy_options::overwrite_existing);
+        ASSERT_EQ(Run("decompile a.swah -o a.tmj").error, "") << entry.path();
+        ASSERT_EQ(Run("compile a.tmj -o b.swah").error, "") << entry.path();
+        ASSERT_EQ(Read("a.swah"), Read("b.swah")) << entry.path();
+    }
+}
+
+TEST_F(CompileMap, MarksOnlyOutlinesThatTidyingWouldChange) {
+    LevelFile level;
+    level.polygons = {Box(0, 0, 10, 10), Box(20, 0, 30, 10)};
+    std::swap(level.polygons[1].points[1], level.polygons[1].points[3]);
+    WriteLevel("a.swah", level);
+    Run("decompile a.swah -o a.tmj");
+    const std::string map = Read("a.tmj");
+    EXPECT_NE(map.find("\"exact\""), std::string::npos);
+    EXPECT_EQ(map.find("\"exact\""), map.rfind("\"exact\""));
 }
 
 }  // namespace
