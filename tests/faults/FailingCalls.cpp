@@ -1,6 +1,6 @@
 // Loaded before a program, makes one of its calls on files in one directory fail:
 //   FAULT_DIRECTORY  absolute; files below it are watched
-//   FAULT_CALL       open, read, write, fsync, flock, rename, close, fopen, fwrite or fclose
+//   FAULT_CALL       open, read, write, fsync, flock, rename or close
 //   FAULT_NUMBER     which of these calls on watched files fails, from 1
 //   FAULT_KIND       an error number, or "short": half of what was to be read or written
 //   FAULT_MARK       a file that is made when the call has failed
@@ -13,7 +13,6 @@
 #include <array>
 #include <cerrno>
 #include <cstdarg>
-#include <cstdio>
 #include <cstdlib>
 #include <string>
 #include <string_view>
@@ -127,29 +126,6 @@ int close(int descriptor) {
     Watch(descriptor, false);
     const int result = Next<int(int)>("close")(descriptor);
     return isWatched && Fails("close") ? -1 : result;
-}
-
-// The streams of the library don't come through the calls above.
-
-std::FILE* fopen(const char* path, const char* mode) {
-    return LiesInDirectory(path) && Fails("fopen")
-               ? nullptr
-               : Next<std::FILE*(const char*, const char*)>("fopen")(path, mode);
-}
-
-std::size_t fwrite(const void* data, std::size_t size, std::size_t count, std::FILE* file) {
-    const auto next =
-        Next<std::size_t(const void*, std::size_t, std::size_t, std::FILE*)>("fwrite");
-    const bool isOurs = file != stdout && file != stderr;
-    if (isOurs && Fails("fwrite")) {
-        return 0;
-    }
-    return next(data, size, isOurs && Fails("fwrite", true) ? count / 2 : count, file);
-}
-
-int fclose(std::FILE* file) {
-    const int result = Next<int(std::FILE*)>("fclose")(file);
-    return Fails("fclose") ? EOF : result;
 }
 
 }  // extern "C"

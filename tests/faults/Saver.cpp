@@ -1,13 +1,11 @@
 // Saves as the game does, with no window: for tests that make its calls fail, or kill it.
 //   saver scores NAME SCORE [TIMES]       enters SCORE, SCORE + 1, ... and saves each
 //   saver preferences NAME NUMBER [TIMES] stores NUMBER, NUMBER + 1, ...
-//   saver log TEXT                        logs the console and prints what it tells
 
 #include <cstdio>
 #include <cstdlib>
 #include <string_view>
 
-#include "engine/Console.h"
 #include "engine/PreferenceStore.h"
 #include "game/HighScoreTable.h"
 
@@ -35,14 +33,6 @@ int StorePreferences(const char* name, unsigned number, unsigned times) {
     return isStored ? 0 : 1;
 }
 
-int Log(const char* text) {
-    Console::SetLogging(true);
-    Console::Print(text);
-    Console::SetLogging(false);
-    std::puts(Console::OutputText().c_str());
-    return 0;
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -55,5 +45,5 @@ int main(int argc, char** argv) {
     if (what == "preferences") {
         return StorePreferences(argv[2], number, times);
     }
-    return what == "log" ? Log(argv[2]) : 2;
+    return 2;
 }

@@ -124,16 +124,6 @@ class Saving(unittest.TestCase):
                     "--every", "1000"]
         self.hold("a.run", record("20"), record("30"))
 
-    def test_the_log_tells_where_it_ends(self):
-        faults = {"fopen": DISK, "fwrite": (*DISK, "short"), "fclose": DISK}
-        for call, kind, fault in self.each_fault(faults):
-            done = subprocess.run([SAVER, "log", "text"], cwd=self.home, capture_output=True,
-                                  text=True, timeout=60, check=True,
-                                  env=self.environment(**fault))
-            if os.path.exists(self.mark):
-                self.assertRegex(done.stdout, "Unable to write log|because of a write error",
-                                 f"{call} {kind}")
-
     def kill(self, command, name, is_whole):
         """Kills the program that writes the file, at any moment after its first save, again and
         again. How often it left a file behind."""
