@@ -88,18 +88,6 @@ class Sounds(unittest.TestCase):
                 if file.getframerate() == RATE:
                     self.assertAlmostEqual(loudness(sound), -20, delta=3.1)
 
-    def test_stronger_blows_are_louder_and_longer(self):
-        for kind in ("water_splash", "ice_knock"):
-            energy, length = [], []
-            for strength in ("soft", "mid", "hard"):
-                sounds = [sample(SOUNDS / f"{kind}_{strength}{k}.wav")[0] for k in (1, 2, 3, 4)]
-                energy.append([np.sum(s ** 2) for s in sounds])
-                length.append(np.mean([len(s) for s in sounds]))
-                self.assertEqual(len({s.tobytes() for s in sounds}), 4)
-            for weak, strong in ((0, 1), (1, 2)):
-                self.assertGreater(min(energy[strong]), max(energy[weak]), kind)
-                self.assertGreater(length[strong], 1.3 * length[weak], kind)
-
     def test_music_loops_without_a_click(self):
         for name in ("music_play.ogg", "menu_loop.wav"):
             with self.subTest(name=name):

@@ -4,18 +4,11 @@
 
 #include <sndfile.h>
 
-#include <chrono>
-#include <cstdlib>
-#include <thread>
-
 #include "RenderedAudio.h"
 
 namespace {
 
 using namespace Signal;
-
-// The real audio of this program plays into nothing, in real time.
-const int nullDriver = setenv("ALSOFT_DRIVERS", "null", 1);
 
 constexpr int rate = 44100;
 constexpr double stepSeconds = 0.5;
@@ -150,32 +143,4 @@ TEST_F(MusicTest, GoesOnAtItsPlaceWhenTheDeviceReturns) {
         tone = ToneNow();
     }
     EXPECT_NEAR(tone, ToneAt(3.25), 8.0);
-}
-
-TEST(MusicOnTheRealAudio, IsFedByItsOwnThread) {
-    ASSERT_EQ(nullDriver, 0);
-    TemporaryDirectory directory;
-    WritePiece(directory.path / "piece.ogg", vorbis, 3.0);
-    Platform::OpenAlAudio audio;
-    ASSERT_TRUE(audio.Start());
-    Platform::MusicStream& music = audio.Music();
-    ASSERT_TRUE(music.Open(directory.path / "piece.ogg"));
-    music.SetLooping(true);
-    music.Play();
-    const auto waitUntil = [&](auto condition) {
-        for (int i = 0; i < 500 && !condition(); ++i) {
-            std::this_thread::sleep_for(std::chrono::milliseconds(10));
-        }
-        return condition();
-    };
-    EXPECT_TRUE(waitUntil([&] { return music.Position() > 44100; }));
-    music.Stop();
-    const auto place = music.Position();
-    std::this_thread::sleep_for(std::chrono::milliseconds(100));
-    EXPECT_EQ(music.Position(), place);
-    music.SetPosition(130000);
-    music.Play();
-    EXPECT_TRUE(waitUntil([&] { return music.Position() < 44100; })) << "went round";
-    music.Close();
-    audio.Stop();
 }

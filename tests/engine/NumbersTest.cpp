@@ -56,13 +56,3 @@ TEST(Geometry, SegmentsCrossUnlessTheyShareAnEnd) {
     EXPECT_FALSE(SegmentsCross({0, 0}, {4, 0}, {5, -1}, {5, 1}));
     EXPECT_FALSE(SegmentsCross({0, 0}, {0, 0}, {-1, -1}, {1, 1}));
 }
-
-TEST(Geometry, RoundsAndFindsPowers) {
-    EXPECT_EQ(RoundNearest(2.5f), 3.0f);
-    EXPECT_EQ(RoundNearest(-2.5f), -3.0f);
-    EXPECT_EQ(RoundNearest(0.49999997f), 0.0f);
-    EXPECT_EQ(NextPowerOfTwo(0), 0u);
-    EXPECT_EQ(NextPowerOfTwo(1024), 1024u);
-    EXPECT_EQ(NextPowerOfTwo(1025), 2048u);
-    EXPECT_EQ(NextPowerOfTwo(0xFFFFFFFF), 0u);
-}

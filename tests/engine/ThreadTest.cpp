@@ -6,9 +6,6 @@
 #include <chrono>
 #include <thread>
 
-#include "engine/Console.h"
-#include "platform/FileUpdate.h"
-
 namespace {
 
 using std::chrono::milliseconds;
@@ -81,22 +78,3 @@ TEST(Thread, StopsAtItsHoldPoints) {
 }
 
 }  // namespace
-
-#ifdef VANTREL_ASSERTS
-TEST(Preconditions, EndTheProgramOfACallerThatBreaksThem) {
-    GTEST_FLAG_SET(death_test_style, "threadsafe");
-    EXPECT_DEATH(std::thread([] { Console::Execute("x"); }).join(), "IsMainThread");
-    EXPECT_DEATH(
-        {
-            Thread thread(CountRun);
-            std::thread([&] { thread.Resume(); }).join();
-        },
-        "owner");
-    EXPECT_DEATH(
-        {
-            const Platform::FileUpdate one("here/a");
-            const Platform::FileUpdate other("there/b");
-        },
-        "isUpdating");
-}
-#endif

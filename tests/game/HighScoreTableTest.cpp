@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <random>
-
 #include "engine/Console.h"
 #include "platform/Paths.h"
 #include "support/TemporaryDirectory.h"
@@ -35,11 +32,6 @@ protected:
             EXPECT_EQ(row.Name(), "NO NAME");
             EXPECT_EQ(row.score, 0u);
         }
-    }
-    static std::string RandomBytes(std::size_t count, std::mt19937& random) {
-        std::string bytes(count, '\0');
-        std::generate(bytes.begin(), bytes.end(), [&] { return static_cast<char>(random()); });
-        return bytes;
     }
 
     TemporaryDirectory directory;
@@ -97,26 +89,6 @@ TEST_F(HighScoreTableTest, KeepsDefaultsOnFilesThatArentItsOwn) {
     std::filesystem::create_directory(directory.path / "sav/scores.sav");
     Reload();
     ExpectDefaults();
-}
-
-TEST_F(HighScoreTableTest, TakesAnyBytesForNamesAndGivesThemBack) {
-    std::mt19937 random(1);
-    for (int i = 0; i < 200; ++i) {
-        const std::string bytes = magic + RandomBytes(280, random);
-        const std::string before = bytes + std::string(static_cast<std::size_t>(i) % 3, '!');
-        Write(before);
-        Reload();
-        for (const HighScoreRow& row : HighScoreTable::Rows()) {
-            ASSERT_LE(row.Name().size(), 21u);
-        }
-        ASSERT_EQ(Saved(), before) << "nothing to save";
-        if (i % 50 == 0) {  // saving waits for the disk
-            HighScoreTable::Insert({"best", 0xFFFFFFFF});
-            const std::string after = Saved();
-            ASSERT_EQ(after.size(), fileSize);
-            ASSERT_EQ(after.substr(4 + 28), bytes.substr(4, 9 * 28));
-        }
-    }
 }
 
 TEST_F(HighScoreTableTest, ASaveThatFailsCostsNothing) {

@@ -255,6 +255,9 @@ TEST_F(MenuGraphTest, MenusHoldTheGameStill) {
     EXPECT_TRUE(Game::IsPaused());
     Click({10, 10});
     EXPECT_FALSE(Game::IsPaused());
+    window.SetForeground(false);
+    GLWindow::PumpMessages();
+    EXPECT_TRUE(Game::IsPaused()) << "another program has the keyboard";
 }
 
 TEST_F(MenuGraphTest, OptionsCountByTheButtonAndAreDroppedByEscape) {

@@ -11,7 +11,6 @@
 #include "engine/ConsoleCommands.h"
 #include "game/HeadlessGame.h"
 #include "graphics/GLWindow.h"
-#include "level/Surfaces.h"
 #include "platform/SilentAudio.h"
 #include "support/TestGame.h"
 
@@ -25,10 +24,6 @@ protected:
     std::string Log() const {
         std::ifstream file(directory.path / "ConsoleLog.txt");
         return {std::istreambuf_iterator<char>(file), {}};
-    }
-    void WriteFriction(const std::string& value) {
-        directory.Write("cfg/surfaces.cfg", "surfaceFriction_wood " + value);
-        Platform::ForgetListings();
     }
 
     TemporaryDirectory directory;
@@ -71,20 +66,6 @@ TEST_F(ServicesTest, EndTheGameBeforeTheConsoleAndOnlyIfItIsUp) {
     EXPECT_NE(Log().find("Game shutdown"), std::string::npos);
     { const HeadlessGame unstarted(800, 600); }
     EXPECT_EQ(Log().find("Game shutdown"), std::string::npos);
-}
-
-TEST_F(ServicesTest, GiveTheFirstLevelItsFrictions) {
-    directory.Write("a.swah", TestLevelFile::Text(TestLevelFile::Room().Serialise()));
-    constexpr int wood = 2;
-    for (const float friction : {0.75f, 0.25f}) {
-        WriteFriction(std::to_string(friction));
-        HeadlessGame game(800, 600);
-        ASSERT_TRUE(game.Start("a.swah"));
-        EXPECT_EQ(SurfaceFriction(wood), friction);
-        WriteFriction("0.5");
-        game.Start("a.swah");
-        EXPECT_EQ(SurfaceFriction(wood), friction) << "once, before the first";
-    }
 }
 
 }  // namespace

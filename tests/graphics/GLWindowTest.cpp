@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <string>
 #include <utility>
 #include <vector>
@@ -213,47 +212,23 @@ TEST_F(GLWindowTest, ShowsTheArrowOutsideOfTheClientArea) {
     EXPECT_EQ(GLWindow::GetCursorKind(), Platform::Cursor::Arrow);
 }
 
-/// Windows with samples, as drivers may offer them.
-class SampleTest : public GLWindowTest {
-protected:
-    SampleTest() {
-        GLWindow::SetTitle("Mine");
-        GLWindow::SetCursorKind(Platform::Cursor::Cross);
-        GLWindow::SetClientSize(640, 480);
-        GLWindow::Move(50, 60);
-        recorder.Take();
-    }
-    /// Whether nothing but the context has changed.
-    void ExpectKept() {
-        EXPECT_EQ(window.Title(), "Mine");
-        EXPECT_EQ(window.CursorShown(), Platform::Cursor::Cross);
-        EXPECT_EQ(GLWindow::ClientWidth(), 640);
-        EXPECT_EQ(GLWindow::WindowLeft(), 50);
-        EXPECT_EQ(GLWindow::WindowTop(), 60);
-        EXPECT_EQ(GLWindow::GetListener(), &recorder);
-        for (const std::string& event : recorder.Take()) {
-            EXPECT_EQ(event, "resize");
-        }
-    }
-};
-
-TEST_F(SampleTest, FallsBackWhenTheContextHasFewerThanWereOffered) {
+TEST_F(GLWindowTest, FallsBackWhenTheContextHasFewerSamplesThanWereOffered) {
+    GLWindow::SetTitle("Mine");
+    GLWindow::SetCursorKind(Platform::Cursor::Cross);
+    GLWindow::SetClientSize(640, 480);
+    GLWindow::Move(50, 60);
     window.SetSampleLimits(8, 4);
     EXPECT_FALSE(GLWindow::SetSamples(8));
     EXPECT_EQ(GLWindow::Samples(), 1u);
-    ExpectKept();
     EXPECT_TRUE(GLWindow::SetSamples(4));
     EXPECT_FALSE(GLWindow::SetSamples(8));
     EXPECT_EQ(GLWindow::Samples(), 4u) << "back to what it had";
-    ExpectKept();
-}
-
-TEST_F(SampleTest, StaysFullscreen) {
-    window.SetSampleLimits(4, 4);
-    GLWindow::SetFullscreen(true, 1280, 1024);
-    EXPECT_TRUE(GLWindow::SetSamples(2));
-    EXPECT_TRUE(GLWindow::IsFullscreen());
-    EXPECT_EQ(GLWindow::ClientWidth(), 1280);
+    // Nothing but the context has changed.
+    EXPECT_EQ(window.Title(), "Mine");
+    EXPECT_EQ(window.CursorShown(), Platform::Cursor::Cross);
+    EXPECT_EQ(GLWindow::ClientWidth(), 640);
+    EXPECT_EQ(GLWindow::WindowLeft(), 50);
+    EXPECT_EQ(GLWindow::GetListener(), &recorder);
 }
 
 TEST_F(GLWindowTest, FindsExtensionsAsWholeWords) {
@@ -268,21 +243,6 @@ TEST_F(GLWindowTest, FindsExtensionsAsWholeWords) {
               (std::vector<std::string>{"GL_ARB_one", "GL_EXT_swap_control_tear", "GL_ARB_two"}));
     GLWindow::Close();
     EXPECT_FALSE(GLWindow::HasExtension("GL_ARB_one"));
-}
-
-TEST(GLWindowDeathTest, EndsTheProgramWithOneClearMessage) {
-    const auto create = [](Platform::WindowError error) {
-        unsetenv("DISPLAY");
-        unsetenv("WAYLAND_DISPLAY");
-        Platform::HeadlessWindow window;
-        window.SetCreateError(error);
-        Platform::UseWindow(&window);
-        GLWindow::Create("Game", 800, 600);
-    };
-    EXPECT_EXIT(create(Platform::WindowError::NoDisplay), testing::ExitedWithCode(1),
-                "Unable to create window. There is no display.");
-    EXPECT_EXIT(create(Platform::WindowError::NoContext), testing::ExitedWithCode(1),
-                "Could not create an OpenGL rendering context.");
 }
 
 }  // namespace

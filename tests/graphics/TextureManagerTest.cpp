@@ -4,7 +4,6 @@
 
 #include <map>
 #include <memory>
-#include <thread>
 
 #include "TgaBytes.h"
 #include "graphics/Texture.h"
@@ -199,19 +198,6 @@ TEST_F(TextureManagerTest, ReloadsInPlace) {
     EXPECT_EQ(texture.width, 128u);  // copied when the handle was made
     EXPECT_EQ(Texture(texture).width, 4u);
     EXPECT_EQ(List(), Lines{"IMG\\LATE.TGA : 32 BIT"});
-}
-
-TEST_F(TextureManagerTest, OtherThreadsCountAndReleaseNothing) {
-    const Texture mine("missing", nullptr);
-    std::thread([] { const Texture theirs("MISSING", nullptr); }).join();
-    EXPECT_EQ(TextureManager::Acquire("missing", nullptr).refCount, 2u);
-    TextureManager::Release("missing");
-    std::thread([] {
-        TextureManager::Release("missing");
-        TextureManager::ReloadAll();
-    }).join();
-    EXPECT_EQ(device.uploads, 1);
-    EXPECT_EQ(device.shown.count(mine.glName), 1u);
 }
 
 TEST_F(TextureManagerTest, ListsTheFramesOfASetInOrder) {
