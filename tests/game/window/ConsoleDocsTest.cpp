@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <fstream>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -66,49 +65,6 @@ Lines FromTheDocumentation() {
     return lines;
 }
 
-/// "< x : number > < y : number >" as {"x : number", "y : number"}.
-Lines Parts(const std::string& arguments) {
-    Lines parts;
-    for (std::size_t at = 0; (at = arguments.find("< ", at)) != std::string::npos; ++at) {
-        parts.push_back(arguments.substr(at + 2, arguments.find(" >", at) - at - 2));
-    }
-    return parts;
-}
-
-struct Sample {
-    const char* form;
-    const char* good;
-    const char* bad;
-};
-
-/// Words that have the form that a part asks for, and that don't; any word is a text.
-Sample SampleOf(const std::string& part) {
-    const std::string form =
-        part.substr(part.rfind(':') == std::string::npos ? 0 : part.rfind(':') + 2);
-    for (const Sample& sample :
-         {Sample{"integer", "2", "2.5"}, Sample{"integer number", "2", "2.5"},
-          Sample{"number", "-.5", "one"}, Sample{"true OR false", "TRUE", "1"}}) {
-        if (form == sample.form) {
-            return sample;
-        }
-    }
-    return {"", "x", ""};
-}
-
-std::string Line(const std::string& name, const Lines& words) {
-    std::string line = name;
-    for (const std::string& word : words) {
-        line += ' ' + word;
-    }
-    return line;
-}
-
-std::string Reply(const std::string& line) {
-    Console::Clear();
-    Console::Execute(line);
-    return Console::OutputText();
-}
-
 }  // namespace
 
 TEST_F(ConsoleOfTheGame, IsWhatItsDocumentationSays) {
@@ -120,28 +76,5 @@ TEST_F(ConsoleOfTheGame, IsWhatItsDocumentationSays) {
     }
     for (const std::string& line : documentation) {
         EXPECT_EQ(std::ranges::count(tables, line), 1) << "invented: " << line;
-    }
-}
-
-TEST_F(ConsoleOfTheGame, TakesTheArgumentsThatItsUsageLinesName) {
-    const std::map<std::string, ConsoleCommand> commands = Console::Commands();
-    for (const auto& [key, command] : commands) {
-        const std::string usage = command.UsageLine();
-        if (!std::holds_alternative<ConsoleCommand::Call>(command.function)) {
-            continue;
-        }
-        const Lines parts = Parts(command.Arguments());
-        Lines good;
-        for (const std::string& part : parts) {
-            good.push_back(SampleOf(part).good);
-        }
-        EXPECT_NE(Reply(Line(command.name, good)), usage) << command.name;
-        EXPECT_EQ(Reply(Line(command.name, {good.begin(), good.end() - 1})), usage);
-        for (std::size_t i = 0; i < parts.size(); ++i) {
-            Lines words = good;
-            words[i] = SampleOf(parts[i]).bad;
-            EXPECT_TRUE(words[i].empty() || Reply(Line(command.name, words)) == usage)
-                << command.name << ": " << parts[i];
-        }
     }
 }

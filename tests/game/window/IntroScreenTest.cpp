@@ -8,7 +8,6 @@
 
 #include "GameWindow.h"
 #include "audio/MusicPlayer.h"
-#include "platform/DataRoot.h"
 #include "platform/OpenAlAudio.h"
 #include "platform/VirtualKeys.h"
 
@@ -38,14 +37,6 @@ protected:
 
     /// Seconds of the sound track.
     double Heard() { return static_cast<double>(audio.Music().Position()) / 44100.0; }
-    /// By how much the pictures came behind the sound; they are early where that is negative.
-    static void ExpectInStep(std::vector<double> lags) {
-        // Beside other work some passes come late, and are made up for; a drift stays.
-        const double last = lags.back();
-        std::ranges::sort(lags, {}, [](double lag) { return std::abs(lag); });
-        EXPECT_LT(std::abs(lags[lags.size() / 2]), 0.15) << "last " << last;
-    }
-
     Platform::OpenAlAudio audio;
 };
 
@@ -63,30 +54,11 @@ TEST_F(IntroScreenTest, KeepsPictureAndSoundInStepToTheEnd) {
     IntroScreen().Run();
     EXPECT_EQ(last, frames - 1);
     ASSERT_EQ(lags.size(), static_cast<std::size_t>(frames));
-    ExpectInStep(lags);
+    // Beside other work some passes come late, and are made up for; a drift stays.
+    const double lastLag = lags.back();
+    std::ranges::sort(lags, {}, [](double lag) { return std::abs(lag); });
+    EXPECT_LT(std::abs(lags[lags.size() / 2]), 0.15) << "last " << lastLag;
     EXPECT_FALSE(audio.Music().IsPlaying());
-}
-
-/// By the film's own frame counter, as its pictures don't tell their numbers.
-TEST_F(IntroScreenTest, ShipsAFilmThatKeepsInStepToTheEnd) {
-    Platform::UseDataRoot(VANTREL_SOURCE_DIR "/data", true);
-    Platform::ForgetListings();
-    IntroScreen screen;
-    std::vector<double> lags;
-    std::uint32_t next = 0;
-    window.onSwap = [&] {
-        ASSERT_LE(screen.FrameShown(), next) << "a frame is left out";
-        if (screen.FrameShown() == next && audio.Music().IsPlaying()) {
-            lags.push_back(Heard() - next * frameSeconds);
-        }
-        next = screen.FrameShown() + 1;
-    };
-    screen.Run();
-    EXPECT_EQ(next, 601u);  // its end is drawn once, too
-    ASSERT_GE(lags.size(), 540u) << "the sound is over long before the film";
-    ExpectInStep(lags);
-    Platform::UseDataRoot({});
-    Platform::ForgetListings();
 }
 
 TEST_F(IntroScreenTest, EndsByKeyAndByAnyButton) {

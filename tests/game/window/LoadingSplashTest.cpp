@@ -149,16 +149,6 @@ TEST_F(LoadingSplashTest, HandsTheContextToAndFroOften) {
     EXPECT_TRUE(textures.empty()) << textures.front();
 }
 
-TEST_F(LoadingSplashTest, StandsStillWithoutSettings) {
-    directory.Write("cfg/splashScreen.cfg", "");
-    Watch();
-    LoadingSplash::Start();
-    std::this_thread::sleep_for(milliseconds(200));
-    LoadingSplash::Stop();
-    EXPECT_EQ(frames.size(), 1u);
-    EXPECT_GE(window.swaps, 2);
-}
-
 /// No second context to be had, as under drivers that don't share.
 class AloneWindow : public WatchedWindow {
 public:

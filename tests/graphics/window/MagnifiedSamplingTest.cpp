@@ -51,11 +51,4 @@ TEST_F(MagnifiedSamplingTest, DoesNotShowAtAnyScale) {
     }
 }
 
-TEST_F(MagnifiedSamplingTest, SuitsOnlyWhatUploadsDoNotEnlarge) {
-    EXPECT_TRUE(MagnifiedSampling::Suits(256, 64));
-    EXPECT_TRUE(MagnifiedSampling::Suits(184, 138));
-    EXPECT_FALSE(MagnifiedSampling::Suits(192, 64));
-    EXPECT_FALSE(MagnifiedSampling::Suits(64, 100));
-}
-
 }  // namespace

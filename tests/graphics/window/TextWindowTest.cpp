@@ -43,14 +43,6 @@ protected:
         }
         EXPECT_LE(worst, 3) << "code " << int{code} << " at " << left << ", " << top;
     }
-    static bool AnythingDrawn() {
-        for (const std::uint8_t value : ReadChannel(GL_GREEN, 0, 0, 320, 240)) {
-            if (value != 0) {
-                return true;
-            }
-        }
-        return false;
-    }
 
     std::unique_ptr<Texture> font;
     Pixels sheet;
@@ -72,23 +64,6 @@ TEST_F(TextWindowTest, CentresAndRounds) {
     ExpectCell('D', 68, 20, 16);
     font->DrawTextCentred("x", 100.5f, 99.5f, 16, 16, 16, Colours::white);  // up to 101 and 100
     ExpectCell('x', 101, 100, 16);
-}
-
-TEST_F(TextWindowTest, DrawsNothingForNothingAndGivesTheStateBack) {
-    glDisable(GL_BLEND);
-    glEnable(GL_DEPTH_TEST);
-    font->DrawText(nullptr, 0, 0, 16, Colours::white);
-    font->DrawText("", 0, 0, 16, Colours::white);
-    font->DrawText("A", 0, 0, 0, Colours::white);
-    font->DrawText("A", 0, 0, -4, Colours::white);
-    font->DrawTextCentred(nullptr, 0, 0, 10, 10, 16, Colours::white);
-    font->DrawTextCentred("A", 0, 0, 10, 10, 0, Colours::white);
-    EXPECT_FALSE(AnythingDrawn());
-    font->DrawText("A", 0, 0, 16, Colours::white);
-    EXPECT_TRUE(AnythingDrawn());
-    EXPECT_FALSE(glIsEnabled(GL_BLEND));
-    EXPECT_TRUE(glIsEnabled(GL_DEPTH_TEST));
-    EXPECT_FALSE(glIsEnabled(GL_VERTEX_ARRAY));
 }
 
 }  // namespace

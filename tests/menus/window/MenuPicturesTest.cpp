@@ -3,20 +3,18 @@
 // is scripted, so that every animation stands where it stood; no level lies behind. A picture
 // that differs is left full-sized in the working directory.
 //
-// VANTREL_RENEW_PICTURES=1 keeps the pictures anew (needs ImageMagick's convert) and leaves all
-// of them full-sized in the working directory, to be looked at before they are committed.
+// VANTREL_RENEW_PICTURES=1 keeps the pictures anew and leaves all of them full-sized in the
+// working directory, to be looked at before they are committed.
 
 #include <GL/gl.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cmath>
+#include <array>
+#include <cstdio>
 #include <cstdlib>
 #include <functional>
 #include <optional>
 #include <string>
-#include <utility>
-#include <vector>
 
 #include "game/GameMenuHost.h"
 #include "game/HighScoreTable.h"
@@ -24,7 +22,6 @@
 #include "game/LevelProgress.h"
 #include "game/Services.h"
 #include "graphics/GLWindow.h"
-#include "graphics/ImageReader.h"
 #include "graphics/TextureDeviceDraw.h"
 #include "menus/GuiPainterDraw.h"
 #include "menus/MenuHost.h"
@@ -43,77 +40,18 @@ namespace {
 // Taken before the tests go to a directory of their own.
 const std::filesystem::path resultFolder = std::filesystem::current_path();
 
-constexpr int keptWidth = 200;
-constexpr int block = 8;  // pixels of a kept picture
-
-// Of 255. Drivers filter and blend a little differently; a word, a place or a frame that has
-// changed exceeds the second by far.
+// Of 255: of the whole picture, and of the block of it that differs most. Drivers filter and blend
+// a little differently; a word, a place or a frame that has changed exceeds the second by far.
 constexpr double mostOnAverage = 1.5;
 constexpr double mostInABlock = 8.0;
 
-struct Picture {
-    int width = 0;
-    int height = 0;
-    std::vector<std::uint8_t> rgb;  // rows from the top
-};
-
-/// Made smaller, each pixel the mean of those that it stands for.
-Picture Reduced(const Picture& large) {
-    Picture small{keptWidth, large.height * keptWidth / large.width, {}};
-    for (int y = 0; y < small.height; ++y) {
-        const int top = y * large.height / small.height;
-        const int bottom = (y + 1) * large.height / small.height;
-        for (int x = 0; x < small.width; ++x) {
-            const int left = x * large.width / small.width;
-            const int right = (x + 1) * large.width / small.width;
-            for (int channel = 0; channel < 3; ++channel) {
-                int sum = 0;
-                for (int row = top; row < bottom; ++row) {
-                    for (int column = left; column < right; ++column) {
-                        sum += large.rgb[static_cast<std::size_t>((row * large.width + column) * 3 +
-                                                                  channel)];
-                    }
-                }
-                small.rgb.push_back(
-                    static_cast<std::uint8_t>(sum / ((bottom - top) * (right - left))));
-            }
-        }
-    }
-    return small;
-}
-
-/// Mean differences of two pictures of one size: of the whole, and of the block that differs
-/// most.
-std::pair<double, double> Difference(const Picture& a, const Picture& b) {
-    double sum = 0.0;
-    double worst = 0.0;
-    for (int top = 0; top < a.height; top += block) {
-        for (int left = 0; left < a.width; left += block) {
-            const int bottom = std::min(top + block, a.height);
-            const int right = std::min(left + block, a.width);
-            double inBlock = 0.0;
-            for (int y = top; y < bottom; ++y) {
-                for (int i = (y * a.width + left) * 3; i < (y * a.width + right) * 3; ++i) {
-                    const auto at = static_cast<std::size_t>(i);
-                    inBlock += std::abs(a.rgb[at] - b.rgb[at]);
-                }
-            }
-            sum += inBlock;
-            worst = std::max(worst, inBlock / ((bottom - top) * (right - left) * 3));
-        }
-    }
-    return {sum / static_cast<double>(a.rgb.size()), worst};
-}
-
-/// As a PNG file.
-void Save(const Picture& picture, const std::filesystem::path& path) {
-    const std::string plain = path.string() + ".ppm";
-    std::ofstream(plain, std::ios::binary) << "P6\n"
-                                           << picture.width << ' ' << picture.height << "\n255\n"
-                                           << std::string(picture.rgb.begin(), picture.rgb.end());
-    const std::string command = "convert '" + plain + "' -strip '" + path.string() + "'";
-    EXPECT_EQ(std::system(command.c_str()), 0) << command;
-    std::filesystem::remove(plain);
+/// What a shell command prints.
+std::string Output(const std::string& command) {
+    FILE* const pipe = popen(command.c_str(), "r");
+    std::array<char, 256> text{};
+    const std::size_t length = std::fread(text.data(), 1, text.size(), pipe);
+    EXPECT_EQ(pclose(pipe), 0) << command;
+    return {text.data(), length};
 }
 
 /// Each key makes the character of its code; the finished picture can be looked at.
@@ -184,51 +122,42 @@ protected:
         window.SwapBuffers();  // takes the picture's new size into force
     }
 
-    static Picture Finished() {
-        Picture picture{GLWindow::ClientWidth(), GLWindow::ClientHeight(), {}};
-        const auto rowBytes = static_cast<std::size_t>(picture.width) * 3;
-        picture.rgb.resize(rowBytes * static_cast<std::size_t>(picture.height));
+    /// The window's picture, as a file.
+    static void Save(const std::string& path) {
+        const int width = GLWindow::ClientWidth();
+        const int height = GLWindow::ClientHeight();
+        std::string rows(static_cast<std::size_t>(width * height) * 3, '\0');
         glPixelStorei(GL_PACK_ALIGNMENT, 1);
-        for (int row = 0; row < picture.height; ++row) {
-            glReadPixels(0, picture.height - 1 - row, picture.width, 1, GL_RGB, GL_UNSIGNED_BYTE,
-                         &picture.rgb[rowBytes * static_cast<std::size_t>(row)]);
-        }
-        return picture;
+        glReadPixels(0, 0, width, height, GL_RGB, GL_UNSIGNED_BYTE, rows.data());
+        std::ofstream("bottomUp.ppm", std::ios::binary) << "P6\n"
+                                                        << width << ' ' << height << "\n255\n"
+                                                        << rows;
+        Output("convert bottomUp.ppm -flip -strip '" + path + "'");
     }
 
-    static std::filesystem::path KeptPath(const std::string& name) {
-        return VANTREL_SOURCE_DIR "/tests/menus/window/pictures/" + name + ".png";
-    }
-    Picture Kept(const std::string& name) {
-        const auto file = device.LoadImage(KeptPath(name));
-        if (!file) {
-            return {};
-        }
-        Picture picture{static_cast<int>(file->width), static_cast<int>(file->height), {}};
-        for (const std::uint32_t pixel : ConvertImage(*file).pixels) {
-            for (const int shift : {16, 8, 0}) {
-                picture.rgb.push_back(static_cast<std::uint8_t>(pixel >> shift));
-            }
-        }
-        return picture;
-    }
-
-    void Compare(const std::string& menu) {
-        const Picture large = Finished();
-        const Picture small = Reduced(large);
-        const std::string name =
-            menu + '_' + std::to_string(large.width) + 'x' + std::to_string(large.height);
+    static void Compare(const std::string& menu) {
+        const std::string name = menu + '_' + std::to_string(GLWindow::ClientWidth()) + 'x' +
+                                 std::to_string(GLWindow::ClientHeight()) + ".png";
+        const std::string large = (resultFolder / name).string();
+        const std::string kept = VANTREL_SOURCE_DIR "/tests/menus/window/pictures/" + name;
+        const std::string reduced = "convert '" + large + "' -scale 25% ";
+        Save(large);
         if (std::getenv("VANTREL_RENEW_PICTURES") != nullptr) {
-            Save(large, resultFolder / (name + ".png"));
-            Save(small, KeptPath(name));
+            Output(reduced + "'" + kept + "'");
             return;
         }
-        const Picture kept = Kept(name);
-        ASSERT_EQ(kept.rgb.size(), small.rgb.size()) << name;
-        const auto [average, worst] = Difference(small, kept);
+        const std::string told =
+            Output(reduced + "'" + kept +
+                   "' -compose difference -composite -separate -evaluate-sequence mean"
+                   " -format '%[fx:mean*255] ' -write info: -scale 12.5%"
+                   " -format '%[fx:maxima*255]' info:");
+        double average = 0.0;
+        double worst = 0.0;
+        ASSERT_EQ(std::sscanf(told.c_str(), "%lf %lf", &average, &worst), 2) << name << told;
         if (average > mostOnAverage || worst > mostInABlock) {
             ADD_FAILURE() << name << ": average " << average << ", worst block " << worst;
-            Save(large, resultFolder / (name + ".png"));
+        } else {
+            std::filesystem::remove(large);
         }
     }
 
