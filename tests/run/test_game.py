@@ -1,10 +1,9 @@
-"""The real program under a window manager: what a player and a developer do with it.
+"""The real program under a window manager: what a player does with it, and how it looks.
 
     with_display.sh python3 test_game.py PROGRAM
 """
 
 import os
-import subprocess
 import sys
 import time
 import unittest
@@ -42,65 +41,10 @@ class Play(unittest.TestCase):
         self.assertGreater(difference(before, self.game.picture()), 10)
 
 
-class ConsoleUse(unittest.TestCase):
+class Console(unittest.TestCase):
     def setUp(self):
         self.game = Driver(PROGRAM)
         self.addCleanup(self.game.close)
-        self.game.toggle_console()
-
-    def test_commands_reach_the_modules(self):
-        self.game.command("Gravity 100", "Gravity is now 100.000000")
-        self.game.command("gravity", "Gravity is 100.000000")
-        self.assertGreater(int(self.game.command("BspSize", "BspSize is ").split()[-1]), 100)
-        self.game.command("ParticleCreate 300 200 10 64")
-        self.game.command("ParticleCount", "ParticleCount is 192")
-        self.game.command("Restart")
-        self.game.command("ParticleCount", "ParticleCount is 128")
-        self.game.command("Map", "Map is lev\\testLevel.swah")
-        self.game.command("nonsense", "UNKNOWN COMMAND")
-
-    def test_tab_completes_and_history_comes_back(self):
-        self.game.type("bsps")
-        x("key", "Tab")
-        x("key", "Return")
-        wait_for(lambda: "BspSize is " in self.game.log(), "the completed command")
-        before = len(self.game.log())
-        x("key", "Up")
-        x("key", "Return")
-        wait_for(lambda: "BspSize is " in self.game.log()[before:], "the command again")
-
-
-class WindowLife(unittest.TestCase):
-    def setUp(self):
-        self.game = Driver(PROGRAM)
-        self.addCleanup(self.game.close)
-
-    def visible(self):
-        state = subprocess.run(["xwininfo", "-id", self.game.window], capture_output=True,
-                               text=True, check=True).stdout
-        return "IsViewable" in state
-
-    def test_minimises_and_pauses_when_it_loses_the_foreground(self):
-        other = subprocess.Popen(["xmessage", "-geometry", "+0+0", "another window"])
-        self.addCleanup(lambda: (other.kill(), other.wait()))
-        found = wait_for(lambda: subprocess.run(
-            ["xdotool", "search", "--name", "xmessage"], capture_output=True,
-            text=True, check=False).stdout.split(), "the other window")
-        x("windowactivate", found[-1])
-        wait_for(lambda: not self.visible(), "the game to minimise")
-        x("windowmap", self.game.window)
-        x("windowactivate", self.game.window)
-        wait_for(self.visible, "the game to come back")
-        time.sleep(0.5)
-        self.game.toggle_console()
-        self.game.command("Pause", "Pause is true")
-
-    def test_fullscreen_and_back(self):
-        self.game.toggle_console()
-        self.game.command("Fullscreen true", "Fullscreen is now true")
-        wait_for(lambda: self.game.picture().shape[:2] == (1024, 1280), "the whole screen")
-        self.game.command("Fullscreen false", "Fullscreen is now false")
-        wait_for(lambda: self.game.picture().shape[:2] == (600, 800), "the window")
 
     def test_the_empty_console_looks_as_kept(self):
         self.game.toggle_console()

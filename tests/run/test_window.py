@@ -72,21 +72,5 @@ class WhileLoading(unittest.TestCase):
         self.assertEqual(game.close(), 0)
 
 
-class Closing(unittest.TestCase):
-    def test_a_minimised_fullscreen_game_closes_on_a_busy_desktop(self):
-        """Desktops set properties of windows at any time: events that the game ignores."""
-        game = Driver(PROGRAM)
-        self.addCleanup(game.close)
-        game.toggle_console()
-        game.command("Fullscreen true", "Fullscreen is now true")
-        x("windowminimize", game.window)
-        wait_for(lambda: shown(game) == "IsUnMapped", "the game to minimise")
-        busy = subprocess.Popen(
-            ["sh", "-c", f"while xprop -id {game.window} -f _BUSY 32c -set _BUSY 1; do :; done"],
-            stderr=subprocess.DEVNULL)
-        self.addCleanup(lambda: (busy.kill(), busy.wait()))
-        self.assertEqual(game.close(), 0)
-
-
 if __name__ == "__main__":
     unittest.main(verbosity=2)
