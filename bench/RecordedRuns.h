@@ -40,6 +40,7 @@ inline bool Begin(const std::string& file, float viewWidth = 0.0f, float viewHei
     if (viewWidth > 0.0f) {
         run->viewWidth = viewWidth;
         run->viewHeight = viewHeight;
+        run->hashes.clear();  // of the run's own path
     }
     const std::string level = run->level;
     RunRecorder::Replay(std::move(*run));

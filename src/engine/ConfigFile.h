@@ -24,6 +24,10 @@ public:
     void Parse(std::string_view text, const char* fileName);
     void Clear() { values.clear(); }
 
+    /// Upper-cased key to value as read.
+    using Values = std::map<std::string, std::string, std::less<>>;
+    const Values& All() const { return values; }
+
     // Keys are found in any case.
 
     bool Has(std::string_view key) const;
@@ -47,6 +51,5 @@ public:
 private:
     const std::string* Find(std::string_view key) const;
 
-    /// Upper-cased key to value as read.
-    std::map<std::string, std::string, std::less<>> values;
+    Values values;
 };

@@ -11,13 +11,15 @@
 
 #include "engine/ByteReader.h"
 #include "engine/ByteWriter.h"
+#include "engine/Crc32.h"
 #include "platform/Paths.h"
 #include "platform/WholeFile.h"
 
 namespace {
 
 constexpr std::uint32_t magic = 0x4E555256;  // "VRUN"
-constexpr std::uint16_t version = 1;
+constexpr std::uint16_t version = 2;
+constexpr std::uint16_t versionWithoutHashes = 1;
 constexpr std::size_t longestName = 255;
 constexpr std::size_t blockBytes = 13;
 constexpr std::uint8_t knownFlags = RunStep::Menu | RunStep::Paused | RunStep::Unsteered;
@@ -49,7 +51,8 @@ bool IsGoodStep(const RunStep& step) {
 
 bool IsGoodRun(const Run& run) {
     return IsGoodName(run.level) && IsGoodView(run.viewWidth) && IsGoodView(run.viewHeight) &&
-           run.steps.size() <= mostSteps && std::ranges::all_of(run.steps, IsGoodStep);
+           run.steps.size() <= mostSteps && std::ranges::all_of(run.steps, IsGoodStep) &&
+           (run.hashes.empty() || run.hashes.size() == run.HashCount());
 }
 
 /// One past the last of the steps from `first` on that are alike.
@@ -91,17 +94,45 @@ const char* ReadBlocks(ByteReader& reader, std::uint32_t stepCount, std::vector<
         }
         steps.insert(steps.end(), count, step);
     }
-    return reader.Remaining() != 0 ? "something follows its end" : "";
+    return "";
+}
+
+void WriteHashes(ByteWriter& writer, const Run& run) {
+    ByteWriter part;
+    part.U32(run.settings);
+    part.U16(run.hashKind);
+    for (const std::uint64_t hash : run.hashes) {
+        part.U32(static_cast<std::uint32_t>(hash));
+        part.U32(static_cast<std::uint32_t>(hash >> 32));
+    }
+    writer.Bytes(part.Block());
+    writer.U32(Crc32(part.Block()));
 }
 
 /// Empty, or what is wrong.
-const char* Parse(ByteReader& reader, Run& run) {
-    if (reader.U32() != magic) {
-        return "it isn't a recorded run";
+const char* ReadHashes(ByteReader& reader, Run& run) {
+    const std::size_t count = run.HashCount();
+    const auto bytes = reader.Bytes(6 + 8 * count);
+    const std::uint32_t checksum = reader.U32();
+    if (reader.HasFailed()) {
+        return "it is cut off";
     }
-    if (const std::uint16_t found = reader.U16(); !reader.HasFailed() && found != version) {
-        return "it is of another version";
+    if (Crc32(bytes) != checksum) {
+        return "its state hashes are damaged";
     }
+    ByteReader part(bytes);
+    run.settings = part.U32();
+    run.hashKind = part.U16();
+    run.hashes.resize(count);
+    for (std::uint64_t& hash : run.hashes) {
+        const std::uint64_t low = part.U32();
+        hash = low | std::uint64_t{part.U32()} << 32;
+    }
+    return "";
+}
+
+/// All but the hashes. Empty, or what is wrong.
+const char* ReadPlay(ByteReader& reader, Run& run) {
     const auto name = reader.Bytes(reader.U8());
     run.level.assign(reinterpret_cast<const char*>(name.data()), name.size());
     run.checksum = reader.U32();
@@ -121,15 +152,23 @@ const char* Parse(ByteReader& reader, Run& run) {
     return ReadBlocks(reader, stepCount, run.steps);
 }
 
-std::uint32_t Crc32(const std::vector<std::byte>& bytes) {
-    std::uint32_t crc = 0xFFFFFFFF;
-    for (const std::byte b : bytes) {
-        crc ^= std::to_integer<std::uint32_t>(b);
-        for (int bit = 0; bit < 8; ++bit) {
-            crc = (crc >> 1) ^ ((crc & 1u) != 0 ? 0xEDB88320 : 0u);
-        }
+/// Empty, or what is wrong.
+std::string Parse(ByteReader& reader, Run& run) {
+    if (reader.U32() != magic) {
+        return "it isn't a recorded run";
     }
-    return ~crc;
+    const std::uint16_t found = reader.U16();
+    if (!reader.HasFailed() && found != version && found != versionWithoutHashes) {
+        return "it is of another version";
+    }
+    std::string reason = ReadPlay(reader, run);
+    if (reason.empty() && found == version) {
+        reason = ReadHashes(reader, run);
+    }
+    if (reason.empty() && reader.Remaining() != 0) {
+        reason = "something follows its end";
+    }
+    return reason;
 }
 
 }  // namespace
@@ -140,7 +179,7 @@ bool WriteRun(const std::string& path, const Run& run) {
     }
     ByteWriter writer;
     writer.U32(magic);
-    writer.U16(version);
+    writer.U16(run.hashes.empty() ? versionWithoutHashes : version);
     writer.U8(static_cast<std::uint8_t>(run.level.size()));
     writer.Bytes(std::as_bytes(std::span(run.level)));
     writer.U32(run.checksum);
@@ -149,6 +188,9 @@ bool WriteRun(const std::string& path, const Run& run) {
     writer.F32(run.viewHeight);
     writer.U32(static_cast<std::uint32_t>(run.steps.size()));
     WriteBlocks(writer, run.steps);
+    if (!run.hashes.empty()) {
+        WriteHashes(writer, run);
+    }
     return Platform::WriteWholeFile(path, writer.Block().data(), writer.Block().size());
 }
 

@@ -28,6 +28,9 @@ struct RunStep {
 };
 
 struct Run {
+    /// Steps between two hashes of the state: about five seconds.
+    static constexpr std::size_t stepsPerHash = 300;
+
     /// As data names files, like "lev\\testLevel.swah": inside of the game's directories.
     std::string level;
     std::uint32_t checksum = 0;     ///< of the level's file
@@ -35,6 +38,15 @@ struct Run {
     std::vector<RunStep> steps;     ///< from the level's beginning on
     float viewWidth = Page::width;  ///< logical view during the whole run, world units
     float viewHeight = Page::height;
+
+    // What a replay is compared by. A run that was never played from end to end has none of it.
+
+    std::uint32_t settings = 0;         ///< SettingsChecksum
+    std::uint16_t hashKind = 0;         ///< stateHashKind
+    std::vector<std::uint64_t> hashes;  ///< of the state after every so many steps, and at the end
+
+    /// How many hashes go with the steps.
+    std::size_t HashCount() const { return steps.size() / stepsPerHash + 1; }
 
     bool operator==(const Run&) const = default;
 };

@@ -13,6 +13,7 @@
 #include "game/Game.h"
 #include "game/LevelProgress.h"
 #include "game/Notice.h"
+#include "game/RunSettings.h"
 #include "game/StateHash.h"
 #include "platform/Assert.h"
 #include "platform/DataRoot.h"
@@ -38,6 +39,13 @@ bool isInStep = false;
 bool hasFailed = false;
 std::uint64_t endState = 0;            // hash of the level's last state
 std::uint32_t stateBeforeLoading = 0;  // of the random numbers
+
+std::uint32_t settings = 0;         // the checksum as the run begins
+std::vector<std::uint64_t> hashes;  // of the states so far, as a run keeps them
+double seconds = 0.0;               // of the run so far
+double agreedSeconds = 0.0;         // when a replay was last in the state of its run
+bool isCompared = false;            // a replay's states with those of its run
+bool hasDiffered = false;
 
 /// Whether a run may give that name to the file.
 bool Names(const std::string& name, const std::filesystem::path& file) {
@@ -79,10 +87,19 @@ std::string EndText() {
     return "; state at its end: " + std::string(text);
 }
 
+/// Gives the run what its play showed.
+void KeepHashes() {
+    run.settings = settings;
+    run.hashKind = stateHashKind;
+    run.hashes = hashes;
+    run.hashes.push_back(endState);
+}
+
 void Write() {
     if (!isPlayed || recordPath.empty()) {
         return;
     }
+    KeepHashes();
     // Without a checksum it could never be replayed, and isn't worth an older run.
     hasFailed = !isChecked || !WriteRun(recordPath, run);
     if (hasFailed) {
@@ -97,8 +114,16 @@ void BackToLive() {
     LevelProgress::CountSteps(false);
 }
 
+void BeginHashes(const std::string& level, Platform::NameSource source) {
+    settings = SettingsChecksum(level, source);
+    hashes.clear();
+    seconds = 0.0;
+    isCompared = false;
+}
+
 void BeginRecording(const std::string& name) {
     mode = Mode::Recording;
+    BeginHashes(name, Platform::NameSource::Person);
     run.level = PortableName(name);
     const auto checksum = LevelChecksum(name, Platform::NameSource::Person);
     isChecked = checksum.has_value();
@@ -107,7 +132,25 @@ void BeginRecording(const std::string& name) {
     run.viewWidth = Game::ViewWidth();
     run.viewHeight = Game::ViewHeight();
     run.steps.clear();
+    run.hashes.clear();
     isPlayed = false;
+}
+
+/// Whether the run has hashes that can be compared; says what is known to be different.
+bool BeginComparing() {
+    agreedSeconds = 0.0;
+    hasDiffered = false;
+    if (run.hashes.empty()) {
+        return false;
+    }
+    if (run.settings != settings) {
+        Notice("The run was recorded under other settings: it may go another way");
+    }
+    if (run.hashKind != stateHashKind) {
+        Notice("The run's state hashes are of another kind: it is played without comparing");
+        return false;
+    }
+    return true;
 }
 
 void BeginReplay() {
@@ -115,6 +158,40 @@ void BeginReplay() {
     run = std::move(*pendingRun);
     nextStep = 0;
     wasReplayed = true;
+    BeginHashes(run.level, Platform::NameSource::Data);
+    isCompared = BeginComparing();
+}
+
+/// With the next hash of the replayed run, which is a later state's if the level ended too early.
+void Compare(std::uint64_t state) {
+    if (!isCompared || hasDiffered) {
+        return;
+    }
+    if (run.hashes[hashes.size()] == state) {
+        agreedSeconds = seconds;
+        return;
+    }
+    hasDiffered = true;
+    char text[120];
+    std::snprintf(text, sizeof text,
+                  "The replay goes another way than the recorded run: they parted between %.1f s "
+                  "and %.1f s",
+                  agreedSeconds, seconds);
+    Notice(text);
+}
+
+void TakeHash() {
+    const std::uint64_t state = StateHash();
+    Compare(state);
+    hashes.push_back(state);
+}
+
+void EndReplay() {
+    endState = StateHash();
+    Compare(endState);
+    run.steps.resize(nextStep);
+    KeepHashes();
+    Console::Print("\nReplay is over" + EndText());
 }
 
 bool IsPending(const std::string& level) {
@@ -134,6 +211,7 @@ bool Record(const std::string& path) {
 }
 
 void Replay(Run wanted) {
+    VANTREL_ASSERT(wanted.hashes.empty() || wanted.hashes.size() == wanted.HashCount());
     pendingRun = std::move(wanted);
 }
 
@@ -158,6 +236,10 @@ bool HasFailed() {
 
 bool IsReplaying() {
     return mode == Mode::Replaying && nextStep < run.steps.size();
+}
+
+bool HasDiffered() {
+    return hasDiffered;
 }
 
 bool WasReplayed() {
@@ -207,6 +289,7 @@ void StepBegins(const RunStep& step) {
     VANTREL_ASSERT(!isInStep);
     VANTREL_ASSERT(mode != Mode::Recording || step.dt <= RunStep::longest);
     isInStep = true;
+    seconds += double{step.dt};
     if (mode == Mode::Recording) {
         run.steps.push_back(step);
         isPlayed = isPlayed || (step.flags & (RunStep::Menu | RunStep::Paused)) == 0;
@@ -218,12 +301,15 @@ void StepBegins(const RunStep& step) {
 void StepEnds(bool isFinished) {
     VANTREL_ASSERT(isInStep);
     isInStep = false;
+    const std::size_t steps = mode == Mode::Recording ? run.steps.size() : nextStep;
+    if (mode != Mode::Live && steps % Run::stepsPerHash == 0) {
+        TakeHash();
+    }
     if (mode == Mode::Recording && isFinished) {
         LevelEnds();
         wantsRecording = false;
     } else if (mode == Mode::Replaying && (isFinished || nextStep >= run.steps.size())) {
-        endState = StateHash();
-        Console::Print("\nReplay is over" + EndText());
+        EndReplay();
         BackToLive();
     }
 }

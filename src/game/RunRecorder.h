@@ -28,9 +28,13 @@ bool WantsRecording();
 bool HasFailed();
 /// A recorded step is next.
 bool IsReplaying();
+/// Whether the last replay came to another state than its run. Standard error and the console said
+/// so at once, with the times between which the two part.
+bool HasDiffered();
 /// Any of the level's time came from a recorded run.
 bool WasReplayed();
-/// The run being recorded or replayed, or the last one.
+/// The run being recorded or replayed, or the last one. One that was replayed to its end has the
+/// settings and hashes of this play, and no steps after a finish.
 const Run& Current();
 
 // What the game tells and asks.

@@ -5,5 +5,9 @@
 
 #include <cstdint>
 
+/// Goes up whenever the hash folds something else, or otherwise: recorded runs keep it, and are
+/// compared with hashes of their own kind only.
+inline constexpr std::uint16_t stateHashKind = 1;
+
 /// Equal for states that are equal to the last bit.
 std::uint64_t StateHash();

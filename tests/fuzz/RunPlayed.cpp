@@ -14,6 +14,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     run->level = "lev/a.swah";
     run->steps.resize(std::min(run->steps.size(), mostSteps));
+    run->hashes.clear();  // of another level
     FuzzGame& fuzz = FuzzGame::The();
     RunRecorder::Replay(std::move(*run));
     fuzz.Load(TestLevelFile::Text(level));

@@ -14,10 +14,21 @@
 namespace {
 
 Run SampleRun() {
-    Run run{"lev\\a.swah", 0xCBF43926, 77, {}, 1066.6666f, 600.0f};
+    Run run{"lev\\a.swah", 0xCBF43926, 77, {}, 1066.6666f, 600.0f, 0, 0, {}};
     run.steps.assign(5000, {0.016f, 0.0f});
     run.steps.insert(run.steps.end(), 300, {0.017f, -130.25f});
     run.steps.insert(run.steps.end(), 2, {0.017f, -0.0f, RunStep::Menu | RunStep::Unsteered});
+    return run;
+}
+
+/// As it was played from end to end.
+Run PlayedRun() {
+    Run run = SampleRun();
+    run.settings = 0x12345678;
+    run.hashKind = 7;
+    for (std::uint64_t i = 0; i < run.HashCount(); ++i) {
+        run.hashes.push_back(0x0123456789ABCDEF * i);
+    }
     return run;
 }
 
@@ -38,17 +49,21 @@ TEST_F(RunFileTest, ComesBackAsItWasAndIsSmall) {
     ASSERT_TRUE(read) << reason;
     EXPECT_EQ(*read, run);
     EXPECT_TRUE(std::signbit(read->steps.back().turn));
+    EXPECT_LT(Written(PlayedRun()).size(), 300u);
+    EXPECT_EQ(ReadRun(Path(), reason), PlayedRun()) << reason;
 }
 
 TEST_F(RunFileTest, IsRefusedWhenCutOffOrContinued) {
-    auto bytes = Written(SampleRun());
-    for (std::size_t size = 0; size < bytes.size(); ++size) {
-        EXPECT_FALSE(ParseRun(std::span(bytes).first(size), reason)) << size;
-        EXPECT_FALSE(reason.empty());
+    for (const ::Run& run : {SampleRun(), PlayedRun()}) {
+        auto bytes = Written(run);
+        for (std::size_t size = 0; size < bytes.size(); ++size) {
+            EXPECT_FALSE(ParseRun(std::span(bytes).first(size), reason)) << size;
+            EXPECT_FALSE(reason.empty());
+        }
+        bytes.push_back({});
+        EXPECT_FALSE(ParseRun(bytes, reason));
+        EXPECT_EQ(reason, "something follows its end");
     }
-    bytes.push_back({});
-    EXPECT_FALSE(ParseRun(bytes, reason));
-    EXPECT_EQ(reason, "something follows its end");
 }
 
 TEST_F(RunFileTest, IsRefusedWhenItsContentIsBad) {
@@ -63,7 +78,7 @@ TEST_F(RunFileTest, IsRefusedWhenItsContentIsBad) {
         return !ParseRun(changed, reason);
     };
     EXPECT_TRUE(isRefused(0, 0, 4)) << "foreign";
-    EXPECT_TRUE(isRefused(4, 2, 2)) << "another version";
+    EXPECT_TRUE(isRefused(4, 3, 2)) << "another version";
     EXPECT_TRUE(isRefused(7, 10, 1)) << "a line break in the name";
     EXPECT_TRUE(isRefused(count - 8, 0x7FC00000, 4)) << "no number as width";
     EXPECT_TRUE(isRefused(count, 0xFFFFFFFF, 4)) << "more steps than can be";
@@ -82,6 +97,20 @@ TEST_F(RunFileTest, IsRefusedWhenItsContentIsBad) {
     bad.steps[3].turn = std::numeric_limits<float>::infinity();
     EXPECT_FALSE(WriteRun(Path(), bad));
     EXPECT_TRUE(ReadRun(Path(), reason)) << "the old file stays";
+}
+
+TEST_F(RunFileTest, IsRefusedWhenItsHashesAreGarbledOrTooFew) {
+    const auto bytes = Written(PlayedRun());
+    const std::size_t begin = Written(SampleRun()).size();
+    for (std::size_t i = begin; i < bytes.size(); ++i) {
+        auto changed = bytes;
+        changed[i] ^= std::byte{1};
+        EXPECT_FALSE(ParseRun(changed, reason)) << i;
+        EXPECT_EQ(reason, "its state hashes are damaged");
+    }
+    ::Run bad = PlayedRun();
+    bad.hashes.pop_back();
+    EXPECT_FALSE(WriteRun(Path(), bad));
 }
 
 TEST_F(RunFileTest, FitsOnlyTheLevelItWasPlayedOn) {

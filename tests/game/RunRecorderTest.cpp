@@ -4,6 +4,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdio>
+#include <fstream>
+#include <utility>
+
 #include "game/StateHash.h"
 #include "platform/VirtualKeys.h"
 #include "support/TestGame.h"
@@ -41,6 +46,31 @@ struct Replay : testing::Test {
         Game::Initialise(name);
         ASSERT_TRUE(RunRecorder::IsReplaying());
         EXPECT_EQ(MenuManager::Current(), MenuManager::None);
+    }
+
+    /// A run in the file: eleven seconds of tilting to one side.
+    ::Run Recorded() {
+        RunRecorder::Record(Path());
+        game.Start(level);
+        game.window.SetKey(VirtualKey::left, true);
+        game.Frames(700);
+        game.window.SetKey(VirtualKey::left, false);
+        RunRecorder::LevelEnds();
+        RunRecorder::Stop();
+        std::string reason;
+        return ReadRun(Path(), reason).value();
+    }
+    /// Replays the run in the file to its end; what standard error says meanwhile.
+    std::string Replayed() {
+        testing::internal::CaptureStderr();
+        StartReplay();
+        while (Game::StepReplay()) {
+        }
+        return testing::internal::GetCapturedStderr();
+    }
+    /// The last of equal keys counts.
+    void AddSetting(const std::string& file, const std::string& words) {
+        std::ofstream(game.directory.path / file, std::ios::app) << ' ' << words << '\n';
     }
 
     TestGame game;
@@ -85,6 +115,64 @@ TEST_F(Replay, GoesThroughMenusPausesAndWindowShapesAsRecorded) {
     }
     EXPECT_EQ(StateHash(), end);
     EXPECT_EQ(LevelProgress::ElapsedMs(), time);
+    EXPECT_FALSE(RunRecorder::HasDiffered());
+}
+
+TEST_F(Replay, ComesToTheSameStatesInSilenceAndGivesTheSameRun) {
+    const ::Run run = Recorded();
+    EXPECT_GE(run.hashes.size(), 3u);
+    EXPECT_EQ(run.hashes.back(), StateHash());
+    AddSetting("cfg/water.cfg", "water_color_r 0.3 ROOMTEMPERATURE 20.0");
+    EXPECT_EQ(Replayed(), "");
+    EXPECT_EQ(RunRecorder::Current(), run);
+}
+
+TEST_F(Replay, TellsBetweenWhichTimesAChangedRunParts) {
+    ::Run run = Recorded();
+    const std::size_t step = run.steps.size() - 50;
+    const std::size_t before = step - step % ::Run::stepsPerHash;
+    ASSERT_GT(before, 0u);
+    run.steps[step].turn = -30.0f;
+    ASSERT_TRUE(WriteRun(Path(), run));
+    const auto seconds = [&run](std::size_t steps) {
+        double sum = 0.0;
+        std::for_each_n(run.steps.begin(), steps, [&sum](RunStep s) { sum += double{s.dt}; });
+        char text[32];
+        std::snprintf(text, sizeof text, "%.1f s", sum);
+        return std::string(text);
+    };
+    const std::string said = Replayed();
+    EXPECT_NE(said.find("parted between " + seconds(before) + " and " + seconds(run.steps.size())),
+              std::string::npos)
+        << said;
+    EXPECT_EQ(std::ranges::count(said, '\n'), 1) << said;
+    EXPECT_NE(Console::OutputText().find("parted between"), std::string::npos);
+    EXPECT_TRUE(RunRecorder::HasDiffered());
+    EXPECT_EQ(RunRecorder::Current().steps, run.steps);
+    ASSERT_TRUE(WriteRun(Path(), RunRecorder::Current()));
+    EXPECT_EQ(Replayed(), "") << "renewed";
+    EXPECT_FALSE(RunRecorder::HasDiffered());
+}
+
+TEST_F(Replay, TellsOfOtherSettingsAndOtherHashes) {
+    ::Run run = Recorded();
+    const std::string other = "recorded under other settings";
+    for (const auto& [file, words] :
+         {std::pair("cfg/mist.cfg", "frequency 0.06"), std::pair("cfg/water.cfg", "gravity 501")}) {
+        AddSetting(file, words);
+        const std::string said = Replayed();
+        EXPECT_NE(said.find(other), std::string::npos) << words << ": " << said;
+        EXPECT_NE(said.find("parted between 0.0 s"), std::string::npos) << words << ": " << said;
+        ASSERT_TRUE(WriteRun(Path(), RunRecorder::Current()));
+    }
+    ++run.hashKind;
+    ASSERT_TRUE(WriteRun(Path(), run));
+    const std::string said = Replayed();
+    EXPECT_NE(said.find("another kind"), std::string::npos) << said;
+    EXPECT_FALSE(RunRecorder::HasDiffered()) << "what can't be compared";
+    run.hashes.clear();
+    ASSERT_TRUE(WriteRun(Path(), run));
+    EXPECT_EQ(Replayed(), "") << "of a run that knows nothing of them";
 }
 
 TEST_F(Replay, EndsWithTheFinishedLevelAsInPlay) {

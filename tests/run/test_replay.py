@@ -5,6 +5,7 @@
 
 import os
 import re
+import struct
 import subprocess
 import sys
 import tempfile
@@ -16,10 +17,29 @@ from game_driver import ROOT, Driver, wait_for, x
 SIM = sys.argv.pop(2)
 PROGRAM = sys.argv.pop(1)
 STATE = "; state at its end: "
+STEPS_PER_HASH = 300
 
 
 def last_state(log):
     return re.findall(STATE + "([0-9a-f]{16})", log)[-1]
+
+
+class RunFile:
+    """The parts of a recorded run: its head, its blocks of equal steps and its hashes."""
+
+    def __init__(self, path):
+        with open(path, "rb") as file:
+            data = file.read()
+        begin = 7 + data[6] + 16
+        self.head, (count,) = data[:begin + 4], struct.unpack_from("<I", data, begin)
+        self.tail = data[-(10 + 8 * (count // STEPS_PER_HASH + 1)):]
+        blocks = data[begin + 4:len(data) - len(self.tail)]
+        self.blocks = [list(block) for block in struct.iter_unpack("<ffBI", blocks)]
+
+    def write(self, path):
+        with open(path, "wb") as file:
+            file.write(self.head + b"".join(struct.pack("<ffBI", *b) for b in self.blocks)
+                       + self.tail)
 
 
 class Replay(unittest.TestCase):
@@ -68,11 +88,32 @@ class Replay(unittest.TestCase):
         summary = self.sim("--quiet")
         self.assertEqual(summary.returncode, 0, summary.stderr)
         self.assertIn("state " + state, summary.stdout)
+        self.assertEqual(summary.stderr, "")
         game = self.replay("-SOUND", "0")
         x("keydown", "Right")
         self.addCleanup(x, "keyup", "Right")
         wait_for(lambda: STATE in game.log(), "the replay's end", 60)
         self.assertEqual(last_state(game.log()), state)
+        self.assertNotIn("another way", game.log())
+
+    def test_a_changed_step_is_told_by_its_time_and_status_and_a_renewed_run_is_at_peace(self):
+        changed = RunFile(os.path.join(ROOT, "levels", "testLevel.run"))
+        number = len(changed.blocks) // 2
+        changed.blocks[number][1] = -changed.blocks[number][1] - 1
+        changed.write(self.file)
+        when = sum(dt * count for dt, _, _, count in changed.blocks[:number])
+        parted = self.sim("--quiet", "--record", self.file)
+        self.assertEqual(parted.returncode, 3)
+        times = re.findall("another way.*between ([0-9.]+) s and ([0-9.]+) s\n", parted.stderr)
+        self.assertEqual(len(times), 1, parted.stderr)
+        begin, end = map(float, times[0])
+        self.assertTrue(begin <= when < end <= begin + 10, (begin, when, end))
+
+        renewed = RunFile(self.file)
+        self.assertEqual((renewed.head, renewed.blocks), (changed.head, changed.blocks))
+        again = self.sim("--quiet")
+        self.assertEqual((again.returncode, again.stderr, again.stdout),
+                         (0, "", parted.stdout))
 
     def test_refuses_what_is_no_run_of_this_level(self):
         sim = os.path.join(self.file + ".made")

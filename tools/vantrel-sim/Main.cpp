@@ -16,6 +16,8 @@
 
 namespace {
 
+constexpr int wentAnotherWay = 3;
+
 int Fail(const OptionsError& error) {
     std::fprintf(stderr, "vantrel-sim: %s\n", error.message.c_str());
     return error.status;
@@ -27,6 +29,10 @@ bool PrintStep(const Options& options) {
         Trace::PrintStep();
     }
     return std::ferror(stdout) == 0;
+}
+
+int CannotWrite(const Options& options) {
+    return Fail({"cannot write '" + options.recordFile + "'", 1});
 }
 
 int FinishOutput() {
@@ -91,14 +97,23 @@ void Play(const Options& options, HeadlessGame& game) {
 
 int RunGame(const Options& options) {
     HeadlessGame game(options.windowWidth, options.windowHeight);
-    if (!options.recordFile.empty() && !RunRecorder::Record(options.recordFile)) {
-        return Fail({"cannot write '" + options.recordFile + "'", 1});
+    if (options.replayFile.empty() && !options.recordFile.empty() &&
+        !RunRecorder::Record(options.recordFile)) {
+        return CannotWrite(options);
     }
     if (!game.Start(options.level)) {
         return Fail({"cannot load level '" + options.level + "': " + LastReason(), 1});
     }
     Play(options, game);
     return FinishOutput();
+}
+
+/// Once a run was replayed to its end.
+int EndReplay(const Options& options) {
+    if (!options.recordFile.empty() && !WriteRun(options.recordFile, RunRecorder::Current())) {
+        return CannotWrite(options);
+    }
+    return RunRecorder::HasDiffered() ? wentAnotherWay : 0;
 }
 
 }  // namespace
@@ -127,6 +142,9 @@ int main(int argc, char** argv) {
     if (!options->replayFile.empty() && !PrepareReplay(*options)) {
         return 1;
     }
-    const int status = RunGame(*options);
+    int status = RunGame(*options);
+    if (status == 0 && !options->replayFile.empty()) {
+        status = EndReplay(*options);
+    }
     return RunRecorder::HasFailed() ? 1 : status;
 }

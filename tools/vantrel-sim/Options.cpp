@@ -11,12 +11,14 @@
 const char* const simHelpText =
     "Usage: vantrel-sim LEVEL.swah --frames N --frame-ms MS [--input FILE] [--every K]\n"
     "                   [--record FILE] [--window WxH] [--quiet] [--data DIR]\n"
-    "       vantrel-sim --replay FILE [--every K] [--quiet] [--data DIR]\n"
+    "       vantrel-sim --replay FILE [--record FILE] [--every K] [--quiet] [--data DIR]\n"
     "Runs the game's own frames with no display and prints the state after every K-th\n"
     "module step. FILE has lines \"frame left|right|both|none\": the arrow keys that are held\n"
     "from that frame on; frames count from 1. --record keeps the run in a file, which\n"
     "--replay here and -REPLAY in the game play again. With --quiet there is a summary\n"
-    "in place of the trace.\n";
+    "in place of the trace. --replay with --record keeps the same steps with the settings\n"
+    "and state hashes of this replay. Exit status 0, or 1 for a file that can't be used,\n"
+    "2 for bad arguments, 3 for a replay that went another way than its run.\n";
 
 namespace {
 
@@ -87,9 +89,8 @@ std::string Conflict(const Options& options, bool hasFrames, bool hasFrameMs, bo
                    ? "a level, --frames and --frame-ms are needed, or --replay; see --help"
                    : "";
     }
-    return !options.level.empty() || hasFrames || hasFrameMs || hasInput ||
-                   !options.recordFile.empty()
-               ? "--replay stands for level, frames, input and record; see --help"
+    return !options.level.empty() || hasFrames || hasFrameMs || hasInput
+               ? "--replay stands for level, frames and input; see --help"
                : "";
 }
 

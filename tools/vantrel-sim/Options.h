@@ -18,7 +18,7 @@ struct KeyChange {
 struct Options {
     std::string level;       ///< empty with `replayFile`
     std::string replayFile;  ///< empty: keys are played
-    std::string recordFile;  ///< empty: none
+    std::string recordFile;  ///< empty: none; with `replayFile`, for the run as it goes now
     std::uint32_t frames = 0;
     std::uint32_t frameMs = 0;
     int windowWidth = Platform::defaultWidth;  ///< a replay has its run's view
