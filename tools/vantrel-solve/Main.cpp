@@ -13,7 +13,10 @@
 #include "Search.h"
 #include "StuckSearch.h"
 #include "engine/Version.h"
+#include "game/Game.h"
+#include "game/HeadlessGame.h"
 #include "game/RunFile.h"
+#include "game/RunRecorder.h"
 #include "platform/DataRoot.h"
 
 namespace {
@@ -24,6 +27,21 @@ constexpr int someFound = 3;
 int Fail(const std::string& message, int status) {
     std::fprintf(stderr, "vantrel-solve: %s\n", message.c_str());
     return status;
+}
+
+/// Plays the run once more, which gives it the state hashes that it lacks, and writes it.
+bool Write(const Options& options, const std::string& path, Run run) {
+    std::string reason;
+    if (FitsLevel(run, reason)) {
+        HeadlessGame game(options.search.windowWidth, options.search.windowHeight);
+        RunRecorder::Replay(run);
+        if (game.Start(run.level)) {
+            while (Game::StepReplay()) {
+            }
+            run = RunRecorder::Current();
+        }
+    }
+    return WriteRun(path, run);
 }
 
 int Solve(const Options& options) {
@@ -39,7 +57,7 @@ int Solve(const Options& options) {
     }
     std::printf("%llu moves in %.1f s\n", static_cast<unsigned long long>(result.moves),
                 result.seconds);
-    if (!options.output.empty() && !WriteRun(options.output, result.run)) {
+    if (!options.output.empty() && !Write(options, options.output, result.run)) {
         return Fail("cannot write '" + options.output + "'", 1);
     }
     return result.wins ? 0 : noWin;
@@ -71,7 +89,7 @@ int Tell(const Options& options, const std::string& report, const std::vector<Ru
     std::fputs(report.c_str(), stdout);
     for (std::size_t i = 0; i < runs.size() && !options.output.empty(); ++i) {
         const std::string path = Numbered(options.output, i + 1);
-        if (!WriteRun(path, runs[i])) {
+        if (!Write(options, path, runs[i])) {
             return Fail("cannot write '" + path + "'", 1);
         }
     }
