@@ -11,10 +11,10 @@ import tempfile
 import time
 import unittest
 
-from game_driver import wait_for
+from game_driver import ROOT, wait_for
 
 PROGRAM = sys.argv.pop(1)
-PLAY = os.path.join(os.path.dirname(os.path.abspath(__file__)), "play_offscreen.sh")
+PLAY = os.path.join(ROOT, "tools", "setup", "play_offscreen.sh")
 
 
 class Film(unittest.TestCase):
