@@ -1,4 +1,7 @@
-// Any bytes as a recorded run of a small level: refused, or played to its end.
+// Any bytes as a recorded run of a small level: refused with a reason, or taken within bounds and
+// played to its end.
+
+#include <cstdlib>
 
 #include "fuzz/FuzzGame.h"
 #include "game/RunFile.h"
@@ -9,6 +12,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static const std::vector<std::byte> level = FuzzLevel().Serialise();
     std::string reason;
     auto run = ParseRun(std::as_bytes(std::span(data, size)), reason);
+    if (run.has_value() != reason.empty() || (run && run->steps.size() > (4u << 20)) ||
+        (run && !run->hashes.empty() && run->hashes.size() != run->HashCount())) {
+        std::abort();
+    }
     if (!run) {
         return 0;
     }
