@@ -5,7 +5,6 @@
 #include "audio/SteamSounds.h"
 #include "audio/WaterSounds.h"
 #include "engine/Random.h"
-#include "support/CountedAllocations.h"
 #include "water/GroupedParticleMover.h"
 #include "water/ParticleManager.h"
 
@@ -138,37 +137,6 @@ TEST_F(WaterVoiceTest, SplashesByTheDropOfItsSpeed) {
     WaterSounds::Step(dt, false);
     Render(0.3);
     EXPECT_LT(LoudnessOf(0.2), 1e-6);
-}
-
-TEST_F(WaterVoiceTest, DrawsTheSameRandomNumbersSilentOrNot) {
-    WaterSounds::Step(dt, false);
-    IceSounds::Step(dt, false);
-    SteamSounds::Step(dt, false);
-    const std::uint32_t after = Random::state;
-    Random::state = 0;
-    for (int i = 0; i < 6; ++i) {
-        Random::Next();
-    }
-    EXPECT_EQ(after, Random::state);
-}
-
-TEST_F(WaterVoiceTest, AllocatesNothingInAStep) {
-    Configure("waterSound_ambient_volume 1 ice_frictionSpeed 1 ice_freezeVolume 1\n");
-    std::size_t allocations = 0;
-    for (int i = 0; i < 20; ++i) {
-        // All that can sound starts and ends in turn.
-        loopsRest = i % 4 == 3;
-        const float speed = i % 3 == 0 ? 0.0f : 100.0f;
-        SetWater(i % 2 * 128, speed, i % 5 == 0 ? 120.0f : 20.0f);
-        SetIce(i % 2 * 64, speed, true);
-        const std::size_t before = countedAllocations;
-        IceSounds::Step(dt, loopsRest);
-        WaterSounds::Step(dt, loopsRest);
-        SteamSounds::Step(dt, loopsRest);
-        allocations += countedAllocations - before;
-        Render(0.3);
-    }
-    EXPECT_EQ(allocations, 0u);
 }
 
 TEST_F(WaterVoiceTest, GrindsWhileIceSlidesAndFadesAfterwards) {

@@ -183,30 +183,6 @@ TEST_F(ConsoleTest, RunsEveryKindOfFunction) {
     EXPECT_EQ(heard, " one ");
 }
 
-TEST_F(ConsoleTest, KeepsTheRegistryClean) {
-    const std::size_t builtIn = Console::Commands().size();
-    Console::AddCommand("", [] {});
-    Console::AddCommand("two words", [] {});
-    Console::AddCommand("Null", ConsoleCommand::Action{nullptr});
-    EXPECT_EQ(Console::Commands().size(), builtIn);
-    Console::AddCommand("One", [] { return 1; });
-    Console::AddCommand("ONE", [] { return 2; });
-    EXPECT_EQ(Reply("one"), "\nONE is 2");
-    // A command may take itself away while it runs.
-    Console::AddCommand("One", [] {
-        Console::RemoveCommand("one");
-        return std::string(100, 'x');
-    });
-    EXPECT_EQ(Reply("one"), "\nOne is " + std::string(100, 'x'));
-    EXPECT_EQ(Console::Commands().size(), builtIn);
-    {
-        const Console::CommandTable table{{"Act", [] {}}, {"Integer", Console::Variable<integer>}};
-        table.Add();
-        EXPECT_EQ(Reply("Act 1"), "\nUSAGE: Act < nothing >");
-    }
-    EXPECT_EQ(Console::Commands().size(), builtIn);
-}
-
 TEST_F(ConsoleTest, ListsCommandsByTheirBeginning) {
     const std::string line = "\n\n" + std::string(64, '*') + "\n\n";
     const std::string heading =

@@ -1,4 +1,4 @@
-// Blocks in memory and on disk: binary readers and whole files.
+// Whole files in memory.
 
 #include <gtest/gtest.h>
 
@@ -7,20 +7,6 @@
 
 #include "WorkingFolder.h"
 #include "engine/BufferedFile.h"
-#include "engine/ByteReader.h"
-
-TEST(ByteReader, GivesZerosOnceAReadWouldLeaveTheBlock) {
-    const std::array<std::byte, 3> block{std::byte{1}, std::byte{2}, std::byte{3}};
-    ByteReader reader(block);
-    EXPECT_EQ(reader.U32(), 0u);
-    EXPECT_TRUE(reader.HasFailed());
-    EXPECT_EQ(reader.U8(), 0);
-    EXPECT_EQ(reader.Position(), 0u);
-    ByteReader skipping(block);
-    skipping.Skip(std::numeric_limits<std::size_t>::max());
-    EXPECT_TRUE(skipping.HasFailed());
-    EXPECT_TRUE(skipping.Bytes(0).empty());
-}
 
 namespace {
 

@@ -74,23 +74,6 @@ TEST_F(PreferenceStoreTest, ReadsADamagedFileAsValuesNotSetAndLosesNothing) {
     EXPECT_NE(directory.Read(ValuesFile()).find(damage), std::string::npos);
 }
 
-TEST_F(PreferenceStoreTest, DoesNothingWithoutAKeyOrAPlaceToWrite) {
-    const PreferenceKey closed;
-    EXPECT_FALSE(closed.SetValue("a", "1"));
-    EXPECT_EQ(closed.GetValue("a"), "");
-
-    const PreferenceKey key = PreferenceStore::OpenOrCreateKey("software/test");
-    key.SetValue("a", "1");
-    const fs::path file = ValuesFile();
-    fs::remove(file);
-    fs::create_directory(file);  // a directory can be neither read nor replaced
-    EXPECT_FALSE(key.SetValue("a", "2"));
-    EXPECT_EQ(key.GetValue("a"), "");
-    fs::remove_all(directory.path / "vantrel");
-    EXPECT_FALSE(key.SetValue("a", "3"));
-    EXPECT_FALSE(key.HasValue("a"));
-}
-
 TEST_F(PreferenceStoreTest, IsClosedForAUserWithoutAHome) {
     const char* before = getenv("HOME");
     const std::string home = before != nullptr ? before : "";

@@ -159,20 +159,6 @@ class Saving(unittest.TestCase):
             self.assertEqual(self.run_program([SAVER, *command]), (0, ""))
         self.assertEqual(self.files(), self.clean | {"sav/scores.sav", VALUES})
 
-    def test_two_at_once_lose_nothing_of_each_other(self):
-        for turn in range(max(3, int(KILLS) // 20)):
-            programs = []
-            for command in (["scores", "even", "100"], ["scores", "odd", "200"],
-                            ["preferences", "even", "0"], ["preferences", "odd", "0"]):
-                programs.append(subprocess.Popen([SAVER, *command, "5"], cwd=self.home,
-                                                 env=self.environment()))
-            self.assertEqual([program.wait() for program in programs], [0] * 4)
-            scores = self.read("sav/scores.sav")
-            rows = [int.from_bytes(scores[at + 24:at + 28], "little") for at in range(4, 284, 28)]
-            self.assertEqual(rows, [204, 203, 202, 201, 200, 104, 103, 102, 101, 100], turn)
-            self.assertEqual(sorted(self.read(VALUES).split()), [b"even=4", b"odd=4"])
-            shutil.rmtree(os.path.join(self.home, "sav"))
-
     def test_whoever_comes_first_makes_the_folders(self):
         for _ in range(40):
             programs = [subprocess.Popen([SAVER, "preferences", name, "1"], cwd=self.home,

@@ -218,18 +218,6 @@ TEST_F(MenuGraphTest, EscapeGoesBackOrAsksOrDoesNothing) {
     EXPECT_EQ(MenuManager::Current(), 0);
 }
 
-TEST_F(MenuGraphTest, GoesBackOneStepOnly) {
-    ShowFrom(1, 3);
-    MenuManager::Show(MenuManager::Previous());
-    EXPECT_EQ(MenuManager::Current(), 1);
-    EXPECT_EQ(MenuManager::Previous(), 3);
-    MenuManager::Show(99);
-    EXPECT_EQ(MenuManager::Current(), 1) << "no such menu";
-    MenuManager::Show(0);
-    MenuManager::Show(0);
-    EXPECT_EQ(MenuManager::Previous(), 0);
-}
-
 TEST_F(MenuGraphTest, MenusHoldTheGameStill) {
     const auto stepTheGame = [&] {
         const float before = Camera::position.x + Camera::position.y;

@@ -90,12 +90,6 @@ TEST_F(ButtonTest, TakesTheWholeScreenIntoTheClickedLookWhenPressed) {
     screen.OnMouseMove(50, 25);
     screen.OnMouseDown(50, 25, MouseButton::right);
     EXPECT_EQ(second.state, GuiAnimatedButton::Clicked);
-
-    GuiAnimatedButton alone;
-    alone.OnKeyDown(VirtualKey::enter);
-    EXPECT_EQ(alone.state, GuiAnimatedButton::Clicked);
-    PaintAfter(alone, 100);  // without any frames
-    EXPECT_EQ(alone.CurrentFrame(), nullptr);
 }
 
 }  // namespace

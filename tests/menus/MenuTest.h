@@ -6,34 +6,35 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
-#include "RecordingPainter.h"
 #include "graphics/GLWindow.h"
+#include "graphics/RecordingDevice.h"
 #include "graphics/TextureManager.h"
 #include "graphics/TgaBytes.h"
+#include "menus/GuiPainter.h"
 #include "menus/GuiScreen.h"
 #include "platform/Clock.h"
 #include "platform/HeadlessWindow.h"
 #include "platform/Paths.h"
 #include "support/TemporaryDirectory.h"
 
-/// Lets textures read their files, without putting them anywhere.
-class SizesOnlyDevice : public TextureDevice {
+/// Keeps the texts that were painted, in order.
+class RecordingPainter : public GuiPainter {
 public:
-    std::uint32_t Generate() override { return ++last; }
-    void Delete(std::uint32_t) override {}
-    void Upload(std::uint32_t, const std::uint32_t*, std::uint32_t, std::uint32_t,
-                const Options&) override {}
-    void SetAnisotropy(std::uint32_t, int) override {}
-    void SetCompressionHint(bool) override {}
-    int MaxAnisotropy() override { return 0; }
-    bool HasCompression() override { return false; }
-    std::optional<Platform::ImageFile> LoadImage(const std::filesystem::path&) override {
-        return std::nullopt;
+    void DrawText(const Texture&, const char* text, float, float, float, const Colour&) override {
+        texts.emplace_back(text);
+    }
+    void DrawTextCentred(const Texture&, const char* text, const GuiRect&, float,
+                         const Colour&) override {
+        texts.emplace_back(text);
     }
 
-private:
-    std::uint32_t last = 0;
+    void Forget() { texts.clear(); }
+    /// The last text painted; empty if none was.
+    std::string LastText() const { return texts.empty() ? std::string() : texts.back(); }
+
+    std::vector<std::string> texts;
 };
 
 class MenuTest : public testing::Test {
@@ -78,6 +79,6 @@ protected:
     WorkingDirectoryGuard here{directory.path};
     Platform::ScriptedClock clock;
     Platform::HeadlessWindow window;
-    SizesOnlyDevice device;
+    RecordingDevice device;
     RecordingPainter painter;
 };

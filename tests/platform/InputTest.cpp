@@ -29,13 +29,7 @@ TEST(Keys, GiveTheCodesThatTheGameActsOn) {
 
 TEST(Keys, TurnTheKeypadIntoArrowsWhereItDoesNotType) {
     constexpr int keypadZero = 320;
-    const std::vector<int> moves{
-        VirtualKey::insert, VirtualKey::end,          VirtualKey::down,     VirtualKey::pageDown,
-        VirtualKey::left,   VirtualKey::keypadCentre, VirtualKey::right,    VirtualKey::home,
-        VirtualKey::up,     VirtualKey::pageUp,       VirtualKey::deleteKey};
-    for (int i = 0; i <= 10; ++i) {  // the last one is the decimal point
-        EXPECT_EQ(Platform::KeyCode(keypadZero + i, false), moves[static_cast<std::size_t>(i)]);
-    }
+    EXPECT_EQ(Platform::KeyCode(keypadZero, false), VirtualKey::insert);
     Platform::KeyCodes keys;
     EXPECT_EQ(keys.Press(keypadZero + 4, false), VirtualKey::left);
     EXPECT_EQ(keys.Press(keypadZero + 4, true), VirtualKey::left) << "a repeat";

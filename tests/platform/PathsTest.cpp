@@ -201,22 +201,6 @@ TEST_F(Paths, UpdateOneAfterTheOther) {
     EXPECT_EQ(Contents(work.path / "count").size(), 40u);
 }
 
-TEST_F(Paths, SetAsideWhatIsWorthKeeping) {
-    const fs::path file = work.path / "file";
-    for (const char* name : {"file.bad", "file.bad2"}) {
-        work.Write("file", name);
-        Platform::FileUpdate update(file);
-        EXPECT_EQ(update.SetAside(), name);
-        EXPECT_EQ(Contents(work.path / name), name);
-        std::vector<std::byte> bytes;
-        EXPECT_EQ(update.Read(bytes), Platform::FileUpdate::State::Missing);
-        EXPECT_FALSE(update.SetAside()) << "nothing is left";
-    }
-    fs::create_directory(file);
-    std::vector<std::byte> bytes;
-    EXPECT_EQ(Platform::FileUpdate(file).Read(bytes), Platform::FileUpdate::State::Unreadable);
-}
-
 TEST_F(Paths, ReadOnlyWhatIsAFile) {
     work.Write("big", std::string(200000, 'x'));
     EXPECT_EQ(Contents(work.path / "big").size(), 200000u);

@@ -100,26 +100,6 @@ TEST_F(VideoTest, RepeatsFramesThatTheFileLeavesOut) {
     }
 }
 
-TEST_F(VideoTest, CountsWhatATruncatedFileStillHolds) {
-    MakeSteps("film.avi", "64x48", 40, "-c:v mjpeg -q:v 2 -pix_fmt yuvj420p");
-    const std::string whole = Read("film.avi");
-    const std::size_t frames = whole.find("movi");
-    for (const std::size_t length : {whole.size() - 20, (frames + whole.size()) / 2, frames + 1000,
-                                     frames + 4, std::size_t{200}, std::size_t{0}}) {
-        directory.Write("cut.avi", std::string_view(whole).substr(0, length));
-        const auto video = Open("cut.avi");
-        if (video) {
-            ASSERT_LE(video->FrameCount(), 40u);
-            EXPECT_LE(video->FrameCount(), (length - frames) / 200);
-            EXPECT_EQ(StepOf(*video, 0), 0);
-            for (std::uint32_t i = 1; i + 1 < video->FrameCount(); ++i) {
-                EXPECT_GE(StepOf(*video, i), 0) << length << ", " << i;
-            }
-        }
-        EXPECT_EQ(video != nullptr, length > frames + 4) << length;
-    }
-}
-
 TEST_F(VideoTest, RefusesWhatHasNoPictures) {
     Make("-f lavfi -i sine=d=0.2 -c:a pcm_s16le sound.avi");
     Make("-f lavfi -i color=red:s=64x48:d=0.2 -c:v mpeg4 other.mp4");

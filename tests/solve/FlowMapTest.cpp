@@ -13,7 +13,6 @@ using TestLevelFile::Area;
 using TestLevelFile::Box;
 
 constexpr std::uint32_t levelEnd = 801;
-constexpr std::uint32_t particleKill = 701;
 constexpr std::uint32_t removeEntity = 300;
 constexpr std::uint32_t gateId = 5;
 const Vector2 left{-150.0f, 100.0f};
@@ -58,17 +57,4 @@ TEST(FlowMap, LeadsOverWhatOpensAGate) {
     EXPECT_LT(map.Distance(left, 0), map.Distance(middle, 0));
     EXPECT_LT(map.Distance(middle, 1), map.Distance(left, 1));
     EXPECT_LT(map.Distance(middle, 1), map.Distance(middle, 0));
-}
-
-TEST(FlowMap, GoesRoundWhatKills) {
-    TestGame game;
-    LevelFile level = Room();
-    const Vector2 before{0.0f, 140.0f};
-    game.Start(level);
-    Switches::Collect();
-    const float open = FlowMap().Distance(before, 0);
-    level.triggers.push_back(Area(particleKill, 40, 60, 80, 150));
-    game.Start(level, "lev/b.swah");
-    Switches::Collect();
-    EXPECT_GT(FlowMap().Distance(before, 0), open + 100.0f);
 }

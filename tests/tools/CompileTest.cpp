@@ -52,6 +52,15 @@ protected:
         EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 4);
         return outcome.error;
     }
+    /// Of the last object, which goes.
+    void ExpectRefusal(const std::string& name, const char* expected) {
+        const std::string message = CompileBadly();
+        EXPECT_NE(message.find("map.tmj: object " + std::to_string(lastId) + name),
+                  std::string::npos)
+            << message;
+        EXPECT_NE(message.find(expected), std::string::npos) << message;
+        layers.back()["objects"].erase(layers.back()["objects"].size() - 1);
+    }
     void WriteMap() { Write("map.tmj", Json{{"type", "map"}, {"layers", layers}}.dump()); }
 
     Json layers =
@@ -160,12 +169,7 @@ TEST_F(CompileMap, NamesTheObjectOfAWrongValue) {
         Json& polygon = AddPolygon({XY(0, 0), XY(9, 0), XY(0, 9)});
         polygon["name"] = "bad\none";
         polygon["properties"] = Json::array({property});
-        const std::string message = CompileBadly();
-        EXPECT_NE(message.find("map.tmj: object " + std::to_string(lastId) + " \"bad one\": "),
-                  std::string::npos)
-            << message;
-        EXPECT_NE(message.find(expected), std::string::npos) << message;
-        layers.back()["objects"].erase(layers.back()["objects"].size() - 1);
+        ExpectRefusal(" \"bad one\": ", expected);
     }
 }
 
@@ -185,11 +189,7 @@ TEST_F(CompileMap, RefusesWhatALevelCannotHold) {
     };
     for (const auto& [object, expected] : cases) {
         Add(object);
-        const std::string message = CompileBadly();
-        EXPECT_NE(message.find("object " + std::to_string(lastId) + ": "), std::string::npos)
-            << message;
-        EXPECT_NE(message.find(expected), std::string::npos) << message;
-        layers.back()["objects"].erase(layers.back()["objects"].size() - 1);
+        ExpectRefusal(": ", expected);
     }
     layers.back()["name"] = "layer 7";
     Add({{"type", "Object"}, {"point", true}});

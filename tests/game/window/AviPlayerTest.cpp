@@ -81,23 +81,6 @@ TEST_F(AviPlayerTest, ShowsEveryFrameForLongerThanItsTime) {
     EXPECT_FALSE(player.IsFinished());
 }
 
-TEST_F(AviPlayerTest, IsFinishedWithWhatItCannotPlay) {
-    AviPlayer player("vid\\film.avi");
-    EXPECT_TRUE(player.IsFinished());
-    player.Restart();
-    player.Update();
-    player.Draw();
-    EXPECT_EQ(window.swaps, 0);
-    MakeFilm("64x48", 1);
-    player.Open("vid\\film.avi");
-    EXPECT_FALSE(player.IsFinished());
-    clock.Advance(51);
-    player.Update();
-    EXPECT_TRUE(player.IsFinished());
-    player.Open("vid\\other.avi");
-    EXPECT_FALSE(player.IsOpen());
-}
-
 TEST_F(AviPlayerTest, EndsAtAFrameThatCannotBeDecoded) {
     Ffmpeg("-f lavfi -i testsrc=s=64x48:r=20 -frames:v 8 -c:v png vid/film.avi");
     const auto bytes = Platform::ReadWholeFile("vid/film.avi");

@@ -273,10 +273,4 @@ TEST_F(ManagedDesktop, MinimisesAndComesBack) {
     }
 }
 
-TEST_F(ManagedDesktop, ClosesWhenTheUserAsksForIt) {
-    Xdotool("key alt+F4");
-    EXPECT_TRUE(PumpUntil([] { return !GLWindow::IsOpen(); }));
-    EXPECT_EQ(recorder.closes, 1);
-}
-
 }  // namespace
