@@ -116,7 +116,7 @@ void PushLake(benchmark::State& state) {
     for (auto _ : state) {
         MoverManager::Reset();
         MoverManager::movers.front().state = Mover::GoingToEnd;
-        LevelData::polygons.front().previousOffset = {};
+        LevelData::current.polygons.front().previousOffset = {};
         MoverManager::Step(Camera::Look(), dt);
         auto from = water.begin();
         for (Particle& particle : ParticleManager::particles) {

@@ -8,7 +8,7 @@
 namespace {
 
 /// Builds a world over and over and reports the size of what comes out.
-void BuildWorld(benchmark::State& state, std::list<LevelPolygon> polygons) {
+void BuildWorld(benchmark::State& state, std::deque<LevelPolygon> polygons) {
     std::size_t edges = 0;
     for (const LevelPolygon& polygon : polygons) {
         edges += polygon.PointCount();

@@ -12,8 +12,8 @@ namespace {
 constexpr float particleRadius = 2.0f;
 
 /// A level of about `edges` edges, built.
-std::list<LevelPolygon> Cave(int edges) {
-    std::list<LevelPolygon> polygons = BspWorlds::Stars(1, edges * 2 / 13);
+std::deque<LevelPolygon> Cave(int edges) {
+    std::deque<LevelPolygon> polygons = BspWorlds::Stars(1, edges * 2 / 13);
     BspTree::Build(polygons);
     return polygons;
 }
@@ -64,7 +64,7 @@ void QueryAtRest(benchmark::State& state) {
 /// Tiles with gaps between them, all in one line: every query near one is near the lines of
 /// them all.
 void QueryInRow(benchmark::State& state) {
-    std::list<LevelPolygon> polygons;
+    std::deque<LevelPolygon> polygons;
     BspWorlds::Dice dice(4);
     std::vector<Vector2> positions;
     for (int i = 0; i < state.range(0) / 4; ++i) {

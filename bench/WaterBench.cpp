@@ -6,9 +6,8 @@
 #include <benchmark/benchmark.h>
 
 #include <cmath>
-#include <list>
+#include <deque>
 
-#include "water/ParticleGrid.h"
 #include "water/WaterWorld.h"
 
 namespace {
@@ -25,8 +24,8 @@ constexpr Vector2 camera{300.0f, 300.0f};
 
 /// Eight shelves one below the other with ends, and a few boxes: about 100 edges, and within
 /// the grid that finds neighbours.
-std::list<LevelPolygon> Shelves() {
-    std::list<LevelPolygon> level;
+std::deque<LevelPolygon> Shelves() {
+    std::deque<LevelPolygon> level;
     for (int i = 0; i < shelfCount; ++i) {
         const float y = shelfGap * static_cast<float>(i);
         level.push_back(TestLevel::Box(0.0f, y, shelfWidth, y + 20.0f));
@@ -56,7 +55,10 @@ void AddBodies(int particles, float lift, float temperature = 20.0f) {
 
 float PairsPerParticle() {
     std::size_t pairs = 0;
-    for (const Particle& particle : ParticleManager::particles) {
+    ParticleList& particles = ParticleManager::particles;
+    ParticleGrid& grid = ParticleManager::Parts().work.grid;
+    grid.FillFrom(particles, WaterWorld::view.centre);
+    for (const Particle& particle : particles) {
         for (const int column : {-1, 0, 1}) {
             for (int row = column == 0 ? 0 : -1; row <= (column == 0 ? 0 : 1); ++row) {
                 const std::uint32_t x = particle.gridX + static_cast<std::uint32_t>(column);
@@ -64,8 +66,9 @@ float PairsPerParticle() {
                 if (x >= ParticleGrid::side || y >= ParticleGrid::side) {
                     continue;
                 }
-                for (const Particle* p = ParticleGrid::Head(x, y); p != nullptr; p = p->gridNext) {
-                    pairs += p != &particle ? 1 : 0;
+                for (std::uint32_t n = grid.Head(x, y); n != Particle::none;
+                     n = particles[n].gridNext) {
+                    pairs += &particles[n] != &particle ? 1 : 0;
                 }
             }
         }

@@ -1,12 +1,5 @@
 #include "actors/ActorsFold.h"
 
-#include "actors/Camera.h"
-#include "actors/ForceManager.h"
-#include "actors/LevelObjectsManager.h"
-#include "actors/MoverManager.h"
-#include "actors/SoundSourceManager.h"
-#include "actors/TriggerManager.h"
-
 namespace ActorsFold {
 
 namespace {
@@ -18,22 +11,9 @@ void Fold(StateFold& fold, const CameraState& camera) {
              shakeTimer, shakeTarget);
 }
 
-void Fold(StateFold& fold, const TriggerTriangle& triangle) {
-    // The rest follows from the corners.
-    const auto& [corners, normals, edges, lengths] = triangle;
-    fold.Add(corners[0], corners[1], corners[2]);
-}
-
-void Fold(StateFold& fold, const Trigger& trigger) {
-    // Box and reach follow from the triangles, information and effect from the type, and what is
-    // bound from the target id and from how much bore it then.
-    const auto& [triangleA, triangleB, minX, maxX, minY, maxY, boxReach, type, targetId, typeInfo,
-                 effect, cooldown, delay, fireCount, objects, animatedObjects, forces, polygons,
-                 movers, emitters] = trigger;
-    Fold(fold, triangleA);
-    Fold(fold, triangleB);
-    fold.Add(type, targetId, cooldown, delay, fireCount, objects.size(), animatedObjects.size(),
-             forces.size(), polygons.size(), movers.size(), emitters.size());
+void Fold(StateFold& fold, const TriggerState& trigger) {
+    const auto& [cooldown, fireCount] = trigger;
+    fold.Add(cooldown, fireCount);
 }
 
 void Fold(StateFold& fold, const Mover& mover) {
@@ -53,12 +33,6 @@ void Fold(StateFold& fold, const LevelObject& object) {
              playLimit, plays);
 }
 
-void Fold(StateFold& fold, const SoundSource& source) {
-    // Where the sample stands is the audio device's.
-    const auto& [x, y, strength, sound, looping, stopped, id] = source;
-    fold.Add(x, y, strength, looping, stopped, id);
-}
-
 template <class Records>
 void FoldAll(StateFold& fold, const Records& records) {
     fold.Add(records.size());
@@ -69,25 +43,18 @@ void FoldAll(StateFold& fold, const Records& records) {
 
 }  // namespace
 
-void AddCamera(StateFold& fold) {
-    Fold(fold, Camera::current);
+void AddCamera(StateFold& fold, const CameraState& camera) {
+    Fold(fold, camera);
 }
 
-void AddActors(StateFold& fold) {
-    FoldAll(fold, TriggerManager::triggers);
-    TriggerManager::Delayed().AddTo(fold, TriggerManager::triggers);
-    FoldAll(fold, MoverManager::movers);
-    FoldAll(fold, ForceManager::forces);
-    FoldAll(fold, LevelObjectsManager::objects);
-    FoldAll(fold, LevelObjectsManager::animatedObjects);
-    fold.Add(LevelObjectsManager::animationSpeeds);
-    for (const auto* const sources :
-         {&SoundSourceManager::loopingSources, &SoundSourceManager::oneShotSources}) {
-        fold.Add(sources->size());
-        for (const auto& [id, list] : *sources) {
-            FoldAll(fold, list);
-        }
-    }
+void AddActors(StateFold& fold, const ActorsState& actors) {
+    const auto& [movers, forces, objects, animatedObjects, triggers, delayedEffects] = actors;
+    FoldAll(fold, movers);
+    FoldAll(fold, forces);
+    FoldAll(fold, objects);
+    FoldAll(fold, animatedObjects);
+    FoldAll(fold, triggers);
+    delayedEffects.AddTo(fold);
 }
 
 }  // namespace ActorsFold

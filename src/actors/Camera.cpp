@@ -6,11 +6,9 @@
 #include <cmath>
 
 #include "engine/ConfigFile.h"
-#include "engine/Random.h"
 #include "graphics/GLWindow.h"
 #include "graphics/GLWindowCursor.h"
 #include "platform/VirtualKeys.h"
-#include "water/GroupedParticleMover.h"
 #include "water/ParticleManager.h"
 
 namespace Camera {
@@ -62,16 +60,16 @@ void ReadSettings() {
 
 /// Mean place of all water, near water weighing more, so that the camera stays with the main
 /// body when some of it runs off. (0, 0) without water.
-Vector2 WaterCentre() {
+Vector2 WaterCentre(const WaterState& water, Vector2 seenFrom) {
     float weight = 0.0f;
     Vector2 sum;
-    for (const Particle& particle : ParticleManager::particles) {
-        const float w = 1.0f / (1.0f + Distance(particle.position, position));
+    for (const Particle& particle : water.particles) {
+        const float w = 1.0f / (1.0f + Distance(particle.position, seenFrom));
         weight += w;
         sum += particle.position * w;
     }
-    for (const ParticleGroup& group : GroupedParticleMover::groups) {
-        const float w = (1.0f / (1.0f + Distance(group.position, position))) *
+    for (const ParticleGroup& group : water.groups) {
+        const float w = (1.0f / (1.0f + Distance(group.position, seenFrom))) *
                         static_cast<float>(group.particles.size());
         weight += w;
         sum += group.position * w;
@@ -80,8 +78,8 @@ Vector2 WaterCentre() {
 }
 
 /// A loss can come while the view is wide; nothing else would bring it back then.
-void EndFlight() {
-    state = zoom > playZoom ? ZoomingIn : Following;
+void EndFlight(CameraState& camera) {
+    camera.state = camera.zoom > playZoom ? ZoomingIn : Following;
 }
 
 /// What the sums behind the water's centre can be off by, units.
@@ -89,45 +87,45 @@ float RoundingOf(Vector2 centre) {
     return 1e-5f * (std::fabs(centre.x) + std::fabs(centre.y));
 }
 
-void Follow(float dt) {
-    const Vector2 centre = WaterCentre();
-    const bool flying = state == OpeningFlight;
+void Follow(CameraState& camera, const WaterState& water, float dt) {
+    const Vector2 centre = WaterCentre(water, camera.position);
+    const bool flying = camera.state == OpeningFlight;
     const float k = std::pow(
         flying ? settings.waypointInterpolateSpeed : settings.movementInterpolateSpeed, dt);
-    const Vector2 before = position;
+    const Vector2 before = camera.position;
     const Vector2 gap = centre - before;
-    position = before * k + centre * (1.0f - k);
+    camera.position = before * k + centre * (1.0f - k);
     // The centre depends on the position, and the last bits of both may go to and fro for ever,
     // or a part of the gap be lost in rounding: then the flight can't come nearer.
     if (flying &&
         (Length(gap) <= std::max(settings.waypointInterpolateDistance, RoundingOf(centre)) ||
-         position == before)) {
-        EndFlight();
+         camera.position == before)) {
+        EndFlight(camera);
     }
 }
 
-void StepZoom(float dt) {
-    switch (state) {
+void StepZoom(CameraState& camera, float dt) {
+    switch (camera.state) {
         case ZoomingOut:
-            zoom += settings.zoomSpeed * dt;
-            if (zoom >= widestZoom) {
-                zoom = widestZoom;
-                state = Holding;
-                current.zoomTimer = settings.zoomWait;
+            camera.zoom += settings.zoomSpeed * dt;
+            if (camera.zoom >= widestZoom) {
+                camera.zoom = widestZoom;
+                camera.state = Holding;
+                camera.zoomTimer = settings.zoomWait;
             }
             break;
         case Holding:
-            current.zoomTimer -= dt;
-            if (current.zoomTimer <= 0.0f) {
-                current.zoomTimer = 0.0f;
-                state = ZoomingIn;
+            camera.zoomTimer -= dt;
+            if (camera.zoomTimer <= 0.0f) {
+                camera.zoomTimer = 0.0f;
+                camera.state = ZoomingIn;
             }
             break;
         case ZoomingIn:
-            zoom -= settings.zoomSpeed * dt;
-            if (zoom <= playZoom) {
-                zoom = playZoom;
-                state = Following;
+            camera.zoom -= settings.zoomSpeed * dt;
+            if (camera.zoom <= playZoom) {
+                camera.zoom = playZoom;
+                camera.state = Following;
             }
             break;
         default:
@@ -135,49 +133,49 @@ void StepZoom(float dt) {
     }
 }
 
-void PickShakeTarget() {
-    const float x = Random::Unit() - 0.5f;
-    const float y = Random::Unit() - 0.5f;
+void PickShakeTarget(CameraState& camera, RandomNumbers& random) {
+    const float x = random.Unit() - 0.5f;
+    const float y = random.Unit() - 0.5f;
     Vector2 direction{x, y};
     Normalise(direction);
-    current.shakeTarget = direction * settings.shakeStrenght;
+    camera.shakeTarget = direction * settings.shakeStrenght;
 }
 
-/// Moves `shakeOffset` against `gap` by `reach` units.
-void MoveShakeOffset(Vector2 gap, float reach) {
+/// Moves the shake against `gap` by `reach` units.
+void MoveShakeOffset(CameraState& camera, Vector2 gap, float reach) {
     Normalise(gap);
-    shakeOffset -= gap * reach;
+    camera.shakeOffset -= gap * reach;
 }
 
-void StepShake(float dt) {
+void StepShake(CameraState& camera, RandomNumbers& random, float dt) {
     const float reach = dt * settings.shakeSpeed;
-    if (current.shaking) {
-        current.shakeTimer -= dt;
-        if (current.shakeTimer <= 0.0f) {
-            current.shakeTimer = 0.0f;
-            current.shaking = false;
+    if (camera.shaking) {
+        camera.shakeTimer -= dt;
+        if (camera.shakeTimer <= 0.0f) {
+            camera.shakeTimer = 0.0f;
+            camera.shaking = false;
         }
-        const Vector2 gap = shakeOffset - current.shakeTarget;
+        const Vector2 gap = camera.shakeOffset - camera.shakeTarget;
         if (reach >= Length(gap)) {
-            shakeOffset = current.shakeTarget;
-            PickShakeTarget();
+            camera.shakeOffset = camera.shakeTarget;
+            PickShakeTarget(camera, random);
         } else {
-            MoveShakeOffset(gap, reach);
+            MoveShakeOffset(camera, gap, reach);
         }
-    } else if (reach > Length(shakeOffset)) {
-        shakeOffset = {};
+    } else if (reach > Length(camera.shakeOffset)) {
+        camera.shakeOffset = {};
     } else {
-        MoveShakeOffset(shakeOffset, reach);
+        MoveShakeOffset(camera, camera.shakeOffset, reach);
     }
 }
 
-void Turn(float wanted, float dt) {
+void Turn(CameraState& camera, float wanted, float dt) {
     const float k = std::pow(settings.rotationSmooth, dt);
-    current.angularVelocity = current.angularVelocity * k + wanted * (1.0f - k);
-    angle += current.angularVelocity * dt;
-    if (angle < -settings.maxAngle || angle > settings.maxAngle) {
-        angle = std::clamp(angle, -settings.maxAngle, settings.maxAngle);
-        current.angularVelocity = 0.0f;
+    camera.angularVelocity = camera.angularVelocity * k + wanted * (1.0f - k);
+    camera.angle += camera.angularVelocity * dt;
+    if (camera.angle < -settings.maxAngle || camera.angle > settings.maxAngle) {
+        camera.angle = std::clamp(camera.angle, -settings.maxAngle, settings.maxAngle);
+        camera.angularVelocity = 0.0f;
     }
 }
 
@@ -214,39 +212,56 @@ float WantedTurn() {
     return wanted;
 }
 
-void Step(std::optional<float> turn, float dt) {
-    Follow(dt);
-    StepZoom(dt);
-    StepShake(dt);
+void Step(CameraState& camera, const WaterState& water, RandomNumbers& random,
+          std::optional<float> turn, float dt) {
+    Follow(camera, water, dt);
+    StepZoom(camera, dt);
+    StepShake(camera, random, dt);
     if (turn) {
-        Turn(*turn, dt);
+        Turn(camera, *turn, dt);
     }
 }
 
-void Zoom() {
-    switch (state) {
+void Step(std::optional<float> turn, float dt) {
+    Step(current, ParticleManager::current, Random::current, turn, dt);
+}
+
+void Zoom(CameraState& camera) {
+    switch (camera.state) {
         case Following:
         case ZoomingIn:
-            state = ZoomingOut;
+            camera.state = ZoomingOut;
             break;
         case Holding:
-            current.zoomTimer = settings.zoomWait;
+            camera.zoomTimer = settings.zoomWait;
             break;
         default:
             break;
     }
 }
 
-void Shake() {
-    current.shakeTimer = settings.shakeTime;
-    if (!current.shaking) {
-        current.shaking = true;
-        PickShakeTarget();
+void Zoom() {
+    Zoom(current);
+}
+
+void Shake(CameraState& camera, RandomNumbers& random) {
+    camera.shakeTimer = settings.shakeTime;
+    if (!camera.shaking) {
+        camera.shaking = true;
+        PickShakeTarget(camera, random);
     }
 }
 
+void Shake() {
+    Shake(current, Random::current);
+}
+
+View Look(const CameraState& camera, float width, float height) {
+    return {camera.position + camera.shakeOffset, camera.angle, camera.zoom, width, height};
+}
+
 View Look(float width, float height) {
-    return {position + shakeOffset, angle, zoom, width, height};
+    return Look(current, width, height);
 }
 
 }  // namespace Camera

@@ -6,8 +6,10 @@
 #include <optional>
 
 #include "engine/Page.h"
+#include "engine/Random.h"
 #include "engine/Vector2.h"
 #include "level/View.h"
+#include "water/WaterState.h"
 
 /// All that changes about the camera while a level is played.
 struct CameraState {
@@ -27,6 +29,19 @@ namespace Camera {
 
 enum State { OpeningFlight = 0, Following = 1, ZoomingOut = 2, Holding = 3, ZoomingIn = 4 };
 
+// Of any world.
+
+/// Once per module step, with the uncapped `dt`. `turn` is what the player asks for, degrees per
+/// second; without it the camera keeps its angle.
+void Step(CameraState& camera, const WaterState& water, RandomNumbers& random,
+          std::optional<float> turn, float dt);
+/// What a picture of that size shows, units at zoom 1.
+View Look(const CameraState& camera, float width = Page::width, float height = Page::height);
+void Zoom(CameraState& camera);
+void Shake(CameraState& camera, RandomNumbers& random);
+
+// The world in play.
+
 extern CameraState current;
 // Parts of `current` by their own names.
 inline Vector2& position = current.position;
@@ -44,10 +59,7 @@ bool IsOpeningFlight();
 /// The turning speed that keys and mouse ask for now, degrees per second. Takes the mouse's way
 /// since the last call.
 float WantedTurn();
-/// Once per module step, with the uncapped `dt`. `turn` is what the player asks for; without it
-/// the camera keeps its angle.
 void Step(std::optional<float> turn, float dt);
-/// What a picture of that size shows, units at zoom 1.
 View Look(float width = Page::width, float height = Page::height);
 /// Loads the world transform of the view (CameraDraw.cpp).
 void ApplyView(const View& view);

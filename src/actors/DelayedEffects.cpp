@@ -2,12 +2,8 @@
 
 #include <algorithm>
 #include <tuple>
-#include <unordered_map>
 
-#include "actors/TriggerEffects.h"
-#include "engine/Console.h"
 #include "level/Limits.h"
-#include "platform/Assert.h"
 
 namespace {
 
@@ -18,7 +14,7 @@ bool IsForEver(float delay) {
 
 }  // namespace
 
-void DelayedEffects::TakeDue(Line& line) {
+void DelayedEffects::TakeDue(Line& line, std::vector<Due>& due) {
     while (!line.timeLeft.IsEmpty() && line.timeLeft.Front() <= 0.0f) {
         const Batch batch = line.batches.Front();
         for (std::uint32_t i = 0; i < batch.size; ++i) {
@@ -30,66 +26,47 @@ void DelayedEffects::TakeDue(Line& line) {
     }
 }
 
-void DelayedEffects::Run(float dt, TriggerEvents& events) {
+void DelayedEffects::Age(float dt, std::vector<Due>& due) {
+    due.clear();
     ++step;
     if (waiting == 0) {
         return;
     }
-    due.clear();
     for (auto& [delay, line] : lines) {
         for (float& timeLeft : line.timeLeft.All()) {
             timeLeft -= dt;
         }
-        TakeDue(line);
+        TakeDue(line, due);
     }
     waiting -= due.size();
     std::ranges::sort(due, {}, [](const Due& d) { return std::tuple(d.step, d.firing.order); });
-    for (const Due& d : due) {
-        for (std::uint32_t i = 0; i < d.firing.times; ++i) {
-            d.firing.trigger->effect({*d.firing.trigger, {}, d.dt, events});
-        }
-    }
 }
 
-void DelayedEffects::Add(std::span<const Firing> fired, float dt) {
-    VANTREL_ASSERT(std::ranges::is_sorted(fired, {}, &Firing::order));
-    for (const Firing& firing : fired) {
-        const float delay = firing.trigger->delay;
-        if (IsForEver(delay)) {
-            continue;
-        }
-        if (waiting == Limits::waitingEffects) {
-            if (!hasComplained) {
-                Console::Print(
-                    "\nToo many delayed effects of triggers wait, more are dropped. The most is ");
-                Console::PrintUnsigned(static_cast<std::uint32_t>(Limits::waitingEffects));
-                Console::Print(".");
-            }
-            hasComplained = true;
-            return;
-        }
-        Line& line = lines[delay];
-        if (line.batches.IsEmpty() || line.batches.Back().step != step) {
-            line.batches.Push({step, dt, 0});
-            line.timeLeft.Push(delay);
-        }
-        ++line.batches.Back().size;
-        line.firings.Push(firing);
-        ++waiting;
+void DelayedEffects::Add(const Firing& firing, float delay, float dt) {
+    if (IsForEver(delay)) {
+        return;
     }
+    if (waiting == Limits::waitingEffects) {
+        hasDropped = true;
+        return;
+    }
+    Line& line = lines[delay];
+    if (line.batches.IsEmpty() || line.batches.Back().step != step) {
+        line.batches.Push({step, dt, 0});
+        line.timeLeft.Push(delay);
+    }
+    ++line.batches.Back().size;
+    line.firings.Push(firing);
+    ++waiting;
 }
 
 void DelayedEffects::Clear() {
     lines.clear();
     waiting = 0;
-    hasComplained = false;
+    hasDropped = false;
 }
 
-void DelayedEffects::AddTo(StateFold& fold, const std::deque<Trigger>& triggers) const {
-    std::unordered_map<const Trigger*, std::size_t> numbers;
-    for (const Trigger& trigger : triggers) {
-        numbers.emplace(&trigger, numbers.size());
-    }
+void DelayedEffects::AddTo(StateFold& fold) const {
     fold.Add(waiting, lines.size());
     for (const auto& [delay, line] : lines) {
         fold.Add(delay, line.batches.All().size());
@@ -101,7 +78,7 @@ void DelayedEffects::AddTo(StateFold& fold, const std::deque<Trigger>& triggers)
             fold.Add(step - since, dt, size);
         }
         for (const auto& [trigger, order, times] : line.firings.All()) {
-            fold.Add(numbers.at(trigger), order, times);
+            fold.Add(trigger, order, times);
         }
     }
 }

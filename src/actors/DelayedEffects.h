@@ -7,35 +7,39 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <map>
 #include <span>
 #include <vector>
 
-#include "actors/Trigger.h"
-#include "actors/TriggerEvents.h"
 #include "engine/StateFold.h"
 
 class DelayedEffects {
 public:
     /// Firings of one trigger in a row.
     struct Firing {
-        Trigger* trigger;
-        std::uint32_t order;  ///< among the firings of the step
+        std::uint32_t trigger;  ///< its place among the level's
+        std::uint32_t order;    ///< among the firings of the step
         std::uint32_t times;
     };
+    /// Firings whose time has come.
+    struct Due {
+        std::uint64_t step;
+        float dt;  ///< of the step of firing, seconds
+        Firing firing;
+    };
 
-    /// Ages what waits by a step of `dt` seconds, then has the effects whose time has come, in
-    /// the order of their firing.
-    void Run(float dt, TriggerEvents& events);
-    /// Takes in what fired in a step of `dt` seconds, in ascending order. Beyond the limit of
-    /// waiting effects firings are dropped, and the console says so, once.
-    void Add(std::span<const Firing> fired, float dt);
+    /// Ages what waits by a step of `dt` seconds, and puts that whose time has come into `due`, in
+    /// the order of its firing.
+    void Age(float dt, std::vector<Due>& due);
+    /// Takes in what a trigger fired in a step of `dt` seconds; in ascending order. Beyond the limit
+    /// of waiting effects firings are dropped.
+    void Add(const Firing& firing, float delay, float dt);
     void Clear();
     /// Entries that wait: two at most for a trigger and a step.
     std::size_t Count() const { return waiting; }
-    /// Folds all that waits; the firings are by these triggers.
-    void AddTo(StateFold& fold, const std::deque<Trigger>& triggers) const;
+    /// Firings were dropped since the last Clear.
+    bool HasDropped() const { return hasDropped; }
+    void AddTo(StateFold& fold) const;
 
 private:
     /// A queue that keeps its storage.
@@ -71,17 +75,10 @@ private:
         Fifo<Batch> batches;
         Fifo<Firing> firings;
     };
-    struct Due {
-        std::uint64_t step;
-        float dt;
-        Firing firing;
-    };
-
-    void TakeDue(Line& line);
+    static void TakeDue(Line& line, std::vector<Due>& due);
 
     std::map<float, Line> lines;  // by delay
-    std::vector<Due> due;         // keeps its storage from step to step
     std::uint64_t step = 0;
     std::size_t waiting = 0;
-    bool hasComplained = false;
+    bool hasDropped = false;
 };

@@ -9,7 +9,6 @@
 
 namespace ForceManager {
 
-std::deque<Force> forces;
 bool forceDraw = false;
 
 namespace {

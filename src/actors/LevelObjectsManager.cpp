@@ -12,7 +12,7 @@
 #include "platform/Assert.h"
 
 void LevelObject::SetTexture(const std::string& name) {
-    frames = LoadFrames(name);
+    frames = TextureSet(LoadFrames(name));
     frameCount = static_cast<std::uint32_t>(frames.size());
     frame = 0;
 }
@@ -33,8 +33,6 @@ Vector2 LevelObject::HalfSize() const {
 
 namespace LevelObjectsManager {
 
-std::list<LevelObject> objects;
-std::list<LevelObject> animatedObjects;
 bool objectsDraw = true;
 bool objectsCull = true;
 bool objectsDrawIds = false;
@@ -104,7 +102,7 @@ void Queue(const LevelObject& object) {
         {object.frames[object.frame].glName, static_cast<std::uint32_t>(queue.size()), &object});
 }
 
-void QueueVisible(const std::list<LevelObject>& list, const ViewSquare& square) {
+void QueueVisible(const std::vector<LevelObject>& list, const ViewSquare& square) {
     for (const LevelObject& object : list) {
         if (!objectsCull) {
             Queue(object);
@@ -148,7 +146,7 @@ void Add(const LevelObject& object) {
 
 void Reset() {
     ResetFlags();
-    for (std::list<LevelObject>* const list : {&objects, &animatedObjects}) {
+    for (std::vector<LevelObject>* const list : {&objects, &animatedObjects}) {
         for (LevelObject& object : *list) {
             object.Rewind();
             object.offset = {};
@@ -158,13 +156,17 @@ void Reset() {
     }
 }
 
-void Step(float dt) {
+void Step(ActorsState& actors, float dt) {
     if (!(animationSpeeds > 0.0f)) {
         return;
     }
-    for (LevelObject& object : animatedObjects) {
+    for (LevelObject& object : actors.animatedObjects) {
         StepAnimation(object, dt);
     }
+}
+
+void Step(float dt) {
+    Step(Actors::current, dt);
 }
 
 void PrepareDraw(const View& view) {

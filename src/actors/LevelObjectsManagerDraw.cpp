@@ -40,7 +40,7 @@ void DrawBatch(std::uint32_t glName) {
     vertices.clear();
 }
 
-void AddLabels(const std::list<LevelObject>& list) {
+void AddLabels(const std::vector<LevelObject>& list) {
     for (const LevelObject& object : list) {
         const Vector2 half = object.HalfSize();
         constexpr float gap = 2.0f;

@@ -8,19 +8,15 @@
 #include <unordered_map>
 
 #include "actors/IdIndex.h"
-#include "actors/LevelObjectsManager.h"
 #include "actors/MoverPush.h"
 #include "engine/Console.h"
 #include "engine/ConsoleCommands.h"
-#include "level/Collision.h"
 #include "level/LevelData.h"
 #include "platform/Assert.h"
 
 namespace MoverManager {
 
-std::deque<Mover> movers;
 std::deque<MoverCollider> colliders;
-std::vector<BspSegment> nearEdges;
 bool moverDraw = false;
 bool dynamicNodeDraw = false;
 
@@ -29,25 +25,20 @@ namespace {
 /// All movers of one id and what they carry: the same things for each of them, so one list
 /// serves them all, and all the things get the same offset.
 struct Carriage {
-    std::vector<const Mover*> movers;  // in the order of adding
-    BoundTargets<LevelObject> animatedObjects;
-    BoundTargets<LevelObject> objects;
-    BoundTargets<LevelPolygon> polygons;
+    std::vector<std::uint32_t> movers;  // in the order of adding
+    BoundTargets animatedObjects;
+    BoundTargets objects;
+    BoundTargets polygons;
 };
 
 std::deque<Carriage> carriages;
 std::unordered_map<std::uint32_t, Carriage*> carriageOfId;
 
-IdIndex<LevelObject> animatedObjectIndex;
-IdIndex<LevelObject> objectIndex;
-IdIndex<LevelPolygon> polygonIndex;
+IdIndex animatedObjectIndex;
+IdIndex objectIndex;
+IdIndex polygonIndex;
 
-std::vector<BspSegment*> nearEdgePointers;  // to `nearEdges`, for the collision queries
-
-/// Shorter sides of an outline, in world units, make no edge.
-constexpr float shortestEdge = 0.01f;
-
-void AppendEdge(MoverCollider& collider, Vector2 from, Vector2 to) {
+void AppendEdge(MoverCollider& collider, LevelPolygon& polygon, Vector2 from, Vector2 to) {
     BspSegment edge;
     edge.start = from;
     edge.end = to;
@@ -58,8 +49,8 @@ void AppendEdge(MoverCollider& collider, Vector2 from, Vector2 to) {
     }
     edge.direction /= edge.length;
     edge.normal = {-edge.direction.y, edge.direction.x};
-    edge.friction = collider.polygon->friction;
-    edge.polygon = collider.polygon;
+    edge.friction = polygon.friction;
+    edge.polygon = &polygon;
     collider.edges.push_back(edge);
 }
 
@@ -77,9 +68,9 @@ void AddCollider(LevelPolygon& polygon) {
         const Vector2 q = polygon.Point((i + 1) % count);
         // Normals point into the solid.
         if (polygon.winding == 1) {
-            AppendEdge(collider, p, q);
+            AppendEdge(collider, polygon, p, q);
         } else {
-            AppendEdge(collider, q, p);
+            AppendEdge(collider, polygon, q, p);
         }
     }
     const auto [minX, maxX] = std::ranges::minmax(polygon.pointsX);
@@ -94,31 +85,30 @@ Carriage& BindCarriage(std::uint32_t id) {
     Carriage*& carriage = carriageOfId[id];
     if (carriage == nullptr) {
         carriage = &carriages.emplace_back();
-        carriage->animatedObjects =
-            animatedObjectIndex.Bind(LevelObjectsManager::animatedObjects, id);
-        carriage->objects = objectIndex.Bind(LevelObjectsManager::objects, id);
+        carriage->animatedObjects = animatedObjectIndex.Bind(Actors::current.animatedObjects, id);
+        carriage->objects = objectIndex.Bind(Actors::current.objects, id);
         carriage->polygons = polygonIndex.Bind(LevelData::polygons, id);
-        for (LevelPolygon* const polygon : carriage->polygons) {
-            AddCollider(*polygon);
+        for (const std::uint32_t place : carriage->polygons) {
+            AddCollider(LevelData::polygons[place]);
         }
     }
     return *carriage;
 }
 
-void MoveCarried() {
+void MoveCarried(ActorsState& actors, LevelState& level) {
     for (const Carriage& carriage : carriages) {
         Vector2 offset;
-        for (const Mover* const mover : carriage.movers) {
-            offset += mover->Offset();
+        for (const std::uint32_t place : carriage.movers) {
+            offset += actors.movers[place].Offset();
         }
-        for (LevelObject* const object : carriage.animatedObjects) {
-            object->offset = offset;
+        for (const std::uint32_t place : carriage.animatedObjects) {
+            actors.animatedObjects[place].offset = offset;
         }
-        for (LevelObject* const object : carriage.objects) {
-            object->offset = offset;
+        for (const std::uint32_t place : carriage.objects) {
+            actors.objects[place].offset = offset;
         }
-        for (LevelPolygon* const polygon : carriage.polygons) {
-            polygon->offset = offset;
+        for (const std::uint32_t place : carriage.polygons) {
+            level.polygons[place].offset = offset;
         }
     }
 }
@@ -132,7 +122,6 @@ void ClearLists() {
     objectIndex.Clear();
     polygonIndex.Clear();
     nearEdges.clear();
-    nearEdgePointers.clear();
 }
 
 const Console::CommandTable commands{
@@ -151,12 +140,10 @@ void Initialise() {
     dynamicNodeDraw = false;
     Console::Print("\nInitialising down mover manager..");
     commands.Add();
-    Collision::UseMovingSegments(&nearEdgePointers);
 }
 
 void Shutdown() {
     Console::Print("\nShutting down mover manager..");
-    Collision::UseMovingSegments(nullptr);
     ClearLists();
     commands.Remove();
 }
@@ -166,7 +153,7 @@ void Add(const Mover& mover) {
     if (!std::isfinite(added.speed)) {
         added.speed = 0.0f;
     }
-    BindCarriage(added.id).movers.push_back(&added);
+    BindCarriage(added.id).movers.push_back(static_cast<std::uint32_t>(movers.size() - 1));
 }
 
 void Reset() {
@@ -178,35 +165,41 @@ void Reset() {
     }
 }
 
-void CollectVisible(const View& view) {
+void CollectVisible(const ActorsParts& parts, const View& view) {
     const ViewSquare square = view.Colliding();
-    nearEdges.clear();
+    std::vector<BspSegment>& moving = parts.space.moving;
+    moving.clear();
     for (const MoverCollider& collider : colliders) {
-        const Vector2 offset = collider.polygon->offset;
-        if (!collider.polygon->solid ||
+        const PolygonState& polygon = parts.level.polygons[collider.polygon->number];
+        const Vector2 offset = polygon.offset;
+        if (!polygon.solid ||
             !square.Overlaps(collider.minX + offset.x, collider.maxX + offset.x,
                              collider.minY + offset.y, collider.maxY + offset.y)) {
             continue;
         }
         for (const BspSegment& edge : collider.edges) {
-            BspSegment& placed = nearEdges.emplace_back(edge);
+            BspSegment& placed = moving.emplace_back(edge);
             placed.start += offset;
             placed.end += offset;
         }
     }
-    nearEdgePointers.clear();
-    for (BspSegment& edge : nearEdges) {
-        nearEdgePointers.push_back(&edge);
+}
+
+void Step(const ActorsParts& parts, const View& view, float dt) {
+    VANTREL_ASSERT(dt >= 0.0f);
+    for (Mover& mover : parts.actors.movers) {
+        mover.Advance(dt);
     }
+    MoveCarried(parts.actors, parts.level);
+    MoverPush::PushWater(parts, view.Pushing(), dt);
+}
+
+void CollectVisible(const View& view) {
+    CollectVisible(Actors::Parts(), view);
 }
 
 void Step(const View& view, float dt) {
-    VANTREL_ASSERT(dt >= 0.0f);
-    for (Mover& mover : movers) {
-        mover.Advance(dt);
-    }
-    MoveCarried();
-    MoverPush::PushWater(colliders, view.Pushing(), dt);
+    Step(Actors::Parts(), view, dt);
 }
 
 }  // namespace MoverManager

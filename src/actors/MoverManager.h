@@ -10,12 +10,14 @@
 #include <deque>
 #include <vector>
 
-#include "actors/Mover.h"
+#include "actors/ActorsStep.h"
 #include "level/BspSegment.h"
+#include "level/LevelPolygon.h"
 #include "level/View.h"
 
+/// A solid carried polygon. Nothing of it changes once it is added.
 struct MoverCollider {
-    LevelPolygon* polygon = nullptr;
+    const LevelPolygon* polygon = nullptr;
     std::vector<BspSegment> edges;  ///< of the outline at offset zero
     float minX = 0.0f;              ///< box of the outline at offset zero
     float maxX = 0.0f;
@@ -25,12 +27,21 @@ struct MoverCollider {
 
 namespace MoverManager {
 
-/// In the order of adding; pointers to entries stay valid until Shutdown.
-extern std::deque<Mover> movers;
+// Of any world.
+
+/// First thing of a simulation step: fills the collision space from where the polygons stand.
+void CollectVisible(const ActorsParts& parts, const View& view);
+/// Advances the movers, moves what they carry, and pushes the water; `dt` in seconds.
+void Step(const ActorsParts& parts, const View& view, float dt);
+
 /// One for each solid carried polygon.
 extern std::deque<MoverCollider> colliders;
+
+// The world in play.
+
+inline std::vector<Mover>& movers = Actors::current.movers;
 /// Edges of solid colliders near the camera, in world position, as of CollectVisible.
-extern std::vector<BspSegment> nearEdges;
+inline std::vector<BspSegment>& nearEdges = Collision::current.moving;
 extern bool moverDraw;
 extern bool dynamicNodeDraw;
 
@@ -41,9 +52,7 @@ void Shutdown();
 void Add(const Mover& mover);
 /// Level restart: all movers stopped at their start, debug views off.
 void Reset();
-/// First thing of a simulation step: refills `nearEdges` from where the polygons stand.
 void CollectVisible(const View& view);
-/// Advances the movers, moves what they carry, and pushes the water; `dt` in seconds.
 void Step(const View& view, float dt);
 /// Debug views (MoverManagerDraw.cpp).
 void Draw(const View& view);

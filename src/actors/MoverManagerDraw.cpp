@@ -5,7 +5,7 @@
 #include "actors/DebugLabels.h"
 #include "actors/MoverManager.h"
 #include "graphics/GLWindowDraw.h"
-#include "level/LevelPolygon.h"
+#include "level/LevelData.h"
 
 namespace MoverManager {
 
@@ -28,8 +28,9 @@ void DrawMovers(const View& view) {
 }
 
 void DrawCollider(const MoverCollider& collider) {
-    const Colour colour = collider.polygon->solid ? Colours::green : Colours::red;
-    const Vector2 offset = collider.polygon->offset;
+    const PolygonState& polygon = LevelData::StateOf(*collider.polygon);
+    const Colour colour = polygon.solid ? Colours::green : Colours::red;
+    const Vector2 offset = polygon.offset;
     for (const BspSegment& edge : collider.edges) {
         const Vector2 start = edge.start + offset;
         const Vector2 end = edge.end + offset;

@@ -1,5 +1,5 @@
 // Moving polygons against water; see MoverPush.h. Particles and groups are handled through
-// lists of pointers that keep their storage from step to step.
+// lists of pointers, which are good for one step. The order of the load makes no difference.
 
 #include "actors/MoverPush.h"
 
@@ -9,10 +9,7 @@
 #include <vector>
 
 #include "actors/MoverManager.h"
-#include "level/Collision.h"
 #include "level/LevelPolygon.h"
-#include "water/GroupedParticleMover.h"
-#include "water/ParticleManager.h"
 
 namespace MoverPush {
 
@@ -21,13 +18,6 @@ namespace {
 constexpr float catchMargin = 0.25f;  // world units round what an edge catches
 constexpr float chainDistance = 6.0f;
 constexpr float shortestStep = 0.0000001f;  // seconds
-
-// The water that no collider has caught yet in this step, in list order, and the load of the
-// collider at work. What the load's order is makes no difference.
-std::vector<Particle*> freeParticles;
-std::vector<ParticleGroup*> freeGroups;
-std::vector<Particle*> carriedParticles;
-std::vector<ParticleGroup*> carriedGroups;
 
 struct Box {
     float minX, maxX, minY, maxY;
@@ -91,7 +81,7 @@ bool TouchesEdge(const MoverCollider& collider, Vector2 at, Vector2 position, fl
     });
 }
 
-void Catch(const MoverCollider& collider, Vector2 at) {
+void Catch(const MoverCollider& collider, Vector2 at, ActorsWorkspace& work) {
     const Box box = BoxAt(collider, at);
     const float rounding = box.Rounding() + 2.0e-6f * (std::fabs(at.x) + std::fabs(at.y));
     const auto isCaught = [&](const auto& body) {
@@ -99,12 +89,13 @@ void Catch(const MoverCollider& collider, Vector2 at) {
         return box.Contains(body.position, BoxReach(reach, rounding)) &&
                TouchesEdge(collider, at, body.position, reach);
     };
-    Extract(freeParticles, carriedParticles, isCaught);
-    Extract(freeGroups, carriedGroups, isCaught);
+    Extract(work.freeParticles, work.carriedParticles, isCaught);
+    Extract(work.freeGroups, work.carriedGroups, isCaught);
 }
 
 /// Whether anything free lies where the collider passes on its way.
-bool MeetsWater(const MoverCollider& collider, Vector2 from, Vector2 to) {
+bool MeetsWater(const MoverCollider& collider, Vector2 from, Vector2 to,
+                const ActorsWorkspace& work) {
     Box box = BoxAt(collider, from);
     box.Include({collider.minX + to.x, collider.minY + to.y});
     box.Include({collider.maxX + to.x, collider.maxY + to.y});
@@ -116,11 +107,12 @@ bool MeetsWater(const MoverCollider& collider, Vector2 from, Vector2 to) {
     const auto meets = [&](const auto* body) {
         return box.Contains(body->position, BoxReach(Reach(*body), rounding));
     };
-    return std::ranges::any_of(freeParticles, meets) || std::ranges::any_of(freeGroups, meets);
+    return std::ranges::any_of(work.freeParticles, meets) ||
+           std::ranges::any_of(work.freeGroups, meets);
 }
 
 /// Where a collider's box must be to catch any of the water that is free now.
-Box CatchReach() {
+Box CatchReach(const ActorsWorkspace& work) {
     constexpr float none = std::numeric_limits<float>::infinity();
     Box box{none, -none, none, -none};
     const auto include = [&box](const auto* body) {
@@ -128,8 +120,8 @@ Box CatchReach() {
         box.Include(body->position - Vector2{reach, reach});
         box.Include(body->position + Vector2{reach, reach});
     };
-    std::ranges::for_each(freeParticles, include);
-    std::ranges::for_each(freeGroups, include);
+    std::ranges::for_each(work.freeParticles, include);
+    std::ranges::for_each(work.freeGroups, include);
     return box;
 }
 
@@ -142,11 +134,11 @@ bool MayCatch(const MoverCollider& collider, Vector2 at, const Box& reach) {
            box.minY <= reach.maxY + slack && reach.minY <= box.maxY + slack;
 }
 
-void MoveLoad(Vector2 delta) {
-    for (Particle* const particle : carriedParticles) {
+void MoveLoad(Vector2 delta, const ActorsWorkspace& work) {
+    for (Particle* const particle : work.carriedParticles) {
         particle->position += delta;
     }
-    for (ParticleGroup* const group : carriedGroups) {
+    for (ParticleGroup* const group : work.carriedGroups) {
         group->position += delta;
         for (Particle& particle : group->particles) {
             particle.position += delta;
@@ -170,31 +162,32 @@ bool IsInside(const LevelPolygon& polygon, Vector2 q) {
     return false;
 }
 
-void Crush(const LevelPolygon& polygon) {
-    for (Particle* const particle : carriedParticles) {
-        if (!particle->dying && IsInside(polygon, particle->position - polygon.offset)) {
-            ParticleManager::KillParticle(*particle);
+void Crush(const LevelPolygon& polygon, Vector2 offset, const ActorsParts& parts) {
+    for (Particle* const particle : parts.actorsWork.carriedParticles) {
+        if (!particle->dying && IsInside(polygon, particle->position - offset)) {
+            parts.water.Kill(*particle);
         }
     }
 }
 
 /// Takes along the free particles near the load, so that water in front of a platform moves as
 /// a body. One pass: what it takes attracts what comes later in the list.
-void Chain() {
-    if (carriedParticles.empty()) {
+void Chain(ActorsWorkspace& work) {
+    std::vector<Particle*>& load = work.carriedParticles;
+    if (load.empty()) {
         return;
     }
-    const Vector2 first = carriedParticles.front()->position;
+    const Vector2 first = load.front()->position;
     Box box{first.x, first.x, first.y, first.y};
-    for (const Particle* const particle : carriedParticles) {
+    for (const Particle* const particle : load) {
         box.Include(particle->position);
     }
     const float reach = chainDistance * 1.1f + box.Rounding();
-    Extract(freeParticles, carriedParticles, [&](const Particle& particle) {
+    Extract(work.freeParticles, load, [&](const Particle& particle) {
         if (!box.Contains(particle.position, reach)) {
             return false;
         }
-        const bool near = std::ranges::any_of(carriedParticles, [&](const Particle* carried) {
+        const bool near = std::ranges::any_of(load, [&](const Particle* carried) {
             return DistanceSquared(particle.position, carried->position) <=
                    chainDistance * chainDistance;
         });
@@ -205,70 +198,72 @@ void Chain() {
     });
 }
 
-void Push(const MoverCollider& collider, float dt) {
-    const LevelPolygon& polygon = *collider.polygon;
+void Push(const MoverCollider& collider, const PolygonState& polygon, const ActorsParts& parts,
+          float dt) {
+    ActorsWorkspace& work = parts.actorsWork;
     const Vector2 move = polygon.offset - polygon.previousOffset;
     float left = Length(move);
     if (!(left > 0.0f && left <= longestPart * static_cast<float>(mostParts)) ||
-        !MeetsWater(collider, polygon.previousOffset, polygon.offset)) {
+        !MeetsWater(collider, polygon.previousOffset, polygon.offset, work)) {
         return;
     }
     const Vector2 velocity = move / std::max(dt, shortestStep);
     const Vector2 unit = move / left;
     Vector2 at = polygon.previousOffset;
-    carriedParticles.clear();
-    carriedGroups.clear();
-    Catch(collider, at);
-    const Box reach = CatchReach();
+    work.carriedParticles.clear();
+    work.carriedGroups.clear();
+    Catch(collider, at, work);
+    const Box reach = CatchReach(work);
     while (left > 0.0f) {
         const float part = std::min(left, longestPart);
         const Vector2 delta = unit * part;
         at += delta;
-        if (carriedParticles.empty() && carriedGroups.empty() && !MayCatch(collider, at, reach)) {
+        if (work.carriedParticles.empty() && work.carriedGroups.empty() &&
+            !MayCatch(collider, at, reach)) {
             left -= part;  // the way to the water may be long
             continue;
         }
-        MoveLoad(delta);
-        Catch(collider, at);
+        MoveLoad(delta, work);
+        Catch(collider, at, work);
         left -= part;
-        for (Particle* const particle : carriedParticles) {
-            Collision::CollideCircleStatic(particle->position, Particle::radius);
+        for (Particle* const particle : work.carriedParticles) {
+            parts.space.CollideCircleStatic(parts.level, particle->position, Particle::radius);
         }
-        Crush(polygon);
-        Chain();
-        for (Particle* const particle : carriedParticles) {
+        Crush(*collider.polygon, polygon.offset, parts);
+        Chain(work);
+        for (Particle* const particle : work.carriedParticles) {
             particle->pushVelocity += velocity;
         }
     }
 }
 
-void CollectWater() {
-    freeParticles.clear();
-    for (Particle& particle : ParticleManager::particles) {
-        freeParticles.push_back(&particle);
+void CollectWater(WaterState& water, ActorsWorkspace& work) {
+    work.freeParticles.clear();
+    for (Particle& particle : water.particles) {
+        work.freeParticles.push_back(&particle);
     }
-    freeGroups.clear();
-    for (ParticleGroup& group : GroupedParticleMover::groups) {
-        freeGroups.push_back(&group);
+    work.freeGroups.clear();
+    for (ParticleGroup& group : water.groups) {
+        work.freeGroups.push_back(&group);
     }
 }
 
 }  // namespace
 
-void PushWater(std::deque<MoverCollider>& colliders, const ViewSquare& square, float dt) {
+void PushWater(const ActorsParts& parts, const ViewSquare& square, float dt) {
     bool collected = false;
-    for (const MoverCollider& collider : colliders) {
-        LevelPolygon& polygon = *collider.polygon;
+    for (const MoverCollider& collider : MoverManager::colliders) {
+        PolygonState& polygon = parts.level.polygons[collider.polygon->number];
         if (polygon.offset == polygon.previousOffset) {
             continue;
         }
         const Box box = BoxAt(collider, polygon.offset);
         if (polygon.solid && square.Overlaps(box.minX, box.maxX, box.minY, box.maxY)) {
             if (!collected) {
-                CollectWater();
+                CollectWater(parts.water, parts.actorsWork);
                 collected = true;
             }
-            Push(collider, dt);
+            Push(collider, polygon, parts, dt);
         }
         polygon.previousOffset = polygon.offset;
     }

@@ -3,11 +3,7 @@
 // that it can't jump over one, and takes along what its edges catch, with the water that
 // touches what it caught. Carried water that ends up inside the polygon is killed.
 
-#include <deque>
-
-#include "level/View.h"
-
-struct MoverCollider;
+#include "actors/ActorsStep.h"
 
 namespace MoverPush {
 
@@ -18,6 +14,6 @@ constexpr int mostParts = 1 << 20;
 
 /// Pushes the water with every solid collider in the square that moved since the last call,
 /// then notes where all colliders are. `dt` in seconds.
-void PushWater(std::deque<MoverCollider>& colliders, const ViewSquare& square, float dt);
+void PushWater(const ActorsParts& parts, const ViewSquare& square, float dt);
 
 }  // namespace MoverPush

@@ -177,6 +177,12 @@ void Stop(std::uint32_t id) {
     }
 }
 
+void Follow(std::span<const SoundCue> cues) {
+    for (const SoundCue& cue : cues) {
+        cue.plays ? Play(cue.id) : Stop(cue.id);
+    }
+}
+
 void StopAll() {
     for (SourceMap* const sources : {&loopingSources, &oneShotSources}) {
         ForEach(*sources, [](SoundSource& source) { source.sound.Stop(); });

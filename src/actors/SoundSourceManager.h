@@ -8,8 +8,10 @@
 #include <cstdint>
 #include <list>
 #include <map>
+#include <span>
 #include <vector>
 
+#include "actors/TriggerEvents.h"
 #include "audio/Sound.h"
 #include "engine/Vector2.h"
 #include "level/View.h"
@@ -44,6 +46,8 @@ void StartLooping(std::vector<std::uint32_t> waitingIds);
 void Step(Vector2 listener, bool mayBeHeard);
 void Play(std::uint32_t id);
 void Stop(std::uint32_t id);
+/// Plays and stops what triggers say, in order.
+void Follow(std::span<const SoundCue> cues);
 /// Silences all sources; looping ones come back in the next step that lets them.
 void StopAll();
 /// Debug view (SoundSourceManagerDraw.cpp).

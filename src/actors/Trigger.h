@@ -1,6 +1,7 @@
 #pragma once
 // A four-cornered area that reacts to the water inside it, as two triangles with what the
-// point test needs worked out beforehand.
+// point test needs worked out beforehand. Nothing of it changes once it is added; what does is its
+// TriggerState.
 
 #include <array>
 #include <cstdint>
@@ -10,11 +11,6 @@
 #include "level/TriggerTypes.h"
 #include "platform/Assert.h"
 
-class LevelPolygon;
-struct Emitter;
-struct Force;
-struct LevelObject;
-struct Mover;
 struct TriggerFiring;
 
 /// What a trigger type does; see TriggerEffects.h.
@@ -46,7 +42,8 @@ struct Trigger {
     Vector2 Centre() const;
     /// The type's kind; of no enumerator if the number is unknown.
     TriggerKind Kind() const { return static_cast<TriggerKind>(type); }
-    bool IsSpent() const {
+    /// Whether it has fired as often as it may until the next reset.
+    bool IsSpent(std::uint32_t fireCount) const {
         VANTREL_ASSERT(typeInfo != nullptr);
         return typeInfo->fireLimit != 0 && fireCount >= typeInfo->fireLimit;
     }
@@ -64,15 +61,14 @@ struct Trigger {
     std::uint32_t targetId = 0;             ///< 0 binds nothing
     const TriggerType* typeInfo = nullptr;  ///< never null once added; that of Null if unknown
     TriggerEffect effect = nullptr;         ///< never null once added
-    float cooldown = 0.0f;                  ///< seconds until it may be tested again
     float delay = 0.0f;                     ///< seconds from firing to effect
-    std::uint32_t fireCount = 0;            ///< since the last reset
+    std::uint32_t number = 0;               ///< place among the level's triggers
 
-    // What the effects act on, bound when the trigger was added.
-    BoundTargets<LevelObject> objects;
-    BoundTargets<LevelObject> animatedObjects;
-    BoundTargets<Force> forces;
-    BoundTargets<LevelPolygon> polygons;
-    BoundTargets<Mover> movers;
-    BoundTargets<Emitter> emitters;
+    // Places of what the effects act on, bound when the trigger was added.
+    BoundTargets objects;
+    BoundTargets animatedObjects;
+    BoundTargets forces;
+    BoundTargets polygons;
+    BoundTargets movers;
+    BoundTargets emitters;
 };

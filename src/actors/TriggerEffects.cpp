@@ -5,15 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "actors/Camera.h"
-#include "actors/ForceManager.h"
-#include "actors/LevelObjectsManager.h"
-#include "actors/Mover.h"
-#include "actors/SoundSourceManager.h"
-#include "engine/Random.h"
 #include "level/LevelData.h"
-#include "water/FxParticleManager.h"
-#include "water/GroupedParticleMover.h"
 #include "water/ParticleManager.h"
 
 namespace TriggerEffects {
@@ -25,24 +17,24 @@ void DoNothing(const TriggerFiring& /*firing*/) {}
 // Objects
 
 template <class Change>
-void ForEachObject(const Trigger& trigger, Change change) {
-    for (LevelObject* const object : trigger.objects) {
-        change(*object);
+void ForEachObject(const TriggerFiring& firing, Change change) {
+    for (const std::uint32_t place : firing.trigger.objects) {
+        change(firing.world.actors.objects[place]);
     }
-    for (LevelObject* const object : trigger.animatedObjects) {
-        change(*object);
+    for (const std::uint32_t place : firing.trigger.animatedObjects) {
+        change(firing.world.actors.animatedObjects[place]);
     }
 }
 
 void PlayLooped(const TriggerFiring& firing) {
-    ForEachObject(firing.trigger, [](LevelObject& target) {
+    ForEachObject(firing, [](LevelObject& target) {
         target.playLimit = 0;
         target.stopped = 0;
     });
 }
 
 void PlayOnce(const TriggerFiring& firing) {
-    ForEachObject(firing.trigger, [](LevelObject& target) {
+    ForEachObject(firing, [](LevelObject& target) {
         target.Rewind();
         target.playLimit = 1;
         target.stopped = 0;
@@ -50,17 +42,14 @@ void PlayOnce(const TriggerFiring& firing) {
 }
 
 void StopAnimation(const TriggerFiring& firing) {
-    ForEachObject(firing.trigger, [](LevelObject& target) { target.stopped = 1; });
+    ForEachObject(firing, [](LevelObject& target) { target.stopped = 1; });
 }
 
-// Sound sources are looked up by the target id at the time of firing.
+// Sound sources are looked up by the target id when they play.
 
-void PlaySound(const TriggerFiring& firing) {
-    SoundSourceManager::Play(firing.trigger.targetId);
-}
-
-void StopSound(const TriggerFiring& firing) {
-    SoundSourceManager::Stop(firing.trigger.targetId);
+template <bool plays>
+void CueSound(const TriggerFiring& firing) {
+    firing.events.sounds.push_back({firing.trigger.targetId, plays});
 }
 
 // Temperature
@@ -88,10 +77,11 @@ void ApplyForces(const TriggerFiring& firing, Apply apply) {
     if (!firing.water) {
         return;
     }
-    for (const Force* const force : firing.trigger.forces) {
-        if (force->enabled) {
+    for (const std::uint32_t place : firing.trigger.forces) {
+        const Force& force = firing.world.actors.forces[place];
+        if (force.enabled) {
             Vector2& current = firing.water.Velocity();
-            const Vector2 velocity = apply(*force, current);
+            const Vector2 velocity = apply(force, current);
             if (std::fabs(velocity.x) <= mostSpeed && std::fabs(velocity.y) <= mostSpeed) {
                 current = velocity;
             }
@@ -140,13 +130,14 @@ void ForcePush(const TriggerFiring& firing) {
 template <bool enabled>
 void SetEnabled(const TriggerFiring& firing) {
     constexpr std::uint8_t flag = enabled ? 1 : 0;
-    ForEachObject(firing.trigger, [](LevelObject& object) { object.enabled = flag; });
-    for (Force* const force : firing.trigger.forces) {
-        force->enabled = flag;
+    ForEachObject(firing, [](LevelObject& object) { object.enabled = flag; });
+    for (const std::uint32_t place : firing.trigger.forces) {
+        firing.world.actors.forces[place].enabled = flag;
     }
-    for (LevelPolygon* const polygon : firing.trigger.polygons) {
-        LevelData::SetPolygonSolid(*polygon, enabled);
-        polygon->enabled = flag;
+    LevelState& level = firing.world.level;
+    for (const std::uint32_t place : firing.trigger.polygons) {
+        LevelData::SetPolygonSolid(level, LevelData::polygons[place], enabled);
+        level.polygons[place].enabled = flag;
     }
 }
 
@@ -154,45 +145,46 @@ void SetEnabled(const TriggerFiring& firing) {
 
 template <Mover::State state>
 void SetMoverState(const TriggerFiring& firing) {
-    for (Mover* const mover : firing.trigger.movers) {
-        mover->state = state;
+    for (const std::uint32_t place : firing.trigger.movers) {
+        firing.world.actors.movers[place].state = state;
     }
 }
 
 void BurstEmitter(const TriggerFiring& firing) {
-    for (Emitter* const emitter : firing.trigger.emitters) {
-        emitter->Burst();
+    EffectsState& effects = firing.world.effects;
+    for (const std::uint32_t place : firing.trigger.emitters) {
+        effects.emitters[place].Burst(effects, firing.world.random);
     }
 }
 
 template <bool running>
 void SetEmitterRunning(const TriggerFiring& firing) {
-    for (Emitter* const emitter : firing.trigger.emitters) {
-        emitter->running = running ? 1 : 0;
+    for (const std::uint32_t place : firing.trigger.emitters) {
+        firing.world.effects.emitters[place].running = running ? 1 : 0;
     }
 }
 
 // Camera, water and the course of the level
 
-void ZoomCamera(const TriggerFiring& /*firing*/) {
-    Camera::Zoom();
+void ZoomCamera(const TriggerFiring& firing) {
+    Camera::Zoom(firing.world.camera);
 }
 
-void ShakeCamera(const TriggerFiring& /*firing*/) {
-    Camera::Shake();
+void ShakeCamera(const TriggerFiring& firing) {
+    Camera::Shake(firing.world.camera, firing.world.random);
 }
 
 void Kill(const TriggerFiring& firing) {
     if (firing.water.particle) {
-        ParticleManager::KillParticle(*firing.water.particle);
+        firing.world.water.Kill(*firing.water.particle);
     } else if (firing.water.group) {
-        GroupedParticleMover::KillGroup(*firing.water.group);
+        firing.world.water.Kill(*firing.water.group);
     }
 }
 
 void KillAtRandom(const TriggerFiring& firing) {
     constexpr float killsPerSecond = 0.5f;
-    if (Random::Unit() <= killsPerSecond * firing.dt) {
+    if (firing.world.random.Unit() <= killsPerSecond * firing.dt) {
         Kill(firing);
     }
 }
@@ -219,8 +211,8 @@ constexpr Row table[] = {
     {TriggerKind::AnimPlayLoop, PlayLooped},
     {TriggerKind::AnimPlayOnce, PlayOnce},
     {TriggerKind::AnimStop, StopAnimation},
-    {TriggerKind::SoundPlay, PlaySound},
-    {TriggerKind::SoundStop, StopSound},
+    {TriggerKind::SoundPlay, CueSound<true>},
+    {TriggerKind::SoundStop, CueSound<false>},
     {TriggerKind::ForceDirectional, ForceDirectional},
     {TriggerKind::ForceInstantaneous, ForceInstantaneous},
     {TriggerKind::ForcePull, ForcePull},

@@ -1,15 +1,16 @@
 #pragma once
 // What triggers do: one function a type of level/TriggerTypes.h.
 
+#include "actors/ActorsStep.h"
 #include "actors/Trigger.h"
-#include "actors/TriggerEvents.h"
 #include "water/WaterHit.h"
 
 /// One firing of a trigger.
 struct TriggerFiring {
-    Trigger& trigger;
-    WaterHit water;   ///< what fired it; nothing if the effect was delayed
-    float dt = 0.0f;  ///< seconds, of the step of firing
+    const Trigger& trigger;
+    WaterHit water;  ///< what fired it; nothing if the effect was delayed
+    float dt;        ///< seconds, of the step of firing
+    const ActorsParts& world;
     TriggerEvents& events;
 };
 

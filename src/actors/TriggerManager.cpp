@@ -8,17 +8,13 @@
 #include <string>
 #include <vector>
 
-#include "actors/ForceManager.h"
-#include "actors/LevelObjectsManager.h"
-#include "actors/MoverManager.h"
+#include "actors/SoundSourceManager.h"
 #include "actors/TriggerEffects.h"
 #include "engine/Console.h"
 #include "engine/ConsoleCommands.h"
 #include "level/LevelData.h"
+#include "level/Limits.h"
 #include "platform/Assert.h"
-#include "water/FxParticleManager.h"
-#include "water/GroupedParticleMover.h"
-#include "water/ParticleManager.h"
 
 namespace TriggerManager {
 
@@ -27,105 +23,143 @@ bool triggerDraw = false;
 
 namespace {
 
-IdIndex<LevelObject> objectIndex;
-IdIndex<LevelObject> animatedObjectIndex;
-IdIndex<Force> forceIndex;
-IdIndex<LevelPolygon> polygonIndex;
-IdIndex<Mover> moverIndex;
-IdIndex<Emitter> emitterIndex;
+IdIndex objectIndex;
+IdIndex animatedObjectIndex;
+IdIndex forceIndex;
+IdIndex polygonIndex;
+IdIndex moverIndex;
+IdIndex emitterIndex;
 
-DelayedEffects delayedEffects;
-std::vector<DelayedEffects::Firing> fired;  // those of this step
-std::uint32_t delayedFirings = 0;           // in this step so far
-TriggerEvents events;                       // of the last step
-
-/// A trigger that is tested in this step, with the box outside of which it contains nothing.
-struct Candidate {
-    float minX, maxX, minY, maxY;
-    Trigger* trigger;
-    // Its delayed firings in this step: how many, and when the first and the last came.
-    std::uint32_t firings = 0;
-    std::uint32_t first = 0;
-    std::uint32_t last = 0;
-};
-std::vector<Candidate> candidates;  // keeps its storage from step to step
+TriggerEvents lastEvents;
+bool hasComplained = false;  // of too many delayed effects
 
 void Bind(Trigger& trigger) {
     if (trigger.targetId == 0) {
         return;
     }
     const std::uint32_t id = trigger.targetId;
-    trigger.objects = objectIndex.Bind(LevelObjectsManager::objects, id);
-    trigger.animatedObjects = animatedObjectIndex.Bind(LevelObjectsManager::animatedObjects, id);
-    trigger.forces = forceIndex.Bind(ForceManager::forces, id);
+    trigger.objects = objectIndex.Bind(Actors::current.objects, id);
+    trigger.animatedObjects = animatedObjectIndex.Bind(Actors::current.animatedObjects, id);
+    trigger.forces = forceIndex.Bind(Actors::current.forces, id);
     trigger.polygons = polygonIndex.Bind(LevelData::polygons, id);
-    trigger.movers = moverIndex.Bind(MoverManager::movers, id);
+    trigger.movers = moverIndex.Bind(Actors::current.movers, id);
     trigger.emitters = emitterIndex.Bind(FxParticleManager::emitters, id);
 }
 
-void CollectCandidates(const ViewSquare& square, float dt) {
-    candidates.clear();
-    for (Trigger& trigger : triggers) {
-        if (trigger.IsSpent() ||
-            !square.Overlaps(trigger.minX, trigger.maxX, trigger.minY, trigger.maxY)) {
-            continue;
-        }
-        if (trigger.cooldown > 0.0f) {
-            trigger.cooldown -= dt;
-            continue;
-        }
-        const float reach = trigger.boxReach;
-        candidates.push_back({trigger.minX - reach, trigger.maxX + reach, trigger.minY - reach,
-                              trigger.maxY + reach, &trigger});
-    }
-}
+/// The triggers of one world in one step.
+class TriggerStep {
+public:
+    TriggerStep(const ActorsParts& parts, const ViewSquare& seen, float seconds,
+                TriggerEvents& into)
+        : world(parts),
+          work(parts.actorsWork),
+          states(parts.actors.triggers),
+          square(seen),
+          dt(seconds),
+          events(into) {}
 
-void Fire(Candidate& candidate, WaterHit water, float dt) {
-    Trigger& trigger = *candidate.trigger;
-    ++trigger.fireCount;
-    trigger.cooldown = trigger.typeInfo->repeatDelay;
-    if (!(trigger.delay > 0.0f)) {
-        trigger.effect({trigger, water, dt, events});
-        return;
+    void Run() {
+        HaveDelayedEffects();
+        CollectCandidates();
+        if (work.candidates.empty()) {
+            return;
+        }
+        for (Particle& particle : world.water.particles) {
+            Test({.particle = &particle});
+        }
+        for (ParticleGroup& group : world.water.groups) {
+            Test({.group = &group});
+        }
+        DelayFired();
     }
-    candidate.last = delayedFirings++;
-    if (candidate.firings++ == 0) {
-        candidate.first = candidate.last;
-    }
-}
 
-/// Hands the step's delayed firings over, in their order.
-void DelayFired(float dt) {
-    if (delayedFirings == 0) {
-        return;
-    }
-    fired.clear();
-    for (const Candidate& candidate : candidates) {
-        if (candidate.firings > 0) {
-            fired.push_back({candidate.trigger, candidate.first, 1});
-        }
-        if (candidate.firings > 1) {
-            fired.push_back({candidate.trigger, candidate.last, candidate.firings - 1});
+private:
+    void HaveDelayedEffects() {
+        world.actors.delayedEffects.Age(dt, work.due);
+        for (const DelayedEffects::Due& due : work.due) {
+            const Trigger& trigger = triggers[due.firing.trigger];
+            for (std::uint32_t i = 0; i < due.firing.times; ++i) {
+                trigger.effect({trigger, {}, due.dt, world, events});
+            }
         }
     }
-    std::ranges::sort(fired, {}, &DelayedEffects::Firing::order);
-    delayedEffects.Add(fired, dt);
-    delayedFirings = 0;
-}
 
-void Test(WaterHit water, float dt) {
-    const Vector2 position = water.Position();
-    for (Candidate& candidate : candidates) {
-        if (position.x < candidate.minX || position.x > candidate.maxX ||
-            position.y < candidate.minY || position.y > candidate.maxY) {
-            continue;
+    void CollectCandidates() {
+        work.candidates.clear();
+        for (const Trigger& trigger : triggers) {
+            TriggerState& state = states[trigger.number];
+            if (trigger.IsSpent(state.fireCount) ||
+                !square.Overlaps(trigger.minX, trigger.maxX, trigger.minY, trigger.maxY)) {
+                continue;
+            }
+            if (state.cooldown > 0.0f) {
+                state.cooldown -= dt;
+                continue;
+            }
+            const float reach = trigger.boxReach;
+            work.candidates.push_back({trigger.minX - reach, trigger.maxX + reach,
+                                       trigger.minY - reach, trigger.maxY + reach, &trigger});
         }
+    }
+
+    void Test(WaterHit water) {
+        const Vector2 position = water.Position();
+        for (TriggerCandidate& candidate : work.candidates) {
+            if (position.x < candidate.minX || position.x > candidate.maxX ||
+                position.y < candidate.minY || position.y > candidate.maxY) {
+                continue;
+            }
+            const Trigger& trigger = *candidate.trigger;
+            if (!trigger.IsSpent(states[trigger.number].fireCount) && trigger.Contains(position)) {
+                Fire(candidate, water);
+            }
+        }
+    }
+
+    void Fire(TriggerCandidate& candidate, WaterHit water) {
         const Trigger& trigger = *candidate.trigger;
-        if (!trigger.IsSpent() && trigger.Contains(position)) {
-            Fire(candidate, water, dt);
+        TriggerState& state = states[trigger.number];
+        ++state.fireCount;
+        state.cooldown = trigger.typeInfo->repeatDelay;
+        if (!(trigger.delay > 0.0f)) {
+            trigger.effect({trigger, water, dt, world, events});
+            return;
+        }
+        candidate.last = delayedFirings++;
+        if (candidate.firings++ == 0) {
+            candidate.first = candidate.last;
         }
     }
-}
+
+    /// Hands the step's delayed firings over, in their order.
+    void DelayFired() {
+        if (delayedFirings == 0) {
+            return;
+        }
+        work.fired.clear();
+        for (const TriggerCandidate& candidate : work.candidates) {
+            const std::uint32_t number = candidate.trigger->number;
+            if (candidate.firings > 0) {
+                work.fired.push_back({number, candidate.first, 1});
+            }
+            if (candidate.firings > 1) {
+                work.fired.push_back({number, candidate.last, candidate.firings - 1});
+            }
+        }
+        std::ranges::sort(work.fired, {}, &DelayedEffects::Firing::order);
+        for (const DelayedEffects::Firing& firing : work.fired) {
+            world.actors.delayedEffects.Add(firing, triggers[firing.trigger].delay, dt);
+        }
+    }
+
+    const ActorsParts& world;
+    ActorsWorkspace& work;
+    std::vector<TriggerState>& states;
+    const ViewSquare square;
+    const float dt;
+    TriggerEvents& events;
+    std::uint32_t delayedFirings = 0;  ///< so far
+};
 
 void PrintTypes() {
     Console::PrintBanner("Trigger types");
@@ -168,9 +202,10 @@ void Shutdown() {
     Console::Print("\nShutting down trigger manager..");
     commands.Remove();
     triggers.clear();
-    delayedEffects.Clear();
-    candidates.clear();
-    events.Clear();
+    Actors::current.triggers.clear();
+    Actors::current.delayedEffects = {};
+    hasComplained = false;
+    lastEvents.Clear();
     objectIndex.Clear();
     animatedObjectIndex.Clear();
     forceIndex.Clear();
@@ -181,7 +216,9 @@ void Shutdown() {
 
 void Add(int type, std::uint32_t targetId, float delay, Vector2 corner0, Vector2 corner1,
          Vector2 corner2, Vector2 corner3) {
+    Actors::current.triggers.emplace_back();
     Trigger& trigger = triggers.emplace_back();
+    trigger.number = static_cast<std::uint32_t>(triggers.size() - 1);
     trigger.SetCorners(corner0, corner1, corner2, corner3);
     trigger.targetId = targetId;
     trigger.type = type;
@@ -193,33 +230,36 @@ void Add(int type, std::uint32_t targetId, float delay, Vector2 corner0, Vector2
 }
 
 void Reset() {
-    delayedEffects.Clear();
-    for (Trigger& trigger : triggers) {
-        trigger.cooldown = 0.0f;
-        trigger.fireCount = 0;
-    }
+    Actors::current.delayedEffects.Clear();
+    hasComplained = false;
+    std::ranges::fill(Actors::current.triggers, TriggerState{});
+}
+
+TriggerState& StateOf(const Trigger& trigger) {
+    return Actors::current.triggers[trigger.number];
+}
+
+void Step(const ActorsParts& parts, const View& view, float dt, TriggerEvents& events) {
+    VANTREL_ASSERT(dt >= 0.0f);
+    TriggerStep(parts, view.Triggering(), dt, events).Run();
 }
 
 const TriggerEvents& Step(const View& view, float dt) {
-    VANTREL_ASSERT(dt >= 0.0f);
-    events.Clear();
-    delayedEffects.Run(dt, events);
-    CollectCandidates(view.Triggering(), dt);
-    if (candidates.empty()) {
-        return events;
-    }
-    for (Particle& particle : ParticleManager::particles) {
-        Test({.particle = &particle}, dt);
-    }
-    for (ParticleGroup& group : GroupedParticleMover::groups) {
-        Test({.group = &group}, dt);
-    }
-    DelayFired(dt);
-    return events;
+    lastEvents.Clear();
+    Step(Actors::Parts(), view, dt, lastEvents);
+    SoundSourceManager::Follow(lastEvents.sounds);
+    TellOfDropped();
+    return lastEvents;
 }
 
-const DelayedEffects& Delayed() {
-    return delayedEffects;
+void TellOfDropped() {
+    if (!Actors::current.delayedEffects.HasDropped() || hasComplained) {
+        return;
+    }
+    Console::Print("\nToo many delayed effects of triggers wait, more are dropped. The most is ");
+    Console::PrintUnsigned(static_cast<std::uint32_t>(Limits::waitingEffects));
+    Console::Print(".");
+    hasComplained = true;
 }
 
 }  // namespace TriggerManager

@@ -9,16 +9,22 @@
 
 #include <deque>
 
-#include "actors/DelayedEffects.h"
+#include "actors/ActorsStep.h"
 #include "actors/Trigger.h"
-#include "actors/TriggerEvents.h"
 #include "level/View.h"
 
 namespace TriggerManager {
 
+/// Of any world; adds to `events` what happened that others decide on.
+void Step(const ActorsParts& parts, const View& view, float dt, TriggerEvents& events);
+
 /// In the order of adding; pointers to entries stay valid until Shutdown.
 extern std::deque<Trigger> triggers;
+
+// The world in play.
+
 extern bool triggerDraw;
+TriggerState& StateOf(const Trigger& trigger);
 
 void Initialise();
 void Shutdown();
@@ -29,10 +35,10 @@ void Add(int type, std::uint32_t targetId, float delay, Vector2 corner0, Vector2
          Vector2 corner2, Vector2 corner3);
 /// Level restart: drops delayed effects and lets spent triggers fire again.
 void Reset();
-/// What happened that others decide on; valid until the next step.
+/// What happened that others decide on; valid until the next step. Placed sounds have followed it.
 const TriggerEvents& Step(const View& view, float dt);
-/// What waits for its time.
-const DelayedEffects& Delayed();
+/// Says on the console, once for each life of a level, that too many delayed effects wait.
+void TellOfDropped();
 /// Debug view (TriggerManagerDraw.cpp).
 void Draw(const View& view);
 

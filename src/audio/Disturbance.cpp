@@ -6,8 +6,6 @@
 #include <cmath>
 #include <string>
 
-#include "engine/Random.h"
-
 namespace {
 
 bool IsPlaying(const std::unique_ptr<Sound>& sound) {
@@ -38,22 +36,29 @@ void Disturbance::CreateSounds(const ConfigFile& file, std::string_view prefix) 
     }
 }
 
-void Disturbance::Step(float drop, float ratio) {
-    const std::size_t variation = Random::Next() & 3u;
-    float volume = ratio - Random::Unit() * volumeRandomness;
+ImpactChance ImpactChance::Draw(RandomNumbers& random) {
+    ImpactChance chance;
+    chance.variation = random.Next() & (Disturbance::variations - 1);
+    chance.volume = random.Unit();
+    chance.pitch = random.Unit();
+    return chance;
+}
+
+void Disturbance::Step(float drop, float ratio, const ImpactChance& chance) {
+    float volume = ratio - chance.volume * volumeRandomness;
     if (volume > 0.0f) {
         volume = std::sqrt(volume);
     }
-    const float pitch = (Random::Unit() - 0.5f) * pitchRandomness;
+    const float pitch = (chance.pitch - 0.5f) * pitchRandomness;
     if (!(drop >= speed[0])) {
         return;
     }
     const std::size_t level = drop < speed[1] ? 0 : drop < speed[2] ? 1 : 2;
     auto& chosen = sounds[level];
-    if (!chosen[variation] || std::ranges::any_of(chosen, IsPlaying)) {
+    if (!chosen[chance.variation] || std::ranges::any_of(chosen, IsPlaying)) {
         return;
     }
-    Sound& sound = *chosen[variation];
+    Sound& sound = *chosen[chance.variation];
     sound.SetVolume(volume);
     sound.SetPitch(pitch);
     sound.Rewind();

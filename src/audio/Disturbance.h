@@ -8,6 +8,17 @@
 
 #include "audio/Sound.h"
 #include "engine/ConfigFile.h"
+#include "engine/Random.h"
+
+/// What chance has to say about one step's impact. It is drawn in each step, whether or not a sound
+/// follows, since all of a world draws from one source.
+struct ImpactChance {
+    std::size_t variation = 0;
+    float volume = 0.0f;  ///< 0..1
+    float pitch = 0.0f;   ///< 0..1
+
+    static ImpactChance Draw(RandomNumbers& random);
+};
 
 class Disturbance {
 public:
@@ -26,9 +37,8 @@ public:
     void DestroySounds() { sounds = {}; }
 
     /// Once per step: `drop` is how much slower the body is now than before, units per second;
-    /// `ratio` its size against a full body of water. Draws three random numbers each time,
-    /// whether or not a sound follows.
-    void Step(float drop, float ratio);
+    /// `ratio` its size against a full body of water.
+    void Step(float drop, float ratio, const ImpactChance& chance);
 
 private:
     std::array<std::array<std::unique_ptr<Sound>, variations>, levels> sounds;

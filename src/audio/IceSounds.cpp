@@ -85,12 +85,12 @@ void Shutdown() {
     disturbance.DestroySounds();
 }
 
-void Step(float dt, bool loopsRest) {
+void Step(float dt, bool loopsRest, const ImpactChance& chance) {
     const MovingBody ice = Ice();
     const float drop = lastSpeed - ice.meanSpeed;
     lastSpeed = ice.meanSpeed;
     StepFreeze(ice.count, dt);
-    disturbance.Step(drop, ice.ratio);
+    disturbance.Step(drop, ice.ratio, chance);
     frictionVolume = Approached(frictionVolume, FrictionTarget(), frictionChangeRate, dt);
     if (loopsRest) {
         Rest();
@@ -98,6 +98,10 @@ void Step(float dt, bool loopsRest) {
         freeze.Drive(freezeVolume);
         friction.Drive(frictionVolume);
     }
+}
+
+void Step(float dt, bool loopsRest) {
+    Step(dt, loopsRest, ImpactChance::Draw(Random::current));
 }
 
 void Rest() {

@@ -39,7 +39,7 @@ void Shutdown() {
     disturbance.DestroySounds();
 }
 
-void Step(float /*dt*/, bool loopsRest) {
+void Step(float /*dt*/, bool loopsRest, const ImpactChance& chance) {
     const MovingBody water = LiquidWater();
     const float drop = lastSpeed - water.meanSpeed;
     lastSpeed = water.meanSpeed;
@@ -48,7 +48,11 @@ void Step(float /*dt*/, bool loopsRest) {
     } else {
         ambient.Drive(std::sqrt(water.ratio) * ambientVolume);
     }
-    disturbance.Step(drop, water.ratio);
+    disturbance.Step(drop, water.ratio, chance);
+}
+
+void Step(float dt, bool loopsRest) {
+    Step(dt, loopsRest, ImpactChance::Draw(Random::current));
 }
 
 void Rest() {

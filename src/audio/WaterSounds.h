@@ -2,6 +2,8 @@
 // What liquid water sounds like: a murmur that follows its amount, and splashes when it
 // suddenly slows. Works from the count and mean speed of all water; nothing is placed.
 
+#include "audio/Disturbance.h"
+
 namespace WaterSounds {
 
 /// At a level's start and restart: reads cfg\game_sfx.cfg and forgets the running values.
@@ -11,6 +13,8 @@ void Initialise();
 void Shutdown();
 /// Once per module step, with the uncapped `dt`; `loopsRest`: what sounds without an event is
 /// silent, since a menu shows or the game is paused. Allocates nothing.
+void Step(float dt, bool loopsRest, const ImpactChance& chance);
+/// The same with a chance that it draws itself.
 void Step(float dt, bool loopsRest);
 /// Silences the loops; the next step brings them back.
 void Rest();

@@ -6,8 +6,6 @@
 
 #include <bit>
 
-namespace Random {
-
 namespace {
 
 constexpr double factor = 32452843.11;
@@ -17,9 +15,9 @@ constexpr std::uint32_t unitMask = 0xFFFFFF;  // as many bits as a float holds e
 
 }  // namespace
 
-std::uint32_t state = 0;
+RandomNumbers Random::current;
 
-std::uint32_t Next() {
+std::uint32_t RandomNumbers::Next() {
     // At most 2^32 times the factor: about 1.4e17, well within 64 bits.
     const double a = state * factor + offset;
     state = static_cast<std::uint32_t>(static_cast<std::int64_t>(a));
@@ -28,8 +26,6 @@ std::uint32_t Next() {
     return state;
 }
 
-float Unit() {
+float RandomNumbers::Unit() {
     return static_cast<float>((Next() & unitMask) / 16777215.0);
 }
-
-}  // namespace Random

@@ -5,9 +5,6 @@
 #include <cmath>
 
 #include "actors/Camera.h"
-#include "actors/LevelObjectsManager.h"
-#include "actors/MoverManager.h"
-#include "actors/TriggerManager.h"
 #include "audio/IceSounds.h"
 #include "audio/MusicPlayer.h"
 #include "audio/SteamSounds.h"
@@ -17,12 +14,13 @@
 #include "engine/FullBody.h"
 #include "engine/Presentation.h"
 #include "game/GameMenuHost.h"
-#include "game/GameSounds.h"
 #include "game/GameState.h"
 #include "game/LevelLife.h"
 #include "game/LevelProgress.h"
+#include "game/ListenerInPlay.h"
 #include "game/Notice.h"
 #include "game/RunRecorder.h"
+#include "game/World.h"
 #include "graphics/GLWindow.h"
 #include "graphics/GLWindowCursor.h"
 #include "level/LevelData.h"
@@ -40,17 +38,9 @@ namespace {
 
 // Modules are stepped once at least this much time has gathered, with all of it.
 constexpr float shortestStep = 0.01f;
-// The simulation never sees a longer step: below 30 frames a second it slows down.
-constexpr float longestSimulationStep = 0.033333335f;
 constexpr unsigned framesPerBatch = 16;
 
 constexpr float startRadius = 10.0f;
-
-bool IsPlaying(const RunStep& step) {
-    return !gameState.loadedMapName.empty() &&
-           (step.flags & (RunStep::Menu | RunStep::Paused)) == 0 && !Camera::IsOpeningFlight() &&
-           !LevelProgress::IsFinished();
-}
 
 void ResetRequests() {
     gameState.running = true;
@@ -161,44 +151,26 @@ void UpdateFrameTime() {
     }
 }
 
-void Simulate(float dt) {
-    const std::uint64_t begin = Platform::TheClock().Counter();
-    if (dt > longestSimulationStep) {
-        dt = longestSimulationStep;
-    }
-    const View view = Game::CurrentView();
-    MoverManager::CollectVisible(view);
-    MoverManager::Step(view, dt);
-    FxParticleManager::Step(view, dt);
-    ParticleManager::Step(view, dt);
-    LevelProgress::Take(TriggerManager::Step(view, dt));
-    LevelObjectsManager::Step(dt);
-    if (gameState.simulationCost.Add(begin, Platform::TheClock().Counter()) &&
-        gameState.showSimSpeeds) {
+void TellCost(std::uint64_t begin, std::uint64_t end) {
+    if (gameState.simulationCost.Add(begin, end) && gameState.showSimSpeeds) {
         Console::Print("\nSimulation - clock tics: ");
         Console::PrintUnsigned(static_cast<std::uint32_t>(gameState.simulationCost.mean));
     }
 }
 
-void StepModules(const RunStep& step) {
-    const float dt = step.dt;
-    if (IsPlaying(step)) {
-        Simulate(dt);
+void StepModules(RunStep step) {
+    if (gameState.loadedMapName.empty()) {
+        step.flags |= RunStep::Paused;  // there is nothing to play
     }
-    if (!LevelProgress::IsFinished()) {
-        GameSounds::Step(dt);
+    const WorldParts world = WorldInPlay();
+    const bool simulates = IsPlaying(world, step);
+    const std::uint64_t begin = Platform::TheClock().Counter();
+    StepWorld(world, step, {Game::ViewWidth(), Game::ViewHeight()}, &ListenerInPlay());
+    if (simulates) {
+        TellCost(begin, Platform::TheClock().Counter());
     }
-    if ((step.flags & RunStep::Menu) == 0) {
-        const bool isSteered = (step.flags & RunStep::Unsteered) == 0;
-        Camera::Step(isSteered ? std::optional(step.turn) : std::nullopt, dt);
-        if (gameState.freeCamera) {
-            StepFreeCamera();
-        }
-    }
-    if (IsPlaying(step)) {
-        LevelProgress::Step(dt);
-    } else {
-        LevelProgress::SkipTime();
+    if ((step.flags & RunStep::Menu) == 0 && gameState.freeCamera) {
+        StepFreeCamera();
     }
 }
 

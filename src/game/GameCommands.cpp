@@ -62,8 +62,8 @@ const Console::CommandTable commands{
      "camera there.",
      "\nUsage: ParticleCreate < x : number > < y : number > < radius : number > "
      "< amount : integer number > "},
-    {"ZoomCamera", Camera::Zoom, "Lets the camera zoom as if the level asked for it."},
-    {"ShakeCamera", Camera::Shake, "Lets the camera shake as if the level asked for it."},
+    {"ZoomCamera", [] { Camera::Zoom(); }, "Lets the camera zoom as if the level asked for it."},
+    {"ShakeCamera", [] { Camera::Shake(); }, "Lets the camera shake as if the level asked for it."},
     {"Restart", Game::RequestRestart, "Starts the level again."},
     {"Pause", PauseCommand, "Stands still, and the music with it."},
 };

@@ -22,11 +22,11 @@ bool LoopsMustRest() {
 
 }  // namespace
 
-void Step(float dt) {
+void Step(float dt, const ImpactChances& chances) {
     const bool loopsRest = LoopsMustRest();
     StepSources();
-    IceSounds::Step(dt, loopsRest);
-    WaterSounds::Step(dt, loopsRest);
+    IceSounds::Step(dt, loopsRest, chances.ice);
+    WaterSounds::Step(dt, loopsRest, chances.water);
     SteamSounds::Step(dt, loopsRest);
 }
 

@@ -2,8 +2,10 @@
 
 #include "game/LevelFileReader.h"
 
+#include <deque>
 #include <list>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "actors/ForceManager.h"
@@ -59,7 +61,7 @@ Vector2 ToVector(LevelFile::Point point) {
 
 /// What has files of its own to load; made while the old level still stands.
 struct LoadedRecords {
-    std::list<LevelPolygon> polygons;
+    std::deque<LevelPolygon> polygons;
     std::list<LevelObject> objects;
     std::list<SoundSource> sounds;
     std::list<Emitter> emitters;
@@ -156,7 +158,9 @@ void PublishTriggers(const LevelFile& file) {
 /// added, and triggers bind everything else, so the order matters.
 void Publish(const LevelFile& file, LoadedRecords& loaded) {
     LevelData::Unload();
-    LevelData::polygons.splice(LevelData::polygons.end(), loaded.polygons);
+    for (LevelPolygon& polygon : loaded.polygons) {
+        LevelData::Add(std::move(polygon));
+    }
     LevelData::waterStart = ToVector(file.waterStart);
     LevelData::cameraStart = ToVector(file.cameraStart);
 

@@ -69,13 +69,12 @@ void Unload() {
     SoundSourceManager::Shutdown();
     CheckPointTimesManager::Shutdown();
     MoverManager::Shutdown();
-    polygons.clear();
-    polygonSegments.clear();
+    Clear();
 }
 
 void Restart() {
     drawTriangles = false;
-    for (LevelPolygon& polygon : polygons) {
+    for (PolygonState& polygon : current.polygons) {
         polygon.enabled = 1;
         polygon.offset = {};
         polygon.previousOffset = {};

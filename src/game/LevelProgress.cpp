@@ -6,7 +6,6 @@
 #include <memory>
 
 #include "actors/Camera.h"
-#include "actors/CheckPointTimesManager.h"
 #include "actors/SoundSourceManager.h"
 #include "actors/Trigger.h"
 #include "audio/IceSounds.h"
@@ -18,7 +17,8 @@
 #include "engine/Console.h"
 #include "engine/ConsoleCommands.h"
 #include "engine/FullBody.h"
-#include "engine/Timer.h"
+#include "game/ListenerInPlay.h"
+#include "game/World.h"
 #include "level/LevelData.h"
 #include "menus/GuiAnimatedButton.h"
 #include "menus/MenuManager.h"
@@ -44,7 +44,6 @@ constexpr double waterScoreRange = 64000.0;
 
 float finishAnimationTime = 0.001f;  // seconds
 float finishWaterVolume = 0.0f;      // share of the water that must stand in the finish
-bool countsSteps = false;
 std::unique_ptr<Sound> finishSound;
 std::unique_ptr<Sound> deadSound;
 std::unique_ptr<GuiAnimatedButton> finishAnimation;
@@ -64,14 +63,12 @@ void CreateOnce(std::unique_ptr<Sound>& sound, const std::string& fileName) {
     }
 }
 
-void RespawnWater() {
-    if (deadSound) {
-        deadSound->Rewind();
-        deadSound->SetVolume(1.0f);
-        deadSound->Play();
-    }
-    ParticleManager::CreateParticles(respawnX, respawnY, respawnRadius, respawnAmount);
-    Camera::SetState(Camera::OpeningFlight);
+void RespawnWater(const WorldParts& world) {
+    const ProgressState& progress = world.progress;
+    ParticleManager::CreateParticles(world.water, world.random,
+                                     {progress.respawnX, progress.respawnY}, respawnRadius,
+                                     progress.respawnAmount);
+    world.camera.state = Camera::OpeningFlight;
 }
 
 /// The level's sounds end with it; no step comes after this one to let the loops rest.
@@ -82,38 +79,45 @@ void SilenceLevel() {
     SteamSounds::Rest();
 }
 
-void StepTime(float dt) {
-    if (!countsSteps) {
-        current.stopwatch.Tick();
+void StepTime(ProgressState& progress, float dt) {
+    if (!progress.countsSteps) {
+        progress.stopwatch.Tick();
         return;
     }
-    current.stepSeconds += static_cast<double>(dt);
-    current.stopwatch.elapsedMs = static_cast<std::uint32_t>(current.stepSeconds * 1000.0);
+    progress.stepSeconds += static_cast<double>(dt);
+    progress.stopwatch.elapsedMs = static_cast<std::uint32_t>(progress.stepSeconds * 1000.0);
 }
 
-void StepFinishTimer(float dt) {
-    if (current.finishTimer > 0.0f) {
-        current.finishTimer -= dt;
-        if (current.finishTimer <= 0.0f) {
-            SilenceLevel();
-            MusicPlayer::Stop();
-            MenuManager::Show(MenuManager::LevelFinished);
-        }
+/// True when it runs out.
+bool StepFinishTimer(ProgressState& progress, float dt) {
+    if (!(progress.finishTimer > 0.0f)) {
+        return false;
     }
+    progress.finishTimer -= dt;
+    return progress.finishTimer <= 0.0f;
 }
 
-void TestFinish() {
-    const float share = static_cast<float>(WaterAtFinish()) * finishWaterVolume;
+/// True when the finish is reached.
+bool TestFinish(ProgressState& progress, std::size_t allWater) {
+    const float share = static_cast<float>(allWater) * finishWaterVolume;
     const auto required = std::max(static_cast<std::int64_t>(share), std::int64_t{1});
-    if (current.waterInFinish >= required) {
-        current.finishing = true;
-        current.finishTimer = finishAnimationTime;
-        if (finishSound) {
-            finishSound->Rewind();
-            finishSound->Play();
-        }
+    const bool isReached = progress.waterInFinish >= required;
+    if (isReached) {
+        progress.finishing = true;
+        progress.finishTimer = finishAnimationTime;
     }
-    current.waterInFinish = 0;
+    progress.waterInFinish = 0;
+    return isReached;
+}
+
+/// Lost water comes back here from now on, as much of it as there is now; if all of it is lost
+/// just now, as much as before: nothing would ever come back else after a delayed check point.
+void SetRespawn(const WorldParts& world, Vector2 at) {
+    world.progress.respawnX = at.x;
+    world.progress.respawnY = at.y;
+    if (const std::size_t water = world.water.AllWater(); water > 0) {
+        world.progress.respawnAmount = static_cast<std::uint32_t>(water);
+    }
 }
 
 const Console::CommandTable commands{
@@ -123,7 +127,9 @@ const Console::CommandTable commands{
 }  // namespace
 
 void Initialise() {
+    const bool countsSteps = current.countsSteps;
     current = {};
+    current.countsSteps = countsSteps;
     respawnX = LevelData::waterStart.x;
     respawnY = LevelData::waterStart.y;
     timePrint = false;
@@ -150,56 +156,80 @@ void Shutdown() {
     current.waterInFinish = 0;
 }
 
-void Take(const TriggerEvents& events) {
-    current.waterInFinish += events.waterInFinish;
+void Take(const WorldParts& world, const TriggerEvents& events) {
+    world.progress.waterInFinish += events.waterInFinish;
     for (const Trigger* const checkPoint : events.checkPoints) {
-        const Vector2 centre = checkPoint->Centre();
-        SetRespawn(centre.x, centre.y);
-        CheckPointTimesManager::Reached(*checkPoint, ElapsedMs());
+        SetRespawn(world, checkPoint->Centre());
+    }
+}
+
+void Take(const TriggerEvents& events) {
+    Take(WorldInPlay(), events);
+}
+
+void Step(const WorldParts& world, float dt, WorldListener* listener) {
+    VANTREL_ASSERT(dt > 0.0f);
+    ProgressState& progress = world.progress;
+    if (!progress.finishing) {
+        StepTime(progress, dt);
+    }
+    if (world.water.particles.empty() && world.water.groups.empty()) {
+        RespawnWater(world);
+        if (listener) {
+            listener->OnRespawn();
+        }
+    }
+    if (progress.finishing) {
+        if (StepFinishTimer(progress, dt) && listener) {
+            listener->OnFinished();
+        }
+    } else if (TestFinish(progress, world.water.AllWater()) && listener) {
+        listener->OnFinishReached();
     }
 }
 
 void Step(float dt) {
-    VANTREL_ASSERT(dt > 0.0f);
-    if (!current.finishing) {
-        StepTime(dt);
+    Step(WorldInPlay(), dt, &ListenerInPlay());
+}
+
+void PlayRespawnSound() {
+    if (deadSound) {
+        deadSound->Rewind();
+        deadSound->SetVolume(1.0f);
+        deadSound->Play();
     }
-    if (ParticleManager::particles.empty() && GroupedParticleMover::groups.empty()) {
-        RespawnWater();
+}
+
+void PlayFinishSound() {
+    if (finishSound) {
+        finishSound->Rewind();
+        finishSound->Play();
     }
-    if (current.finishing) {
-        StepFinishTimer(dt);
-    } else {
-        TestFinish();
-    }
+}
+
+void ShowEnd() {
+    SilenceLevel();
+    MusicPlayer::Stop();
+    MenuManager::Show(MenuManager::LevelFinished);
 }
 
 void CountSteps(bool on) {
-    if (countsSteps && !on) {
+    if (current.countsSteps && !on) {
         current.stopwatch.Skip();
     }
-    countsSteps = on;
+    current.countsSteps = on;
 }
 
 void SkipTime() {
-    current.stopwatch.Skip();
+    current.SkipTime();
 }
 
 bool IsFinished() {
-    return current.finishing && current.finishTimer <= 0.0f;
+    return current.IsFinished();
 }
 
 bool IsFinishing() {
     return current.finishing;
-}
-
-void SetRespawn(float x, float y) {
-    respawnX = x;
-    respawnY = y;
-    // A delayed check point may find all water lost: nothing would ever come back then.
-    if (const std::uint32_t water = WaterAtFinish(); water > 0) {
-        respawnAmount = water;
-    }
 }
 
 std::uint32_t WaterAtFinish() {

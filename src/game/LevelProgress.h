@@ -6,31 +6,27 @@
 #include <cstdint>
 
 #include "actors/TriggerEvents.h"
-#include "engine/FullBody.h"
-#include "engine/Timer.h"
+#include "game/Progress.h"
 
 class GuiAnimatedButton;
-
-/// All that changes about a level's course while it is played.
-struct ProgressState {
-    bool finishing = false;           ///< the finish was reached
-    float finishTimer = 0.001f;       ///< seconds left of the finish animation
-    std::uint32_t waterInFinish = 0;  ///< counted during this step
-    Stopwatch stopwatch;              ///< holds the level's time
-    double stepSeconds = 0.0;         ///< sum of the level's steps, where those are counted
-    float respawnX = 0.0f;            ///< where lost water comes back, world units
-    float respawnY = 0.0f;
-    std::uint32_t respawnAmount = fullBody;  ///< particles that come back
-};
+class WorldListener;
+struct WorldParts;
 
 namespace LevelProgress {
+
+// Of any world.
+
+/// What the triggers of this step told of; before Step.
+void Take(const WorldParts& world, const TriggerEvents& events);
+/// Once per module step while the level is played; `dt` in seconds, uncapped.
+void Step(const WorldParts& world, float dt, WorldListener* listener);
+
+// The world in play.
 
 /// At a level's start and restart: reads cfg\game.cfg and goes back to the first state.
 void Initialise();
 void Shutdown();
-/// What the triggers of this step told of; before Step.
 void Take(const TriggerEvents& events);
-/// Once per module step while the level is played; `dt` in seconds, uncapped.
 void Step(float dt);
 /// Whether the level's time is the sum of its steps, and not the clock's; off at first.
 void CountSteps(bool on);
@@ -40,9 +36,6 @@ void SkipTime();
 bool IsFinished();
 /// The finish was reached; true from then on.
 bool IsFinishing();
-/// Lost water comes back here from now on, as much of it as there is now; if all of it is lost
-/// just now, as much as before.
-void SetRespawn(float x, float y);
 /// All water in the level, of any state.
 std::uint32_t WaterAtFinish();
 std::uint32_t ElapsedMs();
@@ -52,6 +45,13 @@ std::uint32_t TimeScore();
 /// 500 a particle.
 std::uint32_t WaterScore();
 std::uint32_t TotalScore();
+
+// What is heard and shown of the world in play.
+
+void PlayRespawnSound();
+void PlayFinishSound();
+/// Silences the level and shows its end.
+void ShowEnd();
 
 /// Once a frame after the world (LevelProgressDraw.cpp); leaves the transform in 800 by 600
 /// units over the client area.

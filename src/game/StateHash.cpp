@@ -3,32 +3,34 @@
 #include "game/StateHash.h"
 
 #include "actors/ActorsFold.h"
-#include "engine/Random.h"
 #include "engine/StateFold.h"
-#include "game/LevelProgress.h"
 #include "level/LevelFold.h"
 #include "water/WaterFold.h"
 
 namespace {
 
 void Fold(StateFold& fold, const ProgressState& progress) {
-    // The clock's reading in the stopwatch is this machine's.
-    const auto& [finishing, finishTimer, waterInFinish, stopwatch, stepSeconds, respawnX, respawnY,
-                 respawnAmount] = progress;
+    // Where the time comes from doesn't count, nor what this machine's clock shows.
+    const auto& [finishing, finishTimer, waterInFinish, countsSteps, stopwatch, stepSeconds,
+                 respawnX, respawnY, respawnAmount] = progress;
     fold.Add(finishing, finishTimer, waterInFinish, stopwatch.elapsedMs, stepSeconds, respawnX,
              respawnY, respawnAmount);
 }
 
 }  // namespace
 
-std::uint64_t StateHash() {
+std::uint64_t StateHash(const WorldParts& world) {
     StateFold fold;
-    fold.Add(Random::state);
-    ActorsFold::AddCamera(fold);
-    LevelFold::AddLevel(fold);
-    WaterFold::AddWater(fold);
-    WaterFold::AddEffects(fold);
-    ActorsFold::AddActors(fold);
-    Fold(fold, LevelProgress::current);
+    fold.Add(world.random.state);
+    ActorsFold::AddCamera(fold, world.camera);
+    LevelFold::AddLevel(fold, world.level);
+    WaterFold::AddWater(fold, world.water);
+    WaterFold::AddEffects(fold, world.effects);
+    ActorsFold::AddActors(fold, world.actors);
+    Fold(fold, world.progress);
     return fold.Value();
+}
+
+std::uint64_t StateHash() {
+    return StateHash(WorldInPlay());
 }

@@ -5,9 +5,13 @@
 
 #include <cstdint>
 
+#include "game/World.h"
+
 /// Goes up whenever the hash folds something else, or otherwise: recorded runs keep it, and are
 /// compared with hashes of their own kind only.
-inline constexpr std::uint16_t stateHashKind = 1;
+inline constexpr std::uint16_t stateHashKind = 2;
 
 /// Equal for states that are equal to the last bit.
+std::uint64_t StateHash(const WorldParts& world);
+/// Of the world in play.
 std::uint64_t StateHash();

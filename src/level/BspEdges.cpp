@@ -198,7 +198,7 @@ void CollectPolygon(LevelPolygon& polygon, bool cutOnly, std::vector<BspSegment>
 
 }  // namespace
 
-std::vector<BspSegment> BspEdges::Collect(std::list<LevelPolygon>& polygons) {
+std::vector<BspSegment> BspEdges::Collect(std::deque<LevelPolygon>& polygons) {
     std::vector<BspSegment> edges;
     for (LevelPolygon& polygon : polygons) {
         if (polygon.triangleCount == 0) {

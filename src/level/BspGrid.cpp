@@ -4,6 +4,7 @@
 #include "level/BspGrid.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -46,6 +47,7 @@ struct Box {
 std::span<const BspSegment> nodes;
 /// Per node: where the centre of a circle must be to touch any segment of its subtree.
 std::vector<Box> reach;
+/// Threads that step worlds of one level look into the same cells, and find the same there.
 std::vector<std::uint32_t> cells;
 float originX = 0.0f;
 float originY = 0.0f;
@@ -126,7 +128,7 @@ bool IsCandidate(const BspSegment& segment, const Box& box) {
 
 /// Whether any query from the box that starts at `start` finds a candidate.
 bool FindsAny(const BspSegment* start, const Box& box) {
-    static std::vector<const BspSegment*> open;
+    thread_local std::vector<const BspSegment*> open;
     open.assign(1, start);
     while (!open.empty()) {
         const BspSegment* node = open.back();
@@ -203,9 +205,11 @@ const BspSegment* BspGrid::StartNode(Vector2 position, float radius) {
     }
     const auto column = static_cast<std::uint32_t>(x);
     const auto row = static_cast<std::uint32_t>(y);
-    std::uint32_t& cell = cells[std::size_t{row} * columns + column];
+    const std::atomic_ref<std::uint32_t> stored(cells[std::size_t{row} * columns + column]);
+    std::uint32_t cell = stored.load(std::memory_order_relaxed);
     if (cell == unknown) {
         cell = LookIntoCell(CellBox(column, row));
+        stored.store(cell, std::memory_order_relaxed);
     }
     return cell == empty ? nullptr : &nodes[cell - known];
 }

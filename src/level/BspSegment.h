@@ -1,6 +1,6 @@
 #pragma once
-// A node of the level's tree: one edge that splits space by its line and collides. The same
-// record serves as an edge of a moving polygon.
+// A node of the level's tree: one edge that splits space by its line and collides, unless the
+// level's state says otherwise. The same record serves as an edge of a moving polygon.
 
 #include <cstdint>
 
@@ -15,7 +15,6 @@ struct BspSegment {
     Vector2 direction;  ///< unit, from start to end
     float length = 0.0f;
     float friction = 1.0f;
-    std::uint8_t active = 1;   ///< collides; it splits space either way
     std::uint8_t cutOnly = 0;  ///< from a polygon neither solid nor visible
     LevelPolygon* polygon = nullptr;
     BspSegment* parent = nullptr;

@@ -15,6 +15,7 @@
 #include "level/BspEdges.h"
 #include "level/BspGrid.h"
 #include "level/BspTreeState.h"
+#include "level/LevelData.h"
 
 namespace BspTree {
 
@@ -93,7 +94,7 @@ BspSegment* CastStoredRay(BspSegment* node) {
             }
             BspSegment* back = crossed.back();
             crossed.pop_back();
-            if (back->active && RayMeets(*back)) {
+            if (BspTree::Collides(*back) && RayMeets(*back)) {
                 return back;
             }
             const bool startsBehind = Dot(rayStart - back->start, back->normal) < 0.0f;
@@ -131,7 +132,7 @@ bool SideIsSound(const BspSegment& top, const BspSegment* child, bool isFront) {
 
 }  // namespace
 
-void BspTree::Build(std::list<LevelPolygon>& polygons) {
+void BspTree::Build(std::deque<LevelPolygon>& polygons) {
     Destroy();
     Timer timer;
     ClearViews();
@@ -144,6 +145,7 @@ void BspTree::Build(std::list<LevelPolygon>& polygons) {
     edges = BspEdges::Clean(edges);
     edgeCount = edges.size();
     nodes = BspBuilder::Build(std::move(edges));
+    LevelData::current.segmentsCollide.assign(nodes.size(), 1);
     BspGrid::Prepare(nodes);
     timer.Tick();
     Console::Print("\nBsp Tree created in ");
@@ -160,6 +162,7 @@ void BspTree::Build(std::list<LevelPolygon>& polygons) {
 
 void BspTree::Destroy() {
     nodes = {};
+    LevelData::current.segmentsCollide.clear();
     BspGrid::Prepare({});
     edgeCount = 0;
     walkNode = nullptr;
@@ -168,9 +171,11 @@ void BspTree::Destroy() {
 
 void BspTree::Reset() {
     ClearViews();
-    for (BspSegment& node : nodes) {
-        node.active = 1;
-    }
+    std::ranges::fill(LevelData::current.segmentsCollide, std::uint8_t{1});
+}
+
+bool BspTree::Collides(const BspSegment& node) {
+    return LevelData::current.segmentsCollide[NumberOf(node)] != 0;
 }
 
 void BspTree::CollectNodes(std::vector<BspSegment*>& out) {

@@ -105,13 +105,13 @@ void DrawCast() {
 void DrawNodes() {
     const DebugDraw::State state;
     const auto& order = FrontFirst();
-    for (const bool active : {false, true}) {
+    for (const bool colliding : {false, true}) {
         for (const BspSegment* node : order) {
-            if ((node->active != 0) == active) {
+            if (BspTree::Collides(*node) == colliding) {
                 batch.AddLine(node->start, node->end);
             }
         }
-        batch.Flush(GL_LINES, active ? Colours::green : Colours::red, 1.0f);
+        batch.Flush(GL_LINES, colliding ? Colours::green : Colours::red, 1.0f);
     }
     for (const BspSegment* node : order) {
         batch.AddNormal(*node);

@@ -1,5 +1,5 @@
 #pragma once
-// What the tree's own files share: the nodes, the debug views and the last test rays.
+// What the tree's own files share: the debug views and the last test rays.
 
 #include <array>
 #include <vector>
@@ -8,8 +8,6 @@
 
 namespace BspTree {
 
-/// The root first, each node followed by its back and then its front subtree.
-extern std::vector<BspSegment> nodes;
 /// The node that BspWalk stands on; null without a tree.
 extern BspSegment* walkNode;
 extern bool walkDraw;

@@ -1,35 +1,34 @@
 // The collision query. Candidates are gathered once per query and then resolved in a few
-// passes; newer candidates come first. All storage is kept from query to query.
+// passes; newer candidates come first.
 
 #include "level/Collision.h"
 
 #include "level/BspGrid.h"
+#include "level/BspTree.h"
+#include "level/LevelData.h"
 
-namespace {
+/// A circle on its way out of the edges.
+struct CollisionSpace::Query {
+    Vector2 position;
+    float radius;
+    // Sums over the contacts.
+    Vector2 normal{};
+    float friction = 0.0f;
+    unsigned count = 0;
 
-struct ContactPoint {
-    Vector2 point;
-    float friction;
+    void AddContact(Vector2 contactNormal, float contactFriction) {
+        normal += contactNormal;
+        friction += contactFriction;
+        ++count;
+    }
 };
 
-constexpr int mostPasses = 3;
-
-float queryRadius = 0.0f;
-Vector2 contactNormal;
-float contactFriction = 1.0f;
-unsigned contactCount = 0;
-// Candidates, the newest last; passes run from the back.
-std::vector<ContactPoint> contactPoints;
-std::vector<const BspSegment*> contactEdges;
-std::vector<const BspSegment*> openNodes;
-const std::vector<BspSegment*>* movingSegments = nullptr;
-
 /// Takes the segment as a candidate if the circle is beside it or near an end.
-void TestCandidate(const BspSegment& segment, Vector2 relative) {
+void CollisionSpace::TestCandidate(const BspSegment& segment, Vector2 relative, float radius) {
     float along = Dot(relative, segment.direction);
     if (along >= 0.0f && along <= segment.length) {
         contactEdges.push_back(&segment);
-    } else if (along >= -queryRadius && along <= segment.length + queryRadius) {
+    } else if (along >= -radius && along <= segment.length + radius) {
         along = along < 0.0f ? 0.0f : segment.length;
     } else {
         return;
@@ -37,127 +36,135 @@ void TestCandidate(const BspSegment& segment, Vector2 relative) {
     contactPoints.push_back({segment.start + segment.direction * along, segment.friction});
 }
 
-void GatherMoving(Vector2 position) {
-    if (!movingSegments) {
-        return;
-    }
-    for (const BspSegment* segment : *movingSegments) {
-        const Vector2 relative = position - segment->start;
-        const float distance = Dot(relative, segment->normal);
-        if (distance >= -queryRadius && distance <= queryRadius) {
-            TestCandidate(*segment, relative);
+void CollisionSpace::GatherMoving(const Query& query) {
+    for (const BspSegment& segment : moving) {
+        const Vector2 relative = query.position - segment.start;
+        const float distance = Dot(relative, segment.normal);
+        if (distance >= -query.radius && distance <= query.radius) {
+            TestCandidate(segment, relative, query.radius);
         }
     }
 }
 
-void GatherStatic(Vector2 position) {
+void CollisionSpace::GatherStatic(const Query& query, const LevelState& level) {
+    const float radius = query.radius;
     openNodes.clear();
-    const bool shortCuts = queryRadius <= BspGrid::largestRadius;
-    const BspSegment* node = BspGrid::StartNode(position, queryRadius);
+    const bool shortCuts = radius <= BspGrid::largestRadius;
+    const BspSegment* node = BspGrid::StartNode(query.position, radius);
     while (node || !openNodes.empty()) {
         if (!node) {
             node = openNodes.back();
             openNodes.pop_back();
         }
-        const Vector2 relative = position - node->start;
+        const Vector2 relative = query.position - node->start;
         const float distance = Dot(relative, node->normal);
-        if (distance >= queryRadius) {
+        if (distance >= radius) {
             node = node->frontChild;
-        } else if (distance < -queryRadius) {
+        } else if (distance < -radius) {
             node = node->backChild;
         } else {
-            if (node->active) {
-                TestCandidate(*node, relative);
+            if (level.segmentsCollide[BspTree::NumberOf(*node)] != 0) {
+                TestCandidate(*node, relative, radius);
             }
             const BspSegment* front = node->frontChild;
-            if (front && (!shortCuts || BspGrid::CanTouch(front, position))) {
+            if (front && (!shortCuts || BspGrid::CanTouch(front, query.position))) {
                 openNodes.push_back(front);
             }
             node = node->backChild;
-            if (node && shortCuts && !BspGrid::CanTouch(node, position)) {
+            if (node && shortCuts && !BspGrid::CanTouch(node, query.position)) {
                 node = nullptr;
             }
         }
     }
 }
 
-void AddContact(Vector2 normal, float friction) {
-    contactNormal += normal;
-    contactFriction += friction;
-    ++contactCount;
-}
-
-void PointPass(Vector2& position) {
+void CollisionSpace::PointPass(Query& query) const {
     for (std::size_t i = contactPoints.size(); i-- > 0;) {
         const ContactPoint& contact = contactPoints[i];
-        Vector2 v = contact.point - position;
+        Vector2 v = contact.point - query.position;
         const float distance = Length(v);
-        if (distance < queryRadius && distance > 0.0f) {
+        if (distance < query.radius && distance > 0.0f) {
             v /= distance;
-            position -= v * (queryRadius - distance);
-            AddContact(v, contact.friction);
+            query.position -= v * (query.radius - distance);
+            query.AddContact(v, contact.friction);
         }
     }
 }
 
-void EdgePass(Vector2& position) {
+void CollisionSpace::EdgePass(Query& query) const {
     for (std::size_t i = contactEdges.size(); i-- > 0;) {
         const BspSegment& segment = *contactEdges[i];
-        const float distance = Dot(position - segment.start, segment.normal);
-        if (distance >= -queryRadius) {
-            position -= segment.normal * (queryRadius + distance);
-            AddContact(segment.normal, segment.friction);
+        const float distance = Dot(query.position - segment.start, segment.normal);
+        if (distance >= -query.radius) {
+            query.position -= segment.normal * (query.radius + distance);
+            query.AddContact(segment.normal, segment.friction);
         }
     }
 }
 
-bool Collide(Vector2& position, float radius, bool withMoving) {
-    contactNormal = {};
-    contactFriction = 0.0f;
-    contactCount = 0;
-    queryRadius = radius;
-    if (withMoving) {
-        GatherMoving(position);
-    }
-    GatherStatic(position);
+Contact CollisionSpace::Resolve(Query& query) {
+    constexpr int mostPasses = 3;
     for (int pass = 0; pass < mostPasses; ++pass) {
-        const unsigned before = contactCount;
-        PointPass(position);
-        EdgePass(position);
-        if (contactCount == before) {
+        const unsigned before = query.count;
+        PointPass(query);
+        EdgePass(query);
+        if (query.count == before) {
             break;
         }
     }
-    if (contactCount > 0) {
-        const float share = 1.0f / static_cast<float>(contactCount);
-        contactNormal *= share;
-        contactFriction *= share;
-    } else {
-        contactFriction = 1.0f;
-    }
     contactPoints.clear();
     contactEdges.clear();
-    return contactCount > 0;
+    if (query.count == 0) {
+        return {};
+    }
+    const float share = 1.0f / static_cast<float>(query.count);
+    return {query.normal * share, query.friction * share, query.count};
 }
+
+Contact CollisionSpace::CollideCircle(const LevelState& level, Vector2& position, float radius) {
+    Query query{position, radius};
+    GatherMoving(query);
+    GatherStatic(query, level);
+    const Contact contact = Resolve(query);
+    position = query.position;
+    return contact;
+}
+
+Contact CollisionSpace::CollideCircleStatic(const LevelState& level, Vector2& position,
+                                            float radius) {
+    Query query{position, radius};
+    GatherStatic(query, level);
+    const Contact contact = Resolve(query);
+    position = query.position;
+    return contact;
+}
+
+namespace Collision {
+
+CollisionSpace current;
+
+namespace {
+
+Contact last;
 
 }  // namespace
 
-bool Collision::CollideCircle(Vector2& position, float radius) {
-    return Collide(position, radius, true);
+bool CollideCircle(Vector2& position, float radius) {
+    last = current.CollideCircle(LevelData::current, position, radius);
+    return static_cast<bool>(last);
 }
 
-bool Collision::CollideCircleStatic(Vector2& position, float radius) {
-    return Collide(position, radius, false);
+bool CollideCircleStatic(Vector2& position, float radius) {
+    last = current.CollideCircleStatic(LevelData::current, position, radius);
+    return static_cast<bool>(last);
 }
 
-Vector2 Collision::ContactNormal() {
-    return contactNormal;
+Vector2 ContactNormal() {
+    return last.normal;
 }
 
-float Collision::ContactFriction() {
-    return contactFriction;
+float ContactFriction() {
+    return last.friction;
 }
 
-void Collision::UseMovingSegments(const std::vector<BspSegment*>* segments) {
-    movingSegments = segments;
-}
+}  // namespace Collision

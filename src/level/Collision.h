@@ -1,26 +1,68 @@
 #pragma once
 // The game's one collision query: push a circle out of whatever edges it touches and report
-// the average contact. It works on the tree's segments and on those of moving polygons. The
-// results of the last query stay readable until the next one. Not re-entrant.
+// the average contact. It works on the tree's segments and on those of moving polygons.
 
 #include <vector>
 
+#include "engine/Vector2.h"
 #include "level/BspSegment.h"
+#include "level/LevelState.h"
 
+/// What a query touched.
+struct Contact {
+    /// Average of the unit vectors from the circle into what it touched; not normalised, (0, 0)
+    /// without contact.
+    Vector2 normal;
+    /// Average friction of what was touched; 1 without contact.
+    float friction = 1.0f;
+    unsigned count = 0;
+
+    explicit operator bool() const { return count > 0; }
+};
+
+/// All that circles touch in one step of a world. The tree is that of the loaded level. Each
+/// thread that steps worlds has its own.
+class CollisionSpace {
+public:
+    /// Moves `position` out of all edges within `radius`. `level` says which of the tree's
+    /// segments collide; it is of the loaded level.
+    Contact CollideCircle(const LevelState& level, Vector2& position, float radius);
+    /// The same against the static level only.
+    Contact CollideCircleStatic(const LevelState& level, Vector2& position, float radius);
+
+    /// The segments of moving polygons near the camera, in the order that queries take them.
+    std::vector<BspSegment> moving;
+
+private:
+    struct ContactPoint {
+        Vector2 point;
+        float friction;
+    };
+    struct Query;
+
+    void GatherMoving(const Query& query);
+    void GatherStatic(const Query& query, const LevelState& level);
+    void TestCandidate(const BspSegment& segment, Vector2 relative, float radius);
+    void PointPass(Query& query) const;
+    void EdgePass(Query& query) const;
+    Contact Resolve(Query& query);
+
+    // Candidates of the query at hand, the newest last; passes run from the back. Storage is
+    // kept from query to query.
+    std::vector<ContactPoint> contactPoints;
+    std::vector<const BspSegment*> contactEdges;
+    std::vector<const BspSegment*> openNodes;
+};
+
+/// The queries of the world in play. The results of the last one stay readable until the next.
 namespace Collision {
 
-/// Moves `position` out of all edges within `radius`; true if anything was touched.
-bool CollideCircle(Vector2& position, float radius);
-/// The same against the static level only.
-bool CollideCircleStatic(Vector2& position, float radius);
-/// Average of the unit vectors from the circle into what it touched; not normalised, (0, 0)
-/// without contact.
-Vector2 ContactNormal();
-/// Average friction of what was touched; 1 without contact.
-float ContactFriction();
+extern CollisionSpace current;
 
-/// The segments of moving polygons near the camera, in the order that queries take them. The
-/// mover manager keeps the list; null for none.
-void UseMovingSegments(const std::vector<BspSegment*>* segments);
+/// True if anything was touched.
+bool CollideCircle(Vector2& position, float radius);
+bool CollideCircleStatic(Vector2& position, float radius);
+Vector2 ContactNormal();
+float ContactFriction();
 
 }  // namespace Collision

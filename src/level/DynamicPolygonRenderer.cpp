@@ -46,7 +46,7 @@ DynamicPolygon WithBox(const LevelPolygon& polygon) {
 }
 
 bool IsInSquare(const DynamicPolygon& entry, const ViewSquare& square) {
-    const Vector2 offset = entry.polygon->offset;
+    const Vector2 offset = LevelData::StateOf(*entry.polygon).offset;
     return square.Overlaps(entry.minX + offset.x, entry.maxX + offset.x, entry.minY + offset.y,
                            entry.maxY + offset.y);
 }
@@ -83,7 +83,7 @@ void PrepareDraw(const View& view) {
     ClearQueues();
     for (const DynamicPolygon& entry : polygons) {
         const LevelPolygon& polygon = *entry.polygon;
-        if (polygon.enabled == 0 || polygon.layer >= layerCount || !IsInSquare(entry, square)) {
+        if (LevelData::StateOf(polygon).enabled == 0 || polygon.layer >= layerCount || !IsInSquare(entry, square)) {
             continue;
         }
         auto& queue = layerQueues[polygon.layer];

@@ -7,6 +7,7 @@
 
 #include "graphics/MagnifiedSamplingDraw.h"
 #include "level/DynamicPolygonRenderer.h"
+#include "level/LevelData.h"
 #include "level/PolygonTexture.h"
 
 namespace {
@@ -23,10 +24,11 @@ std::vector<Vertex> vertices;
 void Append(const LevelPolygon& polygon) {
     const float width = TextureRepeat(polygon.texture.width);
     const float height = TextureRepeat(polygon.texture.height);
+    const Vector2 offset = LevelData::StateOf(polygon).offset;
     for (std::size_t i = 0; i < polygon.triangleX.size(); ++i) {
         const float x = polygon.triangleX[i];
         const float y = polygon.triangleY[i];
-        vertices.push_back({x / width, y / height, x + polygon.offset.x, y + polygon.offset.y});
+        vertices.push_back({x / width, y / height, x + offset.x, y + offset.y});
     }
 }
 

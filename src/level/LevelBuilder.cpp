@@ -34,7 +34,7 @@ LevelPolygon LevelBuilder::BuildPolygon(const LevelFile::Polygon& record) {
     return polygon;
 }
 
-void LevelBuilder::MarkPolygons(std::list<LevelPolygon>& polygons, const LevelFile& file) {
+void LevelBuilder::MarkPolygons(std::deque<LevelPolygon>& polygons, const LevelFile& file) {
     std::unordered_set<std::uint32_t> toggled;
     for (const LevelFile::Trigger& trigger : file.triggers) {
         if (TriggerTypes::Toggles(TriggerTypes::KindOf(trigger.type))) {

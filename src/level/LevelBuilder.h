@@ -2,7 +2,7 @@
 // Turns the records of a level file into the polygons that the game collides with and draws.
 // The tools build the same ones; without a texture device no image is read.
 
-#include <list>
+#include <deque>
 
 #include "level/LevelFile.h"
 #include "level/LevelPolygon.h"
@@ -14,6 +14,6 @@ LevelPolygon BuildPolygon(const LevelFile::Polygon& record);
 
 /// Marks what the file's triggers switch and its movers carry; the tree and the renderers go
 /// by these marks.
-void MarkPolygons(std::list<LevelPolygon>& polygons, const LevelFile& file);
+void MarkPolygons(std::deque<LevelPolygon>& polygons, const LevelFile& file);
 
 }  // namespace LevelBuilder

@@ -9,6 +9,6 @@ void LevelData::Draw() {
         return;
     }
     for (const LevelPolygon& polygon : polygons) {
-        polygon.DrawWireframe();
+        polygon.DrawWireframe(StateOf(polygon).offset);
     }
 }

@@ -1,36 +1,26 @@
 #include "level/LevelFold.h"
 
-#include "level/BspTreeState.h"
-#include "level/LevelData.h"
-
 namespace LevelFold {
 
 namespace {
 
-void Fold(StateFold& fold, const LevelPolygon& polygon) {
-    // The triangles follow from the outline.
-    const auto& [solid, enabled, visible, movedByMover, toggledByTrigger, winding, triangleCount,
-                 id, friction, offset, previousOffset, texture, pointsX, pointsY, triangleX,
-                 triangleY, triangleNormalX, triangleNormalY, layer] = polygon;
-    fold.Add(solid, enabled, visible, movedByMover, toggledByTrigger, winding, triangleCount, id,
-             friction, offset, previousOffset, layer, pointsX.size());
-    for (std::size_t i = 0; i < polygon.PointCount(); ++i) {
-        fold.Add(polygon.Point(i));
-    }
+void Fold(StateFold& fold, const PolygonState& polygon) {
+    const auto& [solid, enabled, offset, previousOffset] = polygon;
+    fold.Add(solid, enabled, offset, previousOffset);
 }
 
 }  // namespace
 
-void AddLevel(StateFold& fold) {
-    fold.Add(LevelData::polygons.size());
-    for (const LevelPolygon& polygon : LevelData::polygons) {
+void AddLevel(StateFold& fold, const LevelState& level) {
+    const auto& [polygons, segmentsCollide] = level;
+    fold.Add(polygons.size());
+    for (const PolygonState& polygon : polygons) {
         Fold(fold, polygon);
     }
-    // A restart lets all segments collide, also those of polygons that stay taken away. The rest
-    // of the tree follows from the polygons.
-    fold.Add(BspTree::nodes.size());
-    for (const BspSegment& node : BspTree::nodes) {
-        fold.Add(node.active);
+    // A restart lets all segments collide, also those of polygons that stay taken away.
+    fold.Add(segmentsCollide.size());
+    for (const std::uint8_t collides : segmentsCollide) {
+        fold.Add(collides);
     }
 }
 

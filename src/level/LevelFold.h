@@ -1,11 +1,12 @@
 #pragma once
-// The loaded level's state, for comparing runs (engine/StateFold.h).
+// A level's state, for comparing runs (engine/StateFold.h).
 
 #include "engine/StateFold.h"
+#include "level/LevelState.h"
 
 namespace LevelFold {
 
 /// All polygons in file order, and which segments of the tree collide.
-void AddLevel(StateFold& fold);
+void AddLevel(StateFold& fold, const LevelState& level);
 
 }  // namespace LevelFold

@@ -32,8 +32,8 @@ public:
     std::vector<Vector2> DrawnOutline() const;
     /// Whether ab crosses a side of the outline, the closing side included.
     bool EdgeCrossesOutline(Vector2 a, Vector2 b) const;
-    /// Debug view: the sides of all triangles (LevelPolygonDraw.cpp).
-    void DrawWireframe() const;
+    /// Debug view: the sides of all triangles, moved by `offset` (LevelPolygonDraw.cpp).
+    void DrawWireframe(Vector2 offset) const;
 
     std::size_t PointCount() const { return pointsX.size(); }
     Vector2 Point(std::size_t i) const {
@@ -41,17 +41,15 @@ public:
         return {pointsX[i], pointsY[i]};
     }
 
-    std::uint8_t solid = 1;             ///< the edges collide
-    std::uint8_t enabled = 1;           ///< a trigger can take it out of the level
+    std::uint8_t solid = 1;             ///< the edges collide, until a trigger says otherwise
     std::uint8_t visible = 1;           ///< the renderers draw it
     std::uint8_t movedByMover = 0;      ///< a mover carries it; its edges stay out of the tree
     std::uint8_t toggledByTrigger = 0;  ///< its edges are exempt from edge cleaning
     std::uint8_t winding = 0;           ///< 1 or 0: which way the outline was found to turn
     std::uint32_t triangleCount = 0;
     std::uint32_t id = 0;    ///< what movers and triggers address; not unique
-    float friction = 1.0f;   ///< 0..1
-    Vector2 offset;          ///< displacement by a mover
-    Vector2 previousOffset;  ///< `offset` at the end of the previous step
+    std::uint32_t number = 0;  ///< place among the level's polygons
+    float friction = 1.0f;     ///< 0..1
     Texture texture;
     std::vector<float> pointsX;  ///< outline in level file order
     std::vector<float> pointsY;

@@ -5,7 +5,7 @@
 #include "graphics/GLWindowDraw.h"
 #include "level/LevelPolygon.h"
 
-void LevelPolygon::DrawWireframe() const {
+void LevelPolygon::DrawWireframe(Vector2 offset) const {
     const DebugDraw::State state;
     glLineWidth(1.0f);
     glColor4f(1.0f, 0.0f, 0.0f, 1.0f);

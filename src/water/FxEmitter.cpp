@@ -62,15 +62,15 @@ void ReadBool(const ConfigFile& file, const char* key, std::uint8_t& value) {
     }
 }
 
-void ReadTextures(const ConfigFile& file, std::vector<Texture>& textures) {
-    textures.clear();
-    textures.reserve(textureKeys);
+std::vector<Texture> ReadTextures(const ConfigFile& file) {
+    std::vector<Texture> textures;
     for (std::size_t i = 1; i <= textureKeys; ++i) {
         const std::string key = "texture" + std::to_string(i);
         if (file.Has(key)) {
             textures.emplace_back(file.GetString(key), "DEFAULT_SPRITE");
         }
     }
+    return textures;
 }
 
 }  // namespace
@@ -106,31 +106,30 @@ void Emitter::LoadSettings(const std::string& fileName) {
     ReadRange(file, "velocity_1", "velocity_2", velocity1, velocity2);
     ReadBool(file, "useAlphaBlending", useAlphaBlending);
     ReadColours(file, color1, color2);
-    ReadTextures(file, textures);
+    textures = TextureSet(ReadTextures(file));
 }
 
-void Emitter::EmitOne() const {
-    if (textures.empty() || !FxParticleManager::HasRoom()) {
+void Emitter::EmitOne(EffectsState& effects, RandomNumbers& random) const {
+    if (textures.empty() || !effects.HasRoom()) {
         return;
     }
-    FxParticle particle;
+    FxParticle& particle = effects.particles.emplace_back();
     particle.useAlphaBlending = useAlphaBlending;
     particle.position = position;
     Vector2 heading = direction;
-    Rotate(heading, Random::Unit() * spread - spread * 0.5f);
-    particle.color = Mix(color1, color2, Random::Unit());
-    particle.velocity = heading * Mix(velocity1, velocity2, Random::Unit());
-    particle.gravity = Mix(gravity1, gravity2, Random::Unit());
-    particle.size = Mix(size1, size2, Random::Unit());
-    particle.liveTime = Mix(liveTime1, liveTime2, Random::Unit());
+    Rotate(heading, random.Unit() * spread - spread * 0.5f);
+    particle.color = Mix(color1, color2, random.Unit());
+    particle.velocity = heading * Mix(velocity1, velocity2, random.Unit());
+    particle.gravity = Mix(gravity1, gravity2, random.Unit());
+    particle.size = Mix(size1, size2, random.Unit());
+    particle.liveTime = Mix(liveTime1, liveTime2, random.Unit());
     particle.timeLeft = particle.liveTime;
-    particle.texture = &textures[Random::Next() % textures.size()];
-    FxParticleManager::AddParticle(particle);
+    particle.texture = &textures[random.Next() % textures.size()];
 }
 
-void Emitter::Burst() {
+void Emitter::Burst(EffectsState& effects, RandomNumbers& random) const {
     VANTREL_ASSERT(burstSize <= Limits::burst);
-    for (std::uint32_t i = 0; i < burstSize && FxParticleManager::HasRoom(); ++i) {
-        EmitOne();
+    for (std::uint32_t i = 0; i < burstSize && effects.HasRoom(); ++i) {
+        EmitOne(effects, random);
     }
 }

@@ -2,8 +2,7 @@
 
 #include "water/FxParticleManager.h"
 
-#include <algorithm>
-#include <iterator>
+#include <vector>
 
 #include "engine/Console.h"
 #include "engine/ConsoleCommands.h"
@@ -11,17 +10,19 @@
 #include "platform/Assert.h"
 #include "water/ParticleManager.h"
 
+bool EffectsState::HasRoom() {
+    const bool hasRoom = particles.size() < Limits::effectParticles;
+    isCrowded = isCrowded || !hasRoom;
+    return hasRoom;
+}
+
 namespace FxParticleManager {
 
-std::list<Emitter> emitters;
-std::list<FxParticle> particles;
+EffectsState current;
 bool drawEmitters = false;
 
 namespace {
 
-/// Nodes of particles that are gone, for those to come: steps allocate only while the number
-/// of particles grows beyond what there ever was.
-std::list<FxParticle> spare;
 bool hasComplained = false;  // of too many particles
 
 void Create(float x, float y, float directionX, float directionY, std::uint32_t id,
@@ -43,8 +44,9 @@ const Console::CommandTable commands{
     {"FxParticleCount", Console::Count<particles>, "How many effect particles are in flight."},
 };
 
-void StepEmitters(const ViewSquare& square, float dt) {
-    for (Emitter& emitter : emitters) {
+void StepEmitters(EffectsState& effects, RandomNumbers& random, const ViewSquare& square,
+                  float dt) {
+    for (Emitter& emitter : effects.emitters) {
         const Vector2 at = emitter.position;
         if (!emitter.running || !square.Overlaps(at.x, at.x, at.y, at.y)) {
             continue;
@@ -53,24 +55,31 @@ void StepEmitters(const ViewSquare& square, float dt) {
         emitter.timeSinceEmit += dt;
         while (emitter.timeSinceEmit >= emitter.frequency) {
             emitter.timeSinceEmit -= emitter.frequency;
-            emitter.EmitOne();
+            emitter.EmitOne(effects, random);
         }
     }
 }
 
-void StepParticles(Vector2 down, float dt) {
-    // What gravity adds in this step, before the step's length comes in a second time below.
-    const Vector2 pull = down * ParticleManager::gravity * dt;
-    for (auto particle = particles.begin(); particle != particles.end();) {
-        const auto here = particle++;
-        here->timeLeft -= dt;
-        if (!(here->timeLeft > 0.0f)) {
-            spare.splice(spare.begin(), particles, here);
-            continue;
-        }
-        here->position += here->velocity * dt;
-        here->velocity += pull * here->gravity * dt;
+/// False if its time is over.
+bool StepParticle(FxParticle& particle, Vector2 pull, float dt) {
+    particle.timeLeft -= dt;
+    if (!(particle.timeLeft > 0.0f)) {
+        return false;
     }
+    particle.position += particle.velocity * dt;
+    particle.velocity += pull * particle.gravity * dt;
+    return true;
+}
+
+void StepParticles(std::vector<FxParticle>& list, Vector2 pull, float dt) {
+    // Those that stay move up.
+    std::size_t kept = 0;
+    for (FxParticle& particle : list) {
+        if (StepParticle(particle, pull, dt)) {
+            list[kept++] = particle;
+        }
+    }
+    list.resize(kept);
 }
 
 }  // namespace
@@ -84,9 +93,7 @@ void Initialise() {
 
 void Shutdown() {
     Console::Print("\nShutting down FX particle manager..");
-    particles.clear();
-    spare.clear();
-    emitters.clear();
+    current = {};
     hasComplained = false;
     commands.Remove();
 }
@@ -95,37 +102,30 @@ void Add(const Emitter& emitter) {
     emitters.push_back(emitter);
 }
 
-void AddParticle(const FxParticle& particle) {
-    VANTREL_ASSERT(particle.texture != nullptr);
-    if (spare.empty()) {
-        particles.push_back(particle);
-        return;
-    }
-    spare.front() = particle;
-    particles.splice(particles.end(), spare, spare.begin());
-}
-
-bool HasRoom() {
-    if (particles.size() < Limits::effectParticles) {
-        return true;
-    }
-    if (!hasComplained) {
+void TellOfCrowd() {
+    if (current.isCrowded && !hasComplained) {
         Console::Print("\nToo many effect particles fly, emitters wait. The most is ");
         Console::PrintUnsigned(static_cast<std::uint32_t>(Limits::effectParticles));
         Console::Print(".");
+        hasComplained = true;
     }
-    hasComplained = true;
-    return false;
 }
 
 void ClearParticles() {
-    spare.splice(spare.end(), particles);
+    particles.clear();
+}
+
+void Step(EffectsState& effects, RandomNumbers& random, float gravity, const View& view, float dt) {
+    VANTREL_ASSERT(dt >= 0.0f);
+    StepEmitters(effects, random, view.Emitting(), dt);
+    // What gravity adds in this step, before the step's length comes in a second time.
+    const Vector2 pull = view.Down() * gravity * dt;
+    StepParticles(effects.particles, pull, dt);
 }
 
 void Step(const View& view, float dt) {
-    VANTREL_ASSERT(dt >= 0.0f);
-    StepEmitters(view.Emitting(), dt);
-    StepParticles(view.Down(), dt);
+    Step(current, Random::current, ParticleManager::gravity, view, dt);
+    TellOfCrowd();
 }
 
 }  // namespace FxParticleManager

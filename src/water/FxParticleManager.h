@@ -1,18 +1,19 @@
 #pragma once
 // Sprite effects: sparks, drips, mist. An effect particle collides with nothing; it flies,
 // falls and fades. The manager owns the level's emitters and the particles they throw.
-// Particles point into their emitter's textures, so they go whenever emitters go. Pointers to
-// emitters stay valid until Shutdown.
+// Particles point into their emitter's textures, so they go whenever emitters go.
 
 #include <cstdint>
-#include <list>
 #include <string>
 #include <vector>
 
 #include "engine/Colour.h"
+#include "engine/Random.h"
 #include "engine/Vector2.h"
-#include "graphics/Texture.h"
+#include "graphics/TextureSet.h"
 #include "level/View.h"
+
+struct EffectsState;
 
 /// Where effect particles come from. Values 1 and 2 bound a random choice at a particle's birth.
 struct Emitter {
@@ -21,9 +22,9 @@ struct Emitter {
     /// Takes over what a settings file names; other values stay. The textures are the file's.
     void LoadSettings(const std::string& fileName);
     /// Emits `burstSize` particles at once, running or not.
-    void Burst();
+    void Burst(EffectsState& effects, RandomNumbers& random) const;
     /// Throws one particle if there is room. The random draws come in a fixed order.
-    void EmitOne() const;
+    void EmitOne(EffectsState& effects, RandomNumbers& random) const;
 
     std::uint32_t id = 0;  ///< what triggers address; not unique
     Vector2 position;
@@ -44,7 +45,7 @@ struct Emitter {
     Colour color2 = Colours::white;
     float gravity1 = 0.0f;  ///< factor
     float gravity2 = 0.0f;
-    std::vector<Texture> textures;  ///< a particle picks one; none: nothing is emitted
+    TextureSet textures;  ///< a particle picks one; none: nothing is emitted
 };
 
 struct FxParticle {
@@ -59,23 +60,38 @@ struct FxParticle {
     const Texture* texture = nullptr;  ///< an entry of the emitter's `textures`
 };
 
+struct EffectsState {
+    std::vector<Emitter> emitters;     ///< in the order of adding
+    std::vector<FxParticle> particles;  ///< the oldest first
+    bool isCrowded = false;  ///< an emitter had no room to throw in since the level began
+
+    /// False when as many particles fly as may. Emitters throw none then, and draw no random
+    /// numbers.
+    bool HasRoom();
+};
+
 namespace FxParticleManager {
 
-extern std::list<Emitter> emitters;
-extern std::list<FxParticle> particles;
+/// One step of any world's effects; `gravity` is that of the water.
+void Step(EffectsState& effects, RandomNumbers& random, float gravity, const View& view, float dt);
+
+// The world in play.
+
+extern EffectsState current;
+// Parts of `current` by their own names.
+inline std::vector<Emitter>& emitters = current.emitters;
+inline std::vector<FxParticle>& particles = current.particles;
 extern bool drawEmitters;
 
 void Initialise();
 void Shutdown();
 /// Appends a copy.
 void Add(const Emitter& emitter);
-void AddParticle(const FxParticle& particle);
-/// False when as many particles fly as may; the console says so, once for each level. Emitters
-/// throw none then, and draw no random numbers.
-bool HasRoom();
 /// Level restart: emitters stay.
 void ClearParticles();
 void Step(const View& view, float dt);
+/// Says on the console, once for each level, that too many particles fly.
+void TellOfCrowd();
 /// All particles (FxParticleManagerDraw.cpp).
 void Draw();
 /// Debug view: place, direction, cone and id of each emitter (FxParticleManagerDraw.cpp).

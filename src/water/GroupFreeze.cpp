@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "water/GroupMembers.h"
-#include "water/ParticleMover.h"
 
 namespace {
 
@@ -19,83 +18,98 @@ CellTable::Key KeyOf(Vector2 position) {
 
 }  // namespace
 
-void GroupFreeze::Run(ParticleList& particles, GroupList& groups) {
-    for (auto it = particles.begin(); it != particles.end();) {
-        const auto particle = it++;
-        if (particle->temperature <= freezingPoint) {
-            ParticleMover::GridRemove(*particle);
-            frozen.splice(frozen.end(), particles, particle);
-        }
-    }
-    if (frozen.empty()) {
+void GroupFreeze::Run(ParticleList& particles, GroupList& groups, RandomNumbers& random) {
+    const auto isFrozen = [](const Particle& particle) {
+        return particle.temperature <= freezingPoint;
+    };
+    const auto seeds = static_cast<std::size_t>(std::ranges::count_if(particles, isFrozen));
+    if (seeds == 0) {
         return;
     }
-    free = &particles;
     entries.clear();
     cellHeads.clear();
-    table.Reset(frozen.size() + particles.size());
-    const std::size_t seeds = frozen.size();
-    AddEntries(frozen, true);
+    allTaken.clear();
+    table.Reset(particles.size());
+    AddEntries(particles, true);
     AddEntries(particles, false);
+    const auto firstOld = static_cast<std::ptrdiff_t>(groups.size());
     for (std::uint32_t seed = 0; seed < seeds; ++seed) {
         if (!entries[seed].isTaken) {
-            MakeGroup(groups.emplace_front(), seed);
+            TakeWhatIsReached(particles, seed);
+            groups.push_back(MakeGroup(particles, random));
         }
     }
+    // The newest stands in front.
+    std::reverse(groups.begin() + firstOld, groups.end());
+    std::rotate(groups.begin(), groups.begin() + firstOld, groups.end());
+    std::ranges::sort(allTaken);
+    EraseAt(particles, allTaken);
 }
 
-void GroupFreeze::AddEntries(ParticleList& list, bool isFrozen) {
-    for (auto it = list.begin(); it != list.end(); ++it) {
-        const std::uint32_t cell = table.FindOrAdd(KeyOf(it->position));
+void GroupFreeze::AddEntries(const ParticleList& particles, bool areFrozen) {
+    for (std::uint32_t i = 0; i < particles.size(); ++i) {
+        if ((particles[i].temperature <= freezingPoint) != areFrozen) {
+            continue;
+        }
+        const std::uint32_t cell = table.FindOrAdd(KeyOf(particles[i].position));
         if (cell == cellHeads.size()) {
             cellHeads.push_back(noEntry);
         }
-        entries.push_back({it, cellHeads[cell], isFrozen, false});
+        entries.push_back({i, cellHeads[cell], false});
         cellHeads[cell] = static_cast<std::uint32_t>(entries.size() - 1);
     }
 }
 
-void GroupFreeze::MakeGroup(ParticleGroup& group, std::uint32_t seed) {
-    const Particle& first = *entries[seed].particle;
-    group.radius = group.targetRadius = Particle::radius;
-    group.position = first.position;
-    group.velocity = first.velocity;
-    group.pushVelocity = first.pushVelocity;
-    group.temperature = first.temperature;
-    entries[seed].particle->speed = 0.0f;
-    Take(group, seed);
-
+void GroupFreeze::TakeWhatIsReached(const ParticleList& particles, std::uint32_t seed) {
+    taken.clear();
+    Take(seed);
     work.assign(1, seed);
     while (!work.empty()) {
-        const Vector2 centre = entries[work.back()].particle->position;
+        const Vector2 centre = particles[entries[work.back()].particle].position;
         work.pop_back();
-        FindReached(centre);
+        FindReached(particles, centre);
         for (const std::uint32_t entry : reached) {
-            Take(group, entry);
+            Take(entry);
         }
         // The first one reached comes next, and all that it reaches before the second one.
         work.insert(work.end(), reached.rbegin(), reached.rend());
     }
-    group.targetRadius = TargetRadius(group.particles.size());
 }
 
-void GroupFreeze::Take(ParticleGroup& group, std::uint32_t entry) {
-    Entry& taken = entries[entry];
-    taken.isTaken = true;
-    ParticleMover::GridRemove(*taken.particle);
-    group.particles.splice(group.particles.begin(), taken.isFrozen ? frozen : *free,
-                           taken.particle);
-    GivePlace(*taken.particle);
+/// Of what was taken, the last one in front.
+ParticleGroup GroupFreeze::MakeGroup(const ParticleList& particles, RandomNumbers& random) const {
+    const Particle& seed = particles[taken.front()];
+    ParticleGroup group;
+    group.radius = Particle::radius;
+    group.targetRadius = TargetRadius(taken.size());
+    group.position = seed.position;
+    group.velocity = seed.velocity;
+    group.pushVelocity = seed.pushVelocity;
+    group.temperature = seed.temperature;
+    group.particles.resize(taken.size());
+    auto member = group.particles.rbegin();
+    for (const std::uint32_t place : taken) {
+        *member = particles[place];
+        GivePlace(*member++, random);
+    }
+    group.particles.back().speed = 0.0f;
+    return group;
 }
 
-void GroupFreeze::FindReached(Vector2 centre) {
+void GroupFreeze::Take(std::uint32_t entry) {
+    entries[entry].isTaken = true;
+    taken.push_back(entries[entry].particle);
+    allTaken.push_back(entries[entry].particle);
+}
+
+void GroupFreeze::FindReached(const ParticleList& particles, Vector2 centre) {
     reached.clear();
     const CellTable::Key key = KeyOf(centre);
     for (std::int64_t y = key.y - 1; y <= key.y + 1; ++y) {
         for (std::int64_t x = key.x - 1; x <= key.x + 1; ++x) {
             const std::uint32_t cell = table.Find({x, y});
             if (cell != CellTable::none) {
-                FindReachedInCell(cell, centre);
+                FindReachedInCell(particles, cell, centre);
             }
         }
     }
@@ -103,12 +117,14 @@ void GroupFreeze::FindReached(Vector2 centre) {
 }
 
 /// Also unlinks what has been taken, so that no walk meets it twice.
-void GroupFreeze::FindReachedInCell(std::uint32_t cell, Vector2 centre) {
+void GroupFreeze::FindReachedInCell(const ParticleList& particles, std::uint32_t cell,
+                                    Vector2 centre) {
     std::uint32_t* link = &cellHeads[cell];
     while (*link != noEntry) {
         Entry& entry = entries[*link];
         const bool isReached =
-            !entry.isTaken && DistanceSquared(entry.particle->position, centre) <= reachSquared;
+            !entry.isTaken &&
+            DistanceSquared(particles[entry.particle].position, centre) <= reachSquared;
         if (isReached) {
             reached.push_back(*link);
         }

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "engine/Random.h"
 #include "water/CellTable.h"
 #include "water/Particle.h"
 
@@ -17,28 +18,28 @@ public:
 
     /// Takes all particles at or below 0 degrees, and all that these reach, out of `particles`
     /// and into new groups at the front of `groups`.
-    void Run(ParticleList& particles, GroupList& groups);
+    void Run(ParticleList& particles, GroupList& groups, RandomNumbers& random);
 
 private:
     /// A particle that could be taken. Its number in `entries` is its rank.
     struct Entry {
-        ParticleList::iterator particle;
+        std::uint32_t particle;  ///< its place in the list
         std::uint32_t nextInCell;
-        bool isFrozen;
         bool isTaken;
     };
 
-    void AddEntries(ParticleList& list, bool isFrozen);
-    void MakeGroup(ParticleGroup& group, std::uint32_t seed);
-    void Take(ParticleGroup& group, std::uint32_t entry);
-    void FindReached(Vector2 centre);
-    void FindReachedInCell(std::uint32_t cell, Vector2 centre);
+    void AddEntries(const ParticleList& particles, bool areFrozen);
+    void TakeWhatIsReached(const ParticleList& particles, std::uint32_t seed);
+    ParticleGroup MakeGroup(const ParticleList& particles, RandomNumbers& random) const;
+    void Take(std::uint32_t entry);
+    void FindReached(const ParticleList& particles, Vector2 centre);
+    void FindReachedInCell(const ParticleList& particles, std::uint32_t cell, Vector2 centre);
 
-    ParticleList frozen;
-    ParticleList* free = nullptr;
     CellTable table;
     std::vector<Entry> entries;
     std::vector<std::uint32_t> cellHeads;
     std::vector<std::uint32_t> reached;  ///< by the current particle, in order of rank
     std::vector<std::uint32_t> work;     ///< taken but not yet spread from; the last is next
+    std::vector<std::uint32_t> taken;    ///< places of a group's members, in the order of taking
+    std::vector<std::uint32_t> allTaken;
 };

@@ -1,15 +1,14 @@
 #include "water/GroupMembers.h"
 
+#include <algorithm>
 #include <cmath>
 
-#include "engine/Random.h"
-
-void GivePlace(Particle& member) {
-    const float x = Random::Unit() - 0.5f;
-    const float y = Random::Unit() - 0.5f;
+void GivePlace(Particle& member, RandomNumbers& random) {
+    const float x = random.Unit() - 0.5f;
+    const float y = random.Unit() - 0.5f;
     member.groupDirection = {x, y};
     Normalise(member.groupDirection);
-    member.groupScale = Random::Unit();
+    member.groupScale = random.Unit();
 }
 
 float TargetRadius(std::size_t memberCount) {
@@ -19,20 +18,35 @@ float TargetRadius(std::size_t memberCount) {
 }
 
 void ReleaseMembers(ParticleGroup& group, ParticleList& particles) {
-    while (!group.particles.empty()) {
-        Particle& member = group.particles.front();
+    for (Particle& member : group.particles) {
         member.velocity = group.velocity;
         member.pushVelocity = {};
         member.temperature = group.temperature;
         member.speed = Length(member.velocity);
-        for (Vector2& past : member.positionHistory) {
-            past = member.position;
-        }
+        std::ranges::fill(member.positionHistory, member.position);
         member.inGrid = 0;
         member.gridX = 0;
         member.gridY = 0;
-        member.gridNext = nullptr;
-        member.gridPrevious = nullptr;
-        particles.splice(particles.begin(), group.particles, group.particles.begin());
+        member.gridNext = Particle::none;
+        member.gridPrevious = Particle::none;
     }
+    // One after the other to the front.
+    particles.insert(particles.begin(), group.particles.rbegin(), group.particles.rend());
+    group.particles.clear();
+}
+
+void EraseAt(ParticleList& particles, std::span<const std::uint32_t> places) {
+    if (places.empty()) {
+        return;
+    }
+    std::size_t kept = places.front();
+    auto next = places.begin();
+    for (std::size_t i = kept; i < particles.size(); ++i) {
+        if (next != places.end() && *next == i) {
+            ++next;
+        } else {
+            particles[kept++] = particles[i];
+        }
+    }
+    particles.resize(kept);
 }

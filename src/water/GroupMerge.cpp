@@ -1,16 +1,9 @@
-// Comparing all pairs is quadratic. Here groups lie in cells, on one level per power of two of
-// their target radius, so that a group looks only at the cells that its own radius and the
-// level's greatest reach.
-
 #include "water/GroupMerge.h"
 
 #include <algorithm>
 #include <bit>
 #include <cmath>
-#include <cstdint>
-#include <vector>
 
-#include "water/CellTable.h"
 #include "water/GroupMembers.h"
 
 namespace {
@@ -53,42 +46,12 @@ CellTable::Key KeyOf(std::int64_t x, std::int64_t y, int level) {
     return {x, y + (static_cast<std::int64_t>(level) << 56)};
 }
 
-class Merger {
-public:
-    void Run(GroupList& groups);
+}  // namespace
 
-private:
-    struct Entry {
-        std::uint32_t group;
-        std::uint32_t nextInCell;
-    };
-    /// A group, with copies of what the search reads.
-    struct Item {
-        ParticleGroup* group;
-        Vector2 position;
-        float targetRadius;
-        int level;  ///< `targetRadius` isn't greater than this level's
-    };
-
-    static bool Touch(const Item& a, const Item& b) {
-        return a.targetRadius + b.targetRadius + mergeMargin > Distance(a.position, b.position);
+void GroupMerge::Run(GroupList& groups) {
+    if (groups.size() < 2) {
+        return;
     }
-    static void MoveMembers(Item& from, Item& to);
-    void Enter(std::uint32_t group);
-    void MergeFirst(std::uint32_t a);
-    void Raise(std::uint32_t group);
-    void FindPartners(std::uint32_t a, std::uint32_t from);
-    void FindPartnersOnLevel(std::uint32_t a, std::uint32_t from, int level);
-
-    std::vector<Item> items;  ///< by place in the list
-    CellTable table;
-    std::vector<Entry> entries;
-    std::vector<std::uint32_t> cellHeads;
-    std::uint32_t usedLevels = 0;  ///< one bit per level
-    std::vector<std::uint32_t> partners;
-};
-
-void Merger::Run(GroupList& groups) {
     items.clear();
     entries.clear();
     cellHeads.clear();
@@ -103,14 +66,20 @@ void Merger::Run(GroupList& groups) {
     }
 }
 
-void Merger::MoveMembers(Item& from, Item& to) {
+bool GroupMerge::Touch(const Item& a, const Item& b) {
+    return a.targetRadius + b.targetRadius + mergeMargin > Distance(a.position, b.position);
+}
+
+void GroupMerge::MoveMembers(Item& from, Item& to) {
     ParticleGroup& target = *to.group;
-    target.particles.splice(target.particles.end(), from.group->particles);
+    ParticleList& members = from.group->particles;
+    target.particles.insert(target.particles.end(), members.begin(), members.end());
+    members.clear();
     target.targetRadius = to.targetRadius = TargetRadius(target.particles.size());
 }
 
 /// Puts the group into its cell on its level.
-void Merger::Enter(std::uint32_t group) {
+void GroupMerge::Enter(std::uint32_t group) {
     const Item& item = items[group];
     const double inverseSize = InverseCellSize(item.level);
     const std::uint32_t cell = table.FindOrAdd(KeyOf(
@@ -124,7 +93,7 @@ void Merger::Enter(std::uint32_t group) {
 }
 
 /// All pairs that have `a` as the first of the two.
-void Merger::MergeFirst(std::uint32_t a) {
+void GroupMerge::MergeFirst(std::uint32_t a) {
     Item& first = items[a];
     std::uint32_t from = a + 1;
     bool isGrown = true;
@@ -154,7 +123,7 @@ void Merger::MergeFirst(std::uint32_t a) {
 }
 
 /// Brings a group that has outgrown its level to the right one. It stays on the old one too.
-void Merger::Raise(std::uint32_t group) {
+void GroupMerge::Raise(std::uint32_t group) {
     const int level = LevelOf(items[group].targetRadius);
     if (level > items[group].level) {
         items[group].level = level;
@@ -163,7 +132,7 @@ void Merger::Raise(std::uint32_t group) {
 }
 
 /// The groups from place `from` on that touch `a`, in list order.
-void Merger::FindPartners(std::uint32_t a, std::uint32_t from) {
+void GroupMerge::FindPartners(std::uint32_t a, std::uint32_t from) {
     partners.clear();
     for (int level = 0; level < levelCount; ++level) {
         if ((usedLevels & (1u << level)) != 0) {
@@ -174,7 +143,7 @@ void Merger::FindPartners(std::uint32_t a, std::uint32_t from) {
     partners.erase(std::unique(partners.begin(), partners.end()), partners.end());
 }
 
-void Merger::FindPartnersOnLevel(std::uint32_t a, std::uint32_t from, int level) {
+void GroupMerge::FindPartnersOnLevel(std::uint32_t a, std::uint32_t from, int level) {
     const Item& first = items[a];
     // A little more than exact, so that distances that round down are in.
     const double reach =
@@ -193,15 +162,5 @@ void Merger::FindPartnersOnLevel(std::uint32_t a, std::uint32_t from, int level)
                 }
             }
         }
-    }
-}
-
-Merger merger;
-
-}  // namespace
-
-void MergeGroups(GroupList& groups) {
-    if (groups.size() > 1) {
-        merger.Run(groups);
     }
 }

@@ -3,21 +3,16 @@
 #include "water/GroupedParticleMover.h"
 
 #include <cmath>
+#include <utility>
 
 #include "engine/ConfigFile.h"
 #include "engine/Console.h"
 #include "engine/ConsoleCommands.h"
-#include "level/Collision.h"
 #include "platform/Assert.h"
-#include "water/GroupFreeze.h"
 #include "water/GroupMembers.h"
-#include "water/GroupMerge.h"
-#include "water/ParticleManager.h"
-#include "water/WaterStep.h"
 
 namespace GroupedParticleMover {
 
-GroupList groups;
 bool groupDraw = false;
 
 namespace {
@@ -29,29 +24,33 @@ float iceGravityStrenght = 0.0f;          // factor on the gravity of groups
 
 /// Longest move between two collision queries, as a share of the radius.
 constexpr float hopShare = 0.75f;
+
 /// What one step does to all groups.
 struct GroupStep {
-    GroupStep(const View& view, float dt)
-        : water(view, dt),
-          gravity(water.gravity * iceGravityStrenght),
-          memberShare(std::pow(particleGroupInterpolation, dt)),
-          radiusShare(std::pow(groupExpandSpeed, dt)) {}
+    explicit GroupStep(const WaterStep& step)
+        : water(step),
+          gravity(step.gravity * iceGravityStrenght),
+          memberShare(std::pow(particleGroupInterpolation, step.dt)),
+          radiusShare(std::pow(groupExpandSpeed, step.dt)) {}
 
-    WaterStep water;
+    const WaterStep& water;
     Vector2 gravity;
     float memberShare;
     float radiusShare;
 };
 
-void Hop(ParticleGroup& group, Vector2 hop) {
+Contact Hop(ParticleGroup& group, Vector2 hop, const WaterStep& step) {
     group.position += hop;
-    if (Collision::CollideCircle(group.position, group.radius)) {
+    const Contact contact = step.Collide(group.position, group.radius);
+    if (contact) {
         group.hitThisStep = 1;
     }
+    return contact;
 }
 
-/// Moves the group by `length`, longer than a hop, along the unit vector `direction`.
-void HopAlong(ParticleGroup& group, Vector2 direction, float length) {
+/// Moves the group by `length`, longer than a hop, along the unit vector `direction`; gives what
+/// the last hop touched.
+Contact HopAlong(ParticleGroup& group, Vector2 direction, float length, const WaterStep& step) {
     const float hop = group.radius * hopShare;
     if (length - hop == length) {
         // So long that a hop is lost in its rounding: counted off, it would never end. So many
@@ -61,7 +60,7 @@ void HopAlong(ParticleGroup& group, Vector2 direction, float length) {
     const Vector2 move = direction * hop;
     while (length > hop) {
         const Vector2 before = group.position;
-        Hop(group, move);
+        Hop(group, move, step);
         length -= hop;
         if (group.position == before) {
             // It lies where it is stopped, and would be put back there by each further hop.
@@ -70,25 +69,22 @@ void HopAlong(ParticleGroup& group, Vector2 direction, float length) {
             }
         }
     }
-    Hop(group, direction * length);
+    return Hop(group, direction * length, step);
 }
 
-/// Moves the group in hops, and takes from its velocity what the last query touched. Ice
-/// slides: there is no friction. Unlike a particle's, the move isn't cut.
-void Move(ParticleGroup& group, float dt) {
+/// Moves the group in hops, and takes from its velocity what the last one touched. Ice slides:
+/// there is no friction. Unlike a particle's, the move isn't cut.
+void Move(ParticleGroup& group, const WaterStep& step) {
     const Vector2 velocity = group.velocity + group.pushVelocity;
     if (velocity.x == 0.0f && velocity.y == 0.0f) {
         return;
     }
-    const Vector2 move = velocity * dt;
+    const Vector2 move = velocity * step.dt;
     const float length = Length(move);
-    if (length > group.radius * hopShare && std::isfinite(length)) {
-        HopAlong(group, move / length, length);
-    } else {
-        Hop(group, move);
-    }
-    const Vector2 normal = Collision::ContactNormal();
-    group.velocity -= normal * Dot(normal, group.velocity);
+    const bool isLong = length > group.radius * hopShare && std::isfinite(length);
+    const Contact contact =
+        isLong ? HopAlong(group, move / length, length, step) : Hop(group, move, step);
+    group.velocity -= contact.normal * Dot(contact.normal, group.velocity);
 }
 
 /// Members follow the group and glide to their places in it.
@@ -106,14 +102,14 @@ void MoveMembers(ParticleGroup& group, Vector2 delta, float share) {
 }
 
 /// False if the group is to go, with its members.
-bool StepGroup(ParticleGroup& group, const GroupStep& step, float dt) {
+bool StepGroup(ParticleGroup& group, const GroupStep& step) {
     group.hitThisStep = 0;
     if (step.water.rectangle.IsOutside(group.position, group.radius + viewMargin) ||
         IsBeyondReason(group.position, group.velocity, group.pushVelocity, group.temperature)) {
         return false;
     }
     if (group.dying == 1) {
-        group.killTimer -= dt;
+        group.killTimer -= step.water.dt;
         if (group.killTimer <= 0.0f) {
             return false;
         }
@@ -122,7 +118,7 @@ bool StepGroup(ParticleGroup& group, const GroupStep& step, float dt) {
     group.temperature = step.water.Warmed(group.temperature);
     group.radius = step.radiusShare * group.radius + (1.0f - step.radiusShare) * group.targetRadius;
     const Vector2 before = group.position;
-    Move(group, dt);
+    Move(group, step.water);
     MoveMembers(group, group.position - before, step.memberShare);
     group.pushVelocity = {};
     return true;
@@ -140,8 +136,6 @@ const Console::CommandTable commands{
     {"ParticleGroupDraw", GroupDraw,
      "Shows the circles of the lumps of ice, until the next level."},
 };
-
-GroupFreeze freezer;
 
 }  // namespace
 
@@ -166,32 +160,43 @@ void Shutdown() {
     commands.Remove();
 }
 
-void Freeze(ParticleList& particles) {
-    freezer.Run(particles, groups);
+void Freeze(const WaterParts& parts) {
+    parts.work.freezer.Run(parts.water.particles, parts.water.groups, parts.random);
 }
 
-void Step(const View& view, float dt, ParticleList& particles) {
-    VANTREL_ASSERT(dt >= 0.0f);
-    if (groups.empty()) {
+void Step(const WaterStep& step) {
+    GroupList& list = step.water.groups;
+    if (list.empty()) {
         return;
     }
-    const GroupStep step(view, dt);
-    for (auto group = groups.begin(); group != groups.end();) {
-        bool stays = StepGroup(*group, step, dt);
-        if (stays && !(group->temperature <= freezingPoint && !group->particles.empty())) {
-            ReleaseMembers(*group, particles);
-            stays = false;
+    const GroupStep groupStep(step);
+    // Those that stay move up.
+    std::size_t kept = 0;
+    for (ParticleGroup& group : list) {
+        if (!StepGroup(group, groupStep)) {
+            continue;
         }
-        group = stays ? std::next(group) : groups.erase(group);
+        if (!(group.temperature <= freezingPoint && !group.particles.empty())) {
+            ReleaseMembers(group, step.water.particles);
+            continue;
+        }
+        std::swap(list[kept++], group);
     }
-    MergeGroups(groups);
+    list.resize(kept);
+    step.work.merger.Run(list);
+}
+
+void Freeze() {
+    Freeze(ParticleManager::Parts());
+}
+
+void Step(const View& view, float dt) {
+    VANTREL_ASSERT(dt >= 0.0f);
+    Step(WaterStep(ParticleManager::Parts(), view, dt));
 }
 
 void KillGroup(ParticleGroup& group) {
-    if (group.dying == 0) {
-        group.dying = 1;
-        group.killTimer = ParticleManager::particleKillTime;
-    }
+    ParticleManager::current.Kill(group);
 }
 
 }  // namespace GroupedParticleMover

@@ -3,7 +3,7 @@
 // free water lies between `freezingPoint` and `boilingPoint`, free steam from there on.
 
 #include <cstdint>
-#include <list>
+#include <vector>
 
 #include "engine/Vector2.h"
 
@@ -14,26 +14,32 @@ constexpr float boilingPoint = 100.0f;
 struct Particle {
     /// Collision radius of every particle, world units.
     static constexpr float radius = 2.0f;
+    /// No other particle.
+    static constexpr std::uint32_t none = 0xFFFFFFFFu;
 
-    Vector2 position;            ///< world units
-    Vector2 positionHistory[3];  ///< after the last three steps, the newest first
-    Vector2 velocity;            ///< units per second
-    Vector2 pushVelocity;        ///< added to `velocity` for one move, then cleared
-    float temperature = 0.0f;    ///< degrees
-    float speed = 0.0f;          ///< length of the whole velocity after this step's move
-    Particle* gridNext = nullptr;
-    Particle* gridPrevious = nullptr;
+    // What motion and neighbours read stands first: it shares a cache line.
+
+    Vector2 position;          ///< world units
+    Vector2 velocity;          ///< units per second
+    Vector2 pushVelocity;      ///< added to `velocity` for one move, then cleared
+    float temperature = 0.0f;  ///< degrees
+    // The chain of the grid's cell, by place in the list of particles; valid during the moves of
+    // a step.
+    std::uint32_t gridNext = none;
+    std::uint32_t gridPrevious = none;
     std::uint32_t gridX = 0;
     std::uint32_t gridY = 0;
     std::uint8_t inGrid = 0;
     std::uint8_t dying = 0;
-    float killTimer = 0.0f;   ///< seconds left once `dying` is set
-    Vector2 groupDirection;   ///< unit; the place in a group
-    float groupScale = 0.0f;  ///< 0..1; the place in a group
+    float killTimer = 0.0f;      ///< seconds left once `dying` is set
+    Vector2 groupDirection;      ///< unit; the place in a group
+    float groupScale = 0.0f;     ///< 0..1; the place in a group
+    float speed = 0.0f;          ///< length of the whole velocity after this step's move
+    Vector2 positionHistory[3];  ///< after the last three steps, the newest first
 };
 
-/// Moving a particle between lists relinks its node: its address stays.
-using ParticleList = std::list<Particle>;
+/// In the order in which the rules walk them: a list's front is the array's.
+using ParticleList = std::vector<Particle>;
 
 /// One rigid lump of ice.
 struct ParticleGroup {
@@ -48,4 +54,4 @@ struct ParticleGroup {
     std::uint8_t dying = 0;
     float killTimer = 0.0f;
 };
-using GroupList = std::list<ParticleGroup>;
+using GroupList = std::vector<ParticleGroup>;

@@ -7,75 +7,77 @@
 #include "engine/ConfigFile.h"
 #include "engine/Console.h"
 #include "engine/ConsoleCommands.h"
-#include "engine/Random.h"
+#include "level/LevelData.h"
 #include "platform/Assert.h"
+#include "water/GroupMembers.h"
 #include "water/GroupedParticleMover.h"
-#include "water/ParticleGrid.h"
 #include "water/ParticleMover.h"
 #include "water/WaterCheck.h"
-#include "water/WaterStep.h"
 
 namespace ParticleManager {
 
-ParticleList particles;
-float gravity = 0.0f;
-float roomTemperature = 0.0f;
-float heatTransferRate = 0.0f;
-float steamRiseRate = 0.0f;
-float steamScatterRate = 0.0f;
-float particleKillTime = 0.0f;
+WaterState current;
 
 namespace {
 
 constexpr float shortestKillTime = 0.0001f;
 
-using Iterator = ParticleList::iterator;
+WaterWorkspace workspace;
 
-Iterator Erase(Iterator particle) {
-    ParticleMover::GridRemove(*particle);
-    return particles.erase(particle);
-}
-
-void DropUnreasonable() {
-    for (auto it = particles.begin(); it != particles.end();) {
-        const bool drop =
-            IsBeyondReason(it->position, it->velocity, it->pushVelocity, it->temperature);
-        it = drop ? Erase(it) : std::next(it);
-    }
+bool HoldsUnreasonable(const Particle& particle) {
+    return IsBeyondReason(particle.position, particle.velocity, particle.pushVelocity,
+                          particle.temperature);
 }
 
 /// Gravity pulls water down; steam rises instead, and is pushed in a random direction.
-void Accelerate(Particle& particle, Vector2 gravityStep) {
+void Accelerate(Particle& particle, const WaterStep& step) {
     if (particle.temperature < boilingPoint) {
-        particle.velocity += gravityStep;
+        particle.velocity += step.gravity;
         return;
     }
-    particle.velocity -= gravityStep * steamRiseRate;
-    Vector2 scatter = gravityStep * steamScatterRate;
-    Rotate(scatter, Random::Unit() * fullTurn);
+    particle.velocity -= step.gravity * step.water.steamRiseRate;
+    Vector2 scatter = step.gravity * step.water.steamScatterRate;
+    Rotate(scatter, step.random.Unit() * fullTurn);
     particle.velocity += scatter;
 }
 
 /// False if the particle is to go.
-bool StepParticle(Particle& particle, const WaterStep& step, float dt) {
+bool StepParticle(Particle& particle, const WaterStep& step) {
     if (step.rectangle.IsOutside(particle.position, Particle::radius + viewMargin)) {
         return false;
     }
     if (particle.dying != 0) {
-        particle.killTimer -= dt;
+        particle.killTimer -= step.dt;
         if (particle.killTimer <= 0.0f) {
             return false;
         }
     }
-    Accelerate(particle, step.gravity);
+    Accelerate(particle, step);
     particle.temperature = step.Warmed(particle.temperature);
     particle.positionHistory[2] = particle.positionHistory[1];
     particle.positionHistory[1] = particle.positionHistory[0];
     particle.positionHistory[0] = particle.position;
-    ParticleMover::MoveParticle(particle, dt);
+    ParticleMover::MoveParticle(particle, step);
     particle.speed = Length(particle.pushVelocity + particle.velocity);
     particle.pushVelocity = {};
     return true;
+}
+
+void StepParticles(const WaterStep& step, Vector2 gridCentre) {
+    ParticleList& list = step.water.particles;
+    ParticleGrid& grid = step.work.grid;
+    std::vector<std::uint32_t>& gone = step.work.gone;
+    gone.clear();
+    grid.FillFrom(list, gridCentre);
+    for (std::uint32_t i = 0; i < list.size(); ++i) {
+        if (!StepParticle(list[i], step)) {
+            grid.Remove(list, i);
+            gone.push_back(i);
+        }
+    }
+    WaterCheck::AfterMoves(grid, list);
+    grid.Clear();
+    EraseAt(list, gone);
 }
 
 float HeatTransferRate(float value, bool isSet) {
@@ -129,41 +131,49 @@ void Shutdown() {
     commands.Remove();
 }
 
-void CreateParticles(float x, float y, float radius, std::uint32_t amount) {
-    for (std::uint32_t i = 0; i < amount; ++i) {
-        const float distance = Random::Unit() * radius;
-        const float dx = Random::Unit() - 0.5f;
-        const float dy = Random::Unit() - 0.5f;
+void CreateParticles(WaterState& water, RandomNumbers& random, Vector2 centre, float radius,
+                     std::uint32_t amount) {
+    // Each stands before those created earlier.
+    water.particles.insert(water.particles.begin(), amount, Particle{});
+    for (std::uint32_t i = amount; i-- > 0;) {
+        const float distance = random.Unit() * radius;
+        const float dx = random.Unit() - 0.5f;
+        const float dy = random.Unit() - 0.5f;
         Vector2 direction{dx, dy};
         Normalise(direction);
-        Particle& particle = particles.emplace_front();
-        particle.position = Vector2{x, y} + direction * distance;
+        Particle& particle = water.particles[i];
+        particle.position = centre + direction * distance;
         for (Vector2& past : particle.positionHistory) {
             past = particle.position;
         }
-        particle.temperature = roomTemperature;
+        particle.temperature = water.roomTemperature;
     }
+}
+
+void CreateParticles(float x, float y, float radius, std::uint32_t amount) {
+    CreateParticles(current, Random::current, {x, y}, radius, amount);
+}
+
+void Step(const WaterParts& parts, const View& view, float dt) {
+    VANTREL_ASSERT(dt >= 0.0f);
+    const WaterStep step(parts, view, dt);
+    std::erase_if(step.water.particles, HoldsUnreasonable);
+    StepParticles(step, view.centre);
+    ParticleMover::Cohere(parts, dt);
+    GroupedParticleMover::Freeze(parts);
+    GroupedParticleMover::Step(step);
 }
 
 void Step(const View& view, float dt) {
-    VANTREL_ASSERT(dt >= 0.0f);
-    const WaterStep step(view, dt);
-    DropUnreasonable();
-    ParticleGrid::FillFrom(particles, view.centre);
-    for (auto it = particles.begin(); it != particles.end();) {
-        it = StepParticle(*it, step, dt) ? std::next(it) : Erase(it);
-    }
-    ParticleMover::Cohere(dt);
-    GroupedParticleMover::Freeze(particles);
-    GroupedParticleMover::Step(view, dt, particles);
-    WaterCheck::AfterStep();
+    Step(Parts(), view, dt);
+}
+
+WaterParts Parts() {
+    return {current, LevelData::current, Collision::current, Random::current, workspace};
 }
 
 void KillParticle(Particle& particle) {
-    if (particle.dying == 0) {
-        particle.dying = 1;
-        particle.killTimer = particleKillTime;
-    }
+    current.Kill(particle);
 }
 
 std::uint32_t Count() {
@@ -171,16 +181,12 @@ std::uint32_t Count() {
 }
 
 std::size_t AllWater() {
-    std::size_t count = particles.size();
-    for (const ParticleGroup& group : GroupedParticleMover::groups) {
-        count += group.particles.size();
-    }
-    return count;
+    return current.AllWater();
 }
 
 void ClearAll() {
     particles.clear();
-    GroupedParticleMover::groups.clear();
+    current.groups.clear();
     ParticleMover::ClearGrid();
 }
 

@@ -5,28 +5,40 @@
 
 #include <cstdint>
 
+#include "engine/Random.h"
 #include "level/View.h"
 #include "water/WaterHit.h"
+#include "water/WaterState.h"
+#include "water/WaterStep.h"
 
 namespace ParticleManager {
 
-/// All free particles; a particle is in this list or in exactly one group.
-extern ParticleList particles;
+// Of any world.
 
-// Tuning values, from cfg\water.cfg.
-extern float gravity;           ///< units per second squared
-extern float roomTemperature;   ///< degrees that all matter drifts to
-extern float heatTransferRate;  ///< 0..1, share of the gap to it closed per second
-extern float steamRiseRate;     ///< factor on gravity, upwards
-extern float steamScatterRate;  ///< factor on gravity, in random directions
-extern float particleKillTime;  ///< seconds that a killed particle lives on, at least 0.0001
+/// Adds `amount` particles at random places within `radius` of `centre`, at the list's front.
+void CreateParticles(WaterState& water, RandomNumbers& random, Vector2 centre, float radius,
+                     std::uint32_t amount);
+/// One simulation step of all particles and groups; `dt` in seconds. What is far outside of the
+/// view is gone.
+void Step(const WaterParts& parts, const View& view, float dt);
+
+// The world in play.
+
+extern WaterState current;
+// Parts of `current` by their own names.
+inline ParticleList& particles = current.particles;
+inline float& gravity = current.gravity;
+inline float& roomTemperature = current.roomTemperature;
+inline float& heatTransferRate = current.heatTransferRate;
+inline float& steamRiseRate = current.steamRiseRate;
+inline float& steamScatterRate = current.steamScatterRate;
+inline float& particleKillTime = current.particleKillTime;
+/// The water in play with what its steps need.
+WaterParts Parts();
 
 void Initialise();
 void Shutdown();
-/// Adds `amount` particles at random places within `radius` of (x, y), at the list's front.
 void CreateParticles(float x, float y, float radius, std::uint32_t amount);
-/// One simulation step of all particles and groups; `dt` in seconds. What is far outside of the
-/// view is gone.
 void Step(const View& view, float dt);
 /// Starts the particle's last seconds; a second call changes nothing.
 void KillParticle(Particle& particle);

@@ -5,10 +5,6 @@
 #include <vector>
 
 #include "engine/Console.h"
-#include "engine/Random.h"
-#include "level/Collision.h"
-#include "water/Clusters.h"
-#include "water/ParticleGrid.h"
 #include "water/ParticleManager.h"
 
 namespace ParticleMover {
@@ -44,18 +40,21 @@ struct Push {
 /// until it has met all.
 class Meeting {
 public:
-    explicit Meeting(Particle& met)
-        : particle(met),
+    Meeting(ParticleList& list, Particle& met)
+        : particles(list),
+          particle(met),
           position(met.position),
           velocity(met.velocity),
           pushVelocity(met.pushVelocity),
           temperature(met.temperature) {}
 
-    void MeetChain(Particle* other) {
-        for (; other != nullptr; other = other->gridNext) {
-            if (other != &particle) {
-                Meet(*other);
+    void MeetChain(std::uint32_t number) {
+        while (number != Particle::none) {
+            Particle& other = particles[number];
+            if (&other != &particle) {
+                Meet(other);
             }
+            number = other.gridNext;
         }
     }
 
@@ -91,6 +90,7 @@ private:
         other.temperature = temperature = (temperature + other.temperature) * 0.5f;
     }
 
+    ParticleList& particles;
     Particle& particle;
     const Vector2 position;
     Vector2 velocity;
@@ -104,18 +104,19 @@ private:
 /// Visits the particle's cell and the two columns beside it, each column from its middle row
 /// down and then up, but not the cells right above and below: stacked particles let each other
 /// through until one drifts aside.
-Push MeetNeighbours(Particle& particle) {
+Push MeetNeighbours(Particle& particle, const WaterStep& step) {
+    const ParticleGrid& grid = step.work.grid;
     const std::uint32_t x = particle.gridX;
     const std::uint32_t y = particle.gridY;
-    Particle* chains[7] = {ParticleGrid::Head(x, y)};
+    std::uint32_t chains[7] = {grid.Head(x, y)};
     int chainCount = 1;
     const auto addColumn = [&](std::uint32_t column) {
-        chains[chainCount++] = ParticleGrid::Head(column, y);
+        chains[chainCount++] = grid.Head(column, y);
         if (y < ParticleGrid::side - 1) {
-            chains[chainCount++] = ParticleGrid::Head(column, y + 1);
+            chains[chainCount++] = grid.Head(column, y + 1);
         }
         if (y > 0) {
-            chains[chainCount++] = ParticleGrid::Head(column, y - 1);
+            chains[chainCount++] = grid.Head(column, y - 1);
         }
     };
     if (x > 0) {
@@ -124,55 +125,56 @@ Push MeetNeighbours(Particle& particle) {
     if (x < ParticleGrid::side - 1) {
         addColumn(x + 1);
     }
-    Meeting meeting(particle);
+    Meeting meeting(step.water.particles, particle);
     for (int i = 0; i < chainCount; ++i) {
         meeting.MeetChain(chains[i]);
     }
     return meeting.Finish();
 }
 
-/// Moves a position by `move` in hops, each followed by a collision query.
-void Hop(Vector2& position, Vector2 move) {
+/// Moves a position by `move` in hops, each followed by a collision query; gives what the last
+/// one touched.
+Contact Hop(Vector2& position, Vector2 move, const WaterStep& step) {
     float length = Length(move);
     if (length <= hopLength) {
         position += move;
-        Collision::CollideCircle(position, Particle::radius);
-        return;
+        return step.Collide(position, Particle::radius);
     }
     const Vector2 direction = move / length;
     if (length > longestMove) {
         length = longestMove;
     }
+    Contact contact;
     while (length > 0.0f) {
         const float hop = length > hopLength ? hopLength : length;
         position += direction * hop;
-        Collision::CollideCircle(position, Particle::radius);
+        contact = step.Collide(position, Particle::radius);
         length = length > hopLength ? length - hopLength : 0.0f;
     }
+    return contact;
 }
 
-/// What the last query touched takes the velocity along its normal, both ways, and damps the
-/// rest. There is no bounce.
-void RespondToContact(Particle& particle, float dt) {
-    const Vector2 normal = Collision::ContactNormal();
-    particle.velocity -= normal * Dot(normal, particle.velocity);
-    const float friction = Collision::ContactFriction();
-    if (friction != 1.0f) {  // pow(1, dt) is 1
-        particle.velocity *= std::pow(friction, dt);
+/// What is touched takes the velocity along its normal, both ways, and damps the rest. There is
+/// no bounce.
+void RespondToContact(Particle& particle, const Contact& contact, float dt) {
+    particle.velocity -= contact.normal * Dot(contact.normal, particle.velocity);
+    if (contact.friction != 1.0f) {  // pow(1, dt) is 1
+        particle.velocity *= std::pow(contact.friction, dt);
     }
 }
 
-/// Moves one body's members towards their centre. `working` holds all particles in the order
-/// of clustering.
-void PullTogether(std::span<const std::uint32_t> members, std::span<Particle* const> working,
-                  float dt) {
+/// Moves one body's members towards their centre. `order` holds the places of all particles in
+/// the order of clustering.
+void PullTogether(std::span<const std::uint32_t> members, std::span<const std::uint32_t> order,
+                  const WaterParts& parts, float dt) {
+    ParticleList& particles = parts.water.particles;
     Vector2 sum;
     for (const std::uint32_t member : members) {
-        sum += working[member]->position;
+        sum += particles[order[member]].position;
     }
     const Vector2 centre = sum / static_cast<float>(members.size());
     for (const std::uint32_t member : members) {
-        Vector2& position = working[member]->position;
+        Vector2& position = particles[order[member]].position;
         Vector2 direction = centre - position;
         const float distance = Length(direction);
         if (distance <= nearestCentre) {
@@ -184,59 +186,32 @@ void PullTogether(std::span<const std::uint32_t> members, std::span<Particle* co
             move = longestCohesion;
         }
         // Drawn before it is known whether the particle moves at all.
-        const float noiseX = (Random::Unit() - 0.5f) * cohesionNoise;
-        const float noiseY = (Random::Unit() - 0.5f) * cohesionNoise;
+        const float noiseX = (parts.random.Unit() - 0.5f) * cohesionNoise;
+        const float noiseY = (parts.random.Unit() - 0.5f) * cohesionNoise;
         if (move > 0.0f) {
             position += direction * move + Vector2{noiseX, noiseY};
-            Collision::CollideCircle(position, Particle::radius);
+            parts.space.CollideCircle(parts.level, position, Particle::radius);
         }
     }
 }
 
-// Storage of Cohere, kept from step to step.
-Clusters clusters;
-std::vector<Particle*> workingStore;
-std::vector<Vector2> workingPositions;
+/// The place of a particle of the world in play.
+std::uint32_t NumberOf(const Particle& particle) {
+    return static_cast<std::uint32_t>(&particle - ParticleManager::particles.data());
+}
 
 }  // namespace
 
-void Initialise() {
-    Console::Print("\nInitialising particle mover..");
-    ParticleGrid::Clear();
-}
-
-void Shutdown() {
-    Console::Print("\nShutting down particle mover..");
-    ParticleGrid::Clear();
-}
-
-void ClearGrid() {
-    ParticleGrid::Clear();
-    for (Particle& particle : ParticleManager::particles) {
-        particle.inGrid = 0;
-        particle.gridNext = nullptr;
-        particle.gridPrevious = nullptr;
-    }
-}
-
-void GridInsert(Particle& particle) {
-    ParticleGrid::Insert(particle);
-}
-
-void GridRemove(Particle& particle) {
-    ParticleGrid::Remove(particle);
-}
-
-void MoveParticle(Particle& particle, float dt) {
+void MoveParticle(Particle& particle, const WaterStep& step) {
     const Vector2 velocity = particle.velocity + particle.pushVelocity;
     if (velocity.x == 0.0f && velocity.y == 0.0f) {
         return;
     }
-    Hop(particle.position, velocity * dt);
-    RespondToContact(particle, dt);
+    const Contact contact = Hop(particle.position, velocity * step.dt, step);
+    RespondToContact(particle, contact, step.dt);
 
-    const Push push = MeetNeighbours(particle);
-    float scale = dt / fullPushTime;
+    const Push push = MeetNeighbours(particle, step);
+    float scale = step.dt / fullPushTime;
     if (scale > 1.0f) {
         scale = 1.0f;
     }
@@ -246,34 +221,73 @@ void MoveParticle(Particle& particle, float dt) {
             depth = hopLength;
         }
         particle.position += push.direction * depth;
-        Collision::CollideCircle(particle.position, Particle::radius);
+        step.Collide(particle.position, Particle::radius);
     }
 }
 
-void Cohere(float dt) {
+void Cohere(const WaterParts& parts, float dt) {
     // Each particle goes to the back or to the front of the working order by the toss of a
     // coin, so that clusters don't form the same way in each step.
-    const std::size_t count = ParticleManager::particles.size();
-    workingStore.resize(2 * count);
+    const ParticleList& particles = parts.water.particles;
+    const std::size_t count = particles.size();
+    std::vector<std::uint32_t>& store = parts.work.order;
+    store.resize(2 * count);
     std::size_t front = count;
     std::size_t back = count;
-    for (Particle& particle : ParticleManager::particles) {
-        if ((Random::Next() & 1u) != 0) {
-            workingStore[back++] = &particle;
+    for (std::uint32_t i = 0; i < count; ++i) {
+        if ((parts.random.Next() & 1u) != 0) {
+            store[back++] = i;
         } else {
-            workingStore[--front] = &particle;
+            store[--front] = i;
         }
     }
-    const std::span<Particle* const> working(workingStore.data() + front, count);
+    const std::span<const std::uint32_t> order(store.data() + front, count);
 
-    workingPositions.resize(count);
+    std::vector<Vector2>& positions = parts.work.positions;
+    positions.resize(count);
     for (std::size_t i = 0; i < count; ++i) {
-        workingPositions[i] = working[i]->position;
+        positions[i] = particles[order[i]].position;
     }
-    clusters.Find(workingPositions);
+    Clusters& clusters = parts.work.clusters;
+    clusters.Find(positions);
     for (std::size_t i = 0; i < clusters.Count(); ++i) {
-        PullTogether(clusters.Members(i), working, dt);
+        PullTogether(clusters.Members(i), order, parts, dt);
     }
+}
+
+void Initialise() {
+    Console::Print("\nInitialising particle mover..");
+    ParticleManager::Parts().work.grid.Clear();
+}
+
+void Shutdown() {
+    Console::Print("\nShutting down particle mover..");
+    ParticleManager::Parts().work.grid.Clear();
+}
+
+void ClearGrid() {
+    ParticleManager::Parts().work.grid.Clear();
+    for (Particle& particle : ParticleManager::particles) {
+        particle.inGrid = 0;
+        particle.gridNext = Particle::none;
+        particle.gridPrevious = Particle::none;
+    }
+}
+
+void GridInsert(Particle& particle) {
+    ParticleManager::Parts().work.grid.Insert(ParticleManager::particles, NumberOf(particle));
+}
+
+void GridRemove(Particle& particle) {
+    ParticleManager::Parts().work.grid.Remove(ParticleManager::particles, NumberOf(particle));
+}
+
+void MoveParticle(Particle& particle, const View& view, float dt) {
+    MoveParticle(particle, WaterStep(ParticleManager::Parts(), view, dt));
+}
+
+void Cohere(float dt) {
+    Cohere(ParticleManager::Parts(), dt);
 }
 
 }  // namespace ParticleMover

@@ -3,8 +3,6 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "water/GroupedParticleMover.h"
-#include "water/ParticleGrid.h"
 #include "water/ParticleManager.h"
 #include "water/WaterFold.h"
 #include "water/WaterStep.h"
@@ -20,22 +18,8 @@ bool IsUnreasonable(const Particle& p) {
 
 std::uint64_t Hash() {
     StateFold fold;
-    WaterFold::AddWater(fold);
+    WaterFold::AddWater(fold, ParticleManager::current);
     return fold.Value();
-}
-
-const char* ListFault() {
-    if (!ParticleGrid::IsConsistent(ParticleManager::particles)) {
-        return "the grid's chains don't fit the list of free particles";
-    }
-    for (const ParticleGroup& group : GroupedParticleMover::groups) {
-        for (const Particle& particle : group.particles) {
-            if (particle.inGrid != 0 || particle.gridNext != nullptr) {
-                return "a frozen particle is in the grid";
-            }
-        }
-    }
-    return nullptr;
 }
 
 const char* ValueFault() {
@@ -44,7 +28,7 @@ const char* ValueFault() {
             return "a free particle holds values beyond reason";
         }
     }
-    for (const ParticleGroup& group : GroupedParticleMover::groups) {
+    for (const ParticleGroup& group : ParticleManager::current.groups) {
         for (const Particle& particle : group.particles) {
             if (IsUnreasonable(particle)) {
                 return "a frozen particle holds values beyond reason";
@@ -54,10 +38,11 @@ const char* ValueFault() {
     return nullptr;
 }
 
-void AfterStep() {
+void AfterMoves([[maybe_unused]] const ParticleGrid& grid,
+                [[maybe_unused]] std::span<const Particle> particles) {
 #ifdef VANTREL_VALIDATE
-    if (const char* const fault = ListFault()) {
-        std::fprintf(stderr, "Water: %s\n", fault);
+    if (!grid.IsConsistent(particles)) {
+        std::fputs("Water: the grid's chains don't fit the list of particles\n", stderr);
         std::abort();
     }
 #endif

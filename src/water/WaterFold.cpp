@@ -3,20 +3,16 @@
 #include <functional>
 #include <map>
 
-#include "water/FxParticleManager.h"
-#include "water/GroupedParticleMover.h"
-#include "water/ParticleManager.h"
 
 namespace WaterFold {
 
 namespace {
 
 void Fold(StateFold& fold, const Particle& particle) {
-    // The chains are laid anew at the start of each step, but who then lies outside of the grid
-    // keeps its cell, and is pushed by what it meets there.
-    const auto& [position, history, velocity, pushVelocity, temperature, speed, gridNext,
-                 gridPrevious, gridX, gridY, inGrid, dying, killTimer, groupDirection, groupScale] =
-        particle;
+    // The chains are laid anew in each step, but who then lies outside of the grid keeps its cell,
+    // and is pushed by what it meets there.
+    const auto& [position, velocity, pushVelocity, temperature, gridNext, gridPrevious, gridX, gridY,
+                 inGrid, dying, killTimer, groupDirection, groupScale, speed, history] = particle;
     fold.Add(position, history[0], history[1], history[2], velocity, pushVelocity, temperature,
              speed, gridX, gridY, dying, killTimer, groupDirection, groupScale);
 }
@@ -42,7 +38,7 @@ void Fold(StateFold& fold, const Emitter& emitter) {
                  color2, gravity1, gravity2, textures] = emitter;
     fold.Add(id, position, direction, frequency, timeSinceEmit, spread, burstSize, running,
              useAlphaBlending, velocity1, velocity2, size1, size2, liveTime1, liveTime2, gravity1,
-             gravity2, textures.size());
+             gravity2);
     Fold(fold, color1);
     Fold(fold, color2);
 }
@@ -50,8 +46,8 @@ void Fold(StateFold& fold, const Emitter& emitter) {
 /// Numbers the textures of all emitters through, in their order.
 class TextureNumbers {
 public:
-    TextureNumbers() {
-        for (const Emitter& emitter : FxParticleManager::emitters) {
+    explicit TextureNumbers(const std::vector<Emitter>& emitters) {
+        for (const Emitter& emitter : emitters) {
             if (!emitter.textures.empty()) {
                 blocks[emitter.textures.data()] = count;
                 count += emitter.textures.size();
@@ -82,27 +78,29 @@ void Fold(StateFold& fold, const FxParticle& particle, const TextureNumbers& num
 
 }  // namespace
 
-void AddWater(StateFold& fold) {
-    using namespace ParticleManager;
+void AddWater(StateFold& fold, const WaterState& water) {
+    const auto& [particles, groups, gravity, roomTemperature, heatTransferRate, steamRiseRate,
+                 steamScatterRate, particleKillTime] = water;
     fold.Add(gravity, roomTemperature, heatTransferRate, steamRiseRate, steamScatterRate,
              particleKillTime, particles.size());
     for (const Particle& particle : particles) {
         Fold(fold, particle);
     }
-    fold.Add(GroupedParticleMover::groups.size());
-    for (const ParticleGroup& group : GroupedParticleMover::groups) {
+    fold.Add(groups.size());
+    for (const ParticleGroup& group : groups) {
         Fold(fold, group);
     }
 }
 
-void AddEffects(StateFold& fold) {
-    fold.Add(FxParticleManager::emitters.size());
-    for (const Emitter& emitter : FxParticleManager::emitters) {
+void AddEffects(StateFold& fold, const EffectsState& effects) {
+    const auto& [emitters, particles, isCrowded] = effects;  // the last is only told
+    fold.Add(emitters.size());
+    for (const Emitter& emitter : emitters) {
         Fold(fold, emitter);
     }
-    const TextureNumbers numbers;
-    fold.Add(FxParticleManager::particles.size());
-    for (const FxParticle& particle : FxParticleManager::particles) {
+    const TextureNumbers numbers(emitters);
+    fold.Add(particles.size());
+    for (const FxParticle& particle : particles) {
         Fold(fold, particle, numbers);
     }
 }

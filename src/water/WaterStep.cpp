@@ -2,15 +2,15 @@
 
 #include <cmath>
 
-#include "water/ParticleManager.h"
-
-WaterStep::WaterStep(const View& view, float dt)
-    : gravity(view.Down() * ParticleManager::gravity * dt),
+WaterStep::WaterStep(const WaterParts& parts, const View& view, float seconds)
+    : WaterParts(parts),
+      dt(seconds),
+      gravity(view.Down() * water.gravity * dt),
       rectangle(view.Rectangle()),
-      heatBlend(1.0f - std::pow(1.0f - ParticleManager::heatTransferRate, dt)) {}
+      heatBlend(1.0f - std::pow(1.0f - water.heatTransferRate, dt)) {}
 
 float WaterStep::Warmed(float temperature) const {
-    return ParticleManager::roomTemperature * heatBlend + (1.0f - heatBlend) * temperature;
+    return water.roomTemperature * heatBlend + (1.0f - heatBlend) * temperature;
 }
 
 bool IsBeyondReason(Vector2 a, Vector2 b, Vector2 c, float d) {

@@ -44,7 +44,7 @@ void BuildWorld(std::mt19937& random) {
         TestWorld::AddMover(id, {}, {200.0f, 0.0f}, 40.0f);
         Emitter emitter;
         emitter.id = id;
-        emitter.textures.resize(1);
+        emitter.textures = TextureSet(std::vector<Texture>(1));
         FxParticleManager::Add(emitter);
     }
     const int types[] = {401, 402, 404, 405, 406, 407, 409, 410, 501, 602, 603, 604, 801};
@@ -95,7 +95,7 @@ auto Play(unsigned seed, Triggers step) {
         }
         state << ", fired";
         for (const Trigger& trigger : TriggerManager::triggers) {
-            state << ' ' << trigger.fireCount;
+            state << ' ' << TriggerManager::StateOf(trigger).fireCount;
         }
         state << ", camera " << Camera::state << ", random " << Random::state << ", effects "
               << FxParticleManager::particles.size();
@@ -130,7 +130,7 @@ TEST(DelayedEffects, CostAStepNoMoreTheLongerTheyWait) {
     for (int i = 0; i < 20000; ++i) {
         TriggerManager::Step(Camera::Look(), 0.01f);
     }
-    EXPECT_EQ(TriggerManager::Delayed().Count(), 80000u);
+    EXPECT_EQ(Actors::current.delayedEffects.Count(), 80000u);
     EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::seconds(20));
 }
 
@@ -146,7 +146,7 @@ TEST(DelayedEffects, AreDroppedBeyondTheirLimitAndTheConsoleSaysSo) {
     for (int i = 0; i < 70; ++i) {
         TriggerManager::Step(Camera::Look(), 0.01f);
     }
-    EXPECT_EQ(TriggerManager::Delayed().Count(), Limits::waitingEffects);
+    EXPECT_EQ(Actors::current.delayedEffects.Count(), Limits::waitingEffects);
     const std::string text(Console::OutputText());
     const std::size_t at = text.find("\nToo many delayed effects of triggers wait");
     EXPECT_NE(at, std::string::npos);
@@ -155,7 +155,7 @@ TEST(DelayedEffects, AreDroppedBeyondTheirLimitAndTheConsoleSaysSo) {
     for (int i = 0; i < 50; ++i) {
         TriggerManager::Step(Camera::Look(), 0.01f);
     }
-    EXPECT_LT(TriggerManager::Delayed().Count(), Limits::waitingEffects);
+    EXPECT_LT(Actors::current.delayedEffects.Count(), Limits::waitingEffects);
     Console::Shutdown();
 }
 

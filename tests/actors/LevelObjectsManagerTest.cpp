@@ -23,6 +23,7 @@ protected:
         Platform::ForgetListings();
         Console::Initialise();
         LevelObjectsManager::Initialise();
+        LevelObjectsManager::objects.reserve(64);  // references hold
         Camera::position = {1000.0f, 0.0f};
         Camera::shakeOffset = {};
         Camera::zoom = 1.0f;
@@ -48,9 +49,10 @@ protected:
         LevelObjectsManager::Add(Make("sprite.png", position));
         LevelObject& object = LevelObjectsManager::objects.back();
         object.layer = layer;
-        object.frames[0].width = 20;
-        object.frames[0].height = 10;
-        object.frames[0].glName = glName;
+        auto& frame = const_cast<Texture&>(object.frames[0]);
+        frame.width = 20;
+        frame.height = 10;
+        frame.glName = glName;
         return object;
     }
     static std::size_t Queued(std::size_t layer) {

@@ -20,7 +20,7 @@ TEST(MoverManager, MakesCollidersOfSolidPolygonsWithTrianglesOnly) {
     TestWorld::AddMover(1, {}, {100.0f, 0.0f}, 10.0f, Mover::GoingToEnd);
     EXPECT_TRUE(MoverManager::colliders.empty());
     MoverManager::Step(Camera::Look(), 0.5f);
-    EXPECT_EQ(moved.offset, (Vector2{5.0f, 0.0f}));
+    EXPECT_EQ(LevelData::StateOf(moved).offset, (Vector2{5.0f, 0.0f}));
 }
 
 TEST(MoverManager, TurnsEdgesTowardsTheSolidForEitherWinding) {

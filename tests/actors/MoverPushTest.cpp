@@ -107,7 +107,7 @@ void PushPlainly(ParticleList& particles, GroupList& groups, const std::vector<V
     }
     for (std::size_t i = 0; i < from.size(); ++i) {
         const MoverCollider& collider = MoverManager::colliders[i];
-        const Vector2 corner = collider.polygon->offset - centre;
+        const Vector2 corner = LevelData::StateOf(*collider.polygon).offset - centre;
         if (collider.minX + corner.x <= 520.0f && collider.maxX + corner.x >= -520.0f &&
             collider.minY + corner.y <= 520.0f && collider.maxY + corner.y >= -520.0f) {
             Plain::Push(collider, from[i], water, dt);
@@ -134,7 +134,7 @@ void ExpectPlainStep(Vector2 centre, float dt) {
     GroupList groups = GroupedParticleMover::groups;
     std::vector<Vector2> from;
     for (const MoverCollider& collider : MoverManager::colliders) {
-        from.push_back(collider.polygon->offset);
+        from.push_back(LevelData::StateOf(*collider.polygon).offset);
     }
     MoverManager::Step(Camera::Look(), dt);
     PushPlainly(particles, groups, from, centre, dt);

@@ -33,12 +33,12 @@ TEST_F(Triggers, FireOnceOrForAllWaterInEveryStep) {
     }
     TriggerManager::Step(Camera::Look(), dt);
     TriggerManager::Step(Camera::Look(), dt);
-    EXPECT_EQ(once.fireCount, 1u);
-    EXPECT_EQ(always.fireCount, 200u);
+    EXPECT_EQ(TriggerManager::StateOf(once).fireCount, 1u);
+    EXPECT_EQ(TriggerManager::StateOf(always).fireCount, 200u);
     TriggerManager::Reset();
-    EXPECT_EQ(once.fireCount, 0u);
+    EXPECT_EQ(TriggerManager::StateOf(once).fireCount, 0u);
     TriggerManager::Step(Camera::Look(), dt);
-    EXPECT_EQ(once.fireCount, 1u);
+    EXPECT_EQ(TriggerManager::StateOf(once).fireCount, 1u);
 }
 
 TEST_F(Triggers, ReactOnlyNearTheCamera) {
@@ -48,8 +48,8 @@ TEST_F(Triggers, ReactOnlyNearTheCamera) {
     TestWorld::AddParticle({470.0f, 20.0f});
     Camera::zoom = 2.5f;
     TriggerManager::Step(Camera::Look(), dt);
-    EXPECT_EQ(near.fireCount, 1u);
-    EXPECT_EQ(far.fireCount, 0u);
+    EXPECT_EQ(TriggerManager::StateOf(near).fireCount, 1u);
+    EXPECT_EQ(TriggerManager::StateOf(far).fireCount, 0u);
 }
 
 TEST_F(Triggers, HeatCoolAndKillWhatIsInside) {
@@ -83,8 +83,8 @@ TEST_F(Triggers, TakeThingsOutOfTheLevelAndPutThemBack) {
         const int expected = kind == TriggerKind::EntityAdd ? 1 : 0;
         Make(kind, 7);
         TriggerManager::Step(Camera::Look(), dt);
-        EXPECT_EQ(gate.solid, expected);
-        EXPECT_EQ(gate.enabled, expected);
+        EXPECT_EQ(LevelData::StateOf(gate).solid, expected);
+        EXPECT_EQ(LevelData::StateOf(gate).enabled, expected);
         Vector2 circle{199.0f, 25.0f};
         EXPECT_EQ(Collision::CollideCircle(circle, 2.0f), expected == 1);
         EXPECT_EQ(ForceManager::forces.front().enabled, expected);
@@ -188,14 +188,14 @@ TEST_F(Triggers, WaitForTheirDelay) {
     EXPECT_EQ(mover.state, Mover::Stopped);
     TriggerManager::Step(Camera::Look(), dt);
     EXPECT_EQ(mover.state, Mover::GoingToEnd);
-    EXPECT_EQ(TriggerManager::Delayed().Count(), 0u);
+    EXPECT_EQ(Actors::current.delayedEffects.Count(), 0u);
 
     TriggerManager::Reset();
     Inside();
     TriggerManager::Step(Camera::Look(), dt);
-    EXPECT_EQ(TriggerManager::Delayed().Count(), 1u);
+    EXPECT_EQ(Actors::current.delayedEffects.Count(), 1u);
     TriggerManager::Reset();
-    EXPECT_EQ(TriggerManager::Delayed().Count(), 0u);
+    EXPECT_EQ(Actors::current.delayedEffects.Count(), 0u);
 }
 
 TEST_F(Triggers, CountWaterInTheFinish) {

@@ -124,9 +124,10 @@ TEST_F(SoundSourceTest, LivesWithItsLevel) {
     Write("lev/level.swah", std::string(TestLevelFile::Text(bytes)));
     ASSERT_TRUE(LevelData::Load("lev\\level.swah"));
     const auto fire = [](std::size_t number) {
-        Trigger& trigger = TriggerManager::triggers[number];
+        const Trigger& trigger = TriggerManager::triggers[number];
         TriggerEvents events;
-        trigger.effect({trigger, {}, 0.0f, events});
+        trigger.effect({trigger, {}, 0.0f, Actors::Parts(), events});
+        SoundSourceManager::Follow(events.sounds);
     };
     EXPECT_NEAR(Level(), 1.0, 0.02) << "the other waits for its trigger";
     fire(0);

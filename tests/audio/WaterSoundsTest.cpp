@@ -73,8 +73,7 @@ protected:
         group.hitThisStep = touching ? 1 : 0;
     }
     /// Steps for that long; loudness against a sample at full volume, over the last half.
-    template <class StepFunction>
-    double Run(StepFunction step, double seconds) {
+    double Run(void (*step)(float, bool), double seconds) {
         std::vector<float> half;
         const int steps = static_cast<int>(std::lround(seconds / static_cast<double>(dt)));
         for (int i = 0; i < steps; ++i) {

@@ -1,6 +1,10 @@
 // Any level file in the hands of the author's tool: written as a map and compiled again it is the
 // same, and the checks come through.
 
+#include <cstdlib>
+#include <deque>
+#include <span>
+
 #include "Check.h"
 #include "Compile.h"
 #include "Decompile.h"
@@ -8,27 +12,31 @@
 #include "MapReader.h"
 #include "fuzz/LevelMutator.h"
 
-void Try(std::string_view input) {
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     constexpr std::size_t longest = 4096;
     std::string reason;
     std::uint32_t version = 0;
-    const auto level =
-        input.size() <= longest ? LevelFile::Parse(BytesOf(input), reason, version) : std::nullopt;
+    const auto level = size <= longest
+                           ? LevelFile::Parse(std::as_bytes(std::span(data, size)), reason, version)
+                           : std::nullopt;
     if (!level) {
-        return;
+        return 0;
     }
     const std::string map = Decompile(*level);
-    const auto objects = ReadMap(BytesOf(map), reason);
+    const auto objects = ReadMap(std::as_bytes(std::span(map)), reason);
     const auto again = objects ? Compile(*objects, reason) : std::nullopt;
-    Expect(again && again->Serialise() == level->Serialise());
+    if (!again || again->Serialise() != level->Serialise()) {
+        std::abort();
+    }
     Problems problems;
-    std::list<LevelPolygon> polygons = MakePolygons(*level);
+    std::deque<LevelPolygon> polygons = MakePolygons(*level);
     CheckRecords(*level, problems);
     CheckBindings(*level, polygons, problems);
     CheckGeometry(*level, polygons, problems);
     CheckJoints(*level, polygons, problems);
     // Most of the time goes here; some of the inputs are enough.
-    if (input.size() % 8 == 0) {
+    if (size % 8 == 0) {
         CheckSpace(*level, polygons, problems);
     }
+    return 0;
 }

@@ -4,13 +4,17 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
-#include "fuzz/Harness.h"
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
 
 class MemoryFile {
 public:
-    explicit MemoryFile(std::string_view input) : number(memfd_create("fuzz", 0)) {
-        Expect(number >= 0 &&
-               write(number, input.data(), input.size()) == static_cast<ssize_t>(input.size()));
+    MemoryFile(const std::uint8_t* data, std::size_t size) : number(memfd_create("fuzz", 0)) {
+        if (number < 0 || write(number, data, size) != static_cast<ssize_t>(size)) {
+            std::abort();
+        }
     }
     ~MemoryFile() { close(number); }
     MemoryFile(const MemoryFile&) = delete;

@@ -34,18 +34,20 @@ void UseMenus(TestGame& game) {
 
 }  // namespace
 
-void Try(std::string_view input) {
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     constexpr std::size_t longest = 4096;
+    static const std::vector<std::byte> level = FuzzLevel().Serialise();
     FuzzGame& fuzz = FuzzGame::The();
     static const bool linked = (LinkSettings(fuzz.game.directory.path), true);
-    if (input.size() > longest || !linked) {
-        return;
+    if (size > longest || !linked) {
+        return 0;
     }
-    fuzz.game.directory.Write("settings.txt", input);
+    fuzz.game.directory.Write("settings.txt", {reinterpret_cast<const char*>(data), size});
     Console::Initialise();
-    fuzz.Load();
+    fuzz.Load(TestLevelFile::Text(level));
     UseMenus(fuzz.game);
     Camera::SetState(Camera::Following);
     fuzz.game.Frames(20);
     Game::Shutdown();
+    return 0;
 }

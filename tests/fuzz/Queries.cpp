@@ -1,16 +1,21 @@
 // Any bytes as a file of collision queries against a small level.
 
 #include <cstdio>
+#include <cstdlib>
+#include <deque>
 
 #include "LevelInput.h"
 #include "Print.h"
 #include "fuzz/MemoryFile.h"
 #include "support/TestLevelFile.h"
 
-void Try(std::string_view input) {
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static const bool silent = std::freopen("/dev/null", "w", stdout) != nullptr;
-    static std::list<LevelPolygon> polygons = MakePolygons(TestLevelFile::Rich());
-    const MemoryFile file(input);
+    static std::deque<LevelPolygon> polygons = MakePolygons(TestLevelFile::Rich());
+    const MemoryFile file(data, size);
     std::string failure;
-    Expect(silent && PrintCollisions(polygons, file.Path(), failure) == failure.empty());
+    if (!silent || PrintCollisions(polygons, file.Path(), failure) != failure.empty()) {
+        std::abort();
+    }
+    return 0;
 }

@@ -141,7 +141,7 @@ protected:
     }
     /// How many effect particles the bay's emitter has.
     std::ptrdiff_t Effects() const {
-        const std::vector<Texture>& textures = EmitterOf().textures;
+        const TextureSet& textures = EmitterOf().textures;
         return std::ranges::count_if(FxParticleManager::particles, [&](const FxParticle& particle) {
             return particle.texture >= textures.data() &&
                    particle.texture < textures.data() + textures.size();
@@ -237,7 +237,7 @@ TEST_F(Gallery, MoversGoFromEndToEndAndTakeTheirLoadAlong) {
         for (int i = 0; i < way.ends; ++i) {
             const float end = i % 2 == 0 ? lift.length : 0.0f;
             EXPECT_TRUE(RunUntil([&] { return lift.distance == end; }, 4.0f)) << "end " << i;
-            EXPECT_EQ(PolygonOf(lift.id).offset, (Vector2{0.0f, -end}));
+            EXPECT_EQ(LevelData::StateOf(PolygonOf(lift.id)).offset, (Vector2{0.0f, -end}));
             EXPECT_EQ(ObjectOf().offset, (Vector2{0.0f, -end}));
         }
         const float last = lift.distance;
@@ -269,7 +269,7 @@ TEST_F(Gallery, TwoMoversAddUp) {
     Pour("Two movers, one load");
     Run(3.0f);
     EXPECT_EQ(ObjectOf().offset, (Vector2{140.0f, -80.0f}));
-    EXPECT_EQ(PolygonOf(MoverOf().id).offset, (Vector2{140.0f, -80.0f}));
+    EXPECT_EQ(LevelData::StateOf(PolygonOf(MoverOf().id)).offset, (Vector2{140.0f, -80.0f}));
 }
 
 TEST_F(Gallery, WaterRidesOnATray) {

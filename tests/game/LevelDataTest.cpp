@@ -42,9 +42,8 @@ protected:
     static bool Printed(const std::string& text) {
         return Console::OutputText().find(text) != std::string::npos;
     }
-    static LevelPolygon& Polygon(std::size_t index) {
-        return *std::next(LevelData::polygons.begin(), static_cast<std::ptrdiff_t>(index));
-    }
+    static LevelPolygon& Polygon(std::size_t index) { return LevelData::polygons[index]; }
+    static PolygonState& State(std::size_t index) { return LevelData::current.polygons[index]; }
 
     TemporaryDirectory directory;
     WorkingDirectoryGuard inDirectory{directory.path};
@@ -206,25 +205,25 @@ TEST_F(LevelDataTest, SwitchesTheEdgesOfAPolygonAndRestarts) {
     const auto active = [] {
         const auto& segments = LevelData::polygonSegments[&Polygon(0)];
         return std::count_if(segments.begin(), segments.end(),
-                             [](const BspSegment* s) { return s->active != 0; });
+                             [](const BspSegment* s) { return BspTree::Collides(*s); });
     };
     LevelData::SetPolygonSolid(Polygon(0), false);
     LevelData::SetPolygonSolid(Polygon(1), false);
     EXPECT_EQ(active(), 0);
-    Polygon(0).enabled = 0;
-    Polygon(1).offset = {5.0f, 6.0f};
-    Polygon(1).previousOffset = {4.0f, 6.0f};
+    State(0).enabled = 0;
+    State(1).offset = {5.0f, 6.0f};
+    State(1).previousOffset = {4.0f, 6.0f};
     LevelData::drawTriangles = true;
 
     LevelData::Restart();
     EXPECT_EQ(active(), 4);
-    EXPECT_EQ(Polygon(0).enabled, 1);
-    EXPECT_EQ(Polygon(1).offset, Vector2());
-    EXPECT_EQ(Polygon(1).previousOffset, Vector2());
+    EXPECT_EQ(State(0).enabled, 1);
+    EXPECT_EQ(State(1).offset, Vector2());
+    EXPECT_EQ(State(1).previousOffset, Vector2());
     EXPECT_FALSE(LevelData::drawTriangles);
     // What a trigger made unsolid stays so.
-    EXPECT_EQ(Polygon(0).solid, 0);
-    EXPECT_EQ(Polygon(1).solid, 0);
+    EXPECT_EQ(State(0).solid, 0);
+    EXPECT_EQ(State(1).solid, 0);
     EXPECT_FALSE(LevelData::polygonSegments.contains(&Polygon(1)));
 }
 
@@ -267,8 +266,8 @@ TEST_F(LevelDataTest, QueuesMovedPolygonsInViewByTexture) {
         return a->texture < b->texture;
     }));
     EXPECT_TRUE(queued(0).empty());
-    Polygon(4).offset = {-5000.0f, 0.0f};
+    State(4).offset = {-5000.0f, 0.0f};
     EXPECT_EQ(queued(0).size(), 1u);
-    Polygon(4).enabled = 0;
+    State(4).enabled = 0;
     EXPECT_TRUE(queued(0).empty());
 }

@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 #include "game/StateHash.h"
+#include "level/BspTree.h"
 #include "support/TestGame.h"
 #include "water/GroupedParticleMover.h"
 #include "water/ParticleMover.h"
@@ -29,7 +30,6 @@ bool IsFlightOver() {
 /// Stops the water's drift by taking all but `count` particles away.
 void KeepParticles(std::size_t count) {
     while (ParticleManager::particles.size() > count) {
-        ParticleMover::GridRemove(ParticleManager::particles.back());
         ParticleManager::particles.pop_back();
     }
 }
@@ -190,17 +190,17 @@ TEST(LevelRestart, BringsBackWhatItShouldAndOnlyThat) {
     const LevelPolygon& gate = *std::next(LevelData::polygons.begin(), 4);
     const LevelPolygon& carried = *std::next(LevelData::polygons.begin(), 5);
     ASSERT_TRUE(game.FramesUntil([] { return MoverManager::movers.front().distance >= 50.0f; }));
-    EXPECT_EQ(gate.solid, 0);
-    EXPECT_EQ(gate.enabled, 0);
-    EXPECT_FALSE(LevelData::polygonSegments.at(&gate).front()->active);
-    EXPECT_EQ(carried.offset.y, 50.0f);
+    EXPECT_EQ(LevelData::StateOf(gate).solid, 0);
+    EXPECT_EQ(LevelData::StateOf(gate).enabled, 0);
+    EXPECT_FALSE(BspTree::Collides(*LevelData::polygonSegments.at(&gate).front()));
+    EXPECT_EQ(LevelData::StateOf(carried).offset.y, 50.0f);
 
     game.Restart();
-    EXPECT_EQ(gate.enabled, 1);
-    EXPECT_TRUE(LevelData::polygonSegments.at(&gate).front()->active);
-    EXPECT_EQ(carried.offset.y, 0.0f);
+    EXPECT_EQ(LevelData::StateOf(gate).enabled, 1);
+    EXPECT_TRUE(BspTree::Collides(*LevelData::polygonSegments.at(&gate).front()));
+    EXPECT_EQ(LevelData::StateOf(carried).offset.y, 0.0f);
     EXPECT_EQ(MoverManager::movers.front().distance, 0.0f);
-    EXPECT_EQ(carried.solid, 0) << "what a mover carries stays taken away";
+    EXPECT_EQ(LevelData::StateOf(carried).solid, 0) << "what a mover carries stays taken away";
     EXPECT_EQ(LevelProgress::WaterAtFinish(), 128u);
     EXPECT_TRUE(Camera::IsOpeningFlight());
     EXPECT_EQ(LevelProgress::ElapsedMs(), 0u);

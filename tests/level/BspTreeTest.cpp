@@ -6,29 +6,31 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <deque>
 #include <string>
 
 #include "engine/Console.h"
 #include "level/BspEdges.h"
 #include "level/BspWorlds.h"
+#include "level/LevelData.h"
 #include "reference/PlainEdges.h"
 #include "reference/PlainTree.h"
 #include "reference/Same.h"
 
 namespace {
 
-using Polygons = std::list<LevelPolygon>;
+using Polygons = std::deque<LevelPolygon>;
 
 /// An edge, and where it hangs in the tree if it is a node.
 constexpr const char* fields[] = {"depth",    "front side",  "start.x",     "start.y",  "end.x",
                                   "end.y",    "direction.x", "direction.y", "normal.x", "normal.y",
-                                  "friction", "length",      "active",      "polygon"};
+                                  "friction", "length",      "polygon"};
 using EdgeRow = Row<std::size(fields)>;
 
 EdgeRow RowOf(const BspSegment& e, int depth = 0, bool isFront = false) {
-    return {float(depth), float(isFront), e.start.x,       e.start.y,           e.end.x,
-            e.end.y,      e.direction.x,  e.direction.y,   e.normal.x,          e.normal.y,
-            e.friction,   e.length,       float(e.active), float(e.polygon->id)};
+    return {float(depth), float(isFront), e.start.x,           e.start.y,  e.end.x,
+            e.end.y,      e.direction.x,  e.direction.y,       e.normal.x, e.normal.y,
+            e.friction,   e.length,       float(e.polygon->id)};
 }
 
 std::vector<EdgeRow> RowsOf(const std::vector<BspSegment>& edges) {
@@ -246,7 +248,8 @@ TEST_F(BspTreeTest, CastsRaysToTheFirstActiveSegment) {
     std::vector<BspSegment*> nodes;
     BspTree::CollectNodes(nodes);
     for (BspSegment* node : nodes) {
-        node->active = node->polygon == &polygons.back();
+        LevelData::current.segmentsCollide[BspTree::NumberOf(*node)] =
+            node->polygon == &polygons.back();
     }
     to = {300.0f, 51.0f};
     hit = BspTree::CastRay({0.0f, 50.0f}, to);

@@ -4,7 +4,7 @@
 
 #include <cmath>
 #include <cstdint>
-#include <list>
+#include <deque>
 #include <vector>
 
 #include "level/LevelPolygon.h"
@@ -62,9 +62,9 @@ inline LevelPolygon Star(Dice& dice, float x, float y, float size, int corners) 
 }
 
 /// Tiles on a square grid, about two thirds of them filled.
-inline std::list<LevelPolygon> Tiles(std::uint32_t seed, int side) {
+inline std::deque<LevelPolygon> Tiles(std::uint32_t seed, int side) {
     Dice dice(seed);
-    std::list<LevelPolygon> polygons;
+    std::deque<LevelPolygon> polygons;
     for (int i = 0; i < side * side; ++i) {
         if (dice.Below(3) > 0) {
             const float x = 32.0f * static_cast<float>(i % side);
@@ -77,9 +77,9 @@ inline std::list<LevelPolygon> Tiles(std::uint32_t seed, int side) {
 }
 
 /// Boxes that overlap, touch, repeat each other and share lines.
-inline std::list<LevelPolygon> Boxes(std::uint32_t seed, int count) {
+inline std::deque<LevelPolygon> Boxes(std::uint32_t seed, int count) {
     Dice dice(seed);
-    std::list<LevelPolygon> polygons;
+    std::deque<LevelPolygon> polygons;
     for (int i = 0; i < count; ++i) {
         const auto x = static_cast<float>(10 * dice.Below(30));
         const auto y = static_cast<float>(10 * dice.Below(30));
@@ -91,9 +91,9 @@ inline std::list<LevelPolygon> Boxes(std::uint32_t seed, int count) {
 }
 
 /// Stars strewn over a square, so that few touch: the like of a cave.
-inline std::list<LevelPolygon> Stars(std::uint32_t seed, int count, float size = 60.0f) {
+inline std::deque<LevelPolygon> Stars(std::uint32_t seed, int count, float size = 60.0f) {
     Dice dice(seed);
-    std::list<LevelPolygon> polygons;
+    std::deque<LevelPolygon> polygons;
     const float side = 1.5f * size * std::sqrt(static_cast<float>(count));
     for (int i = 0; i < count; ++i) {
         const float x = dice.Within(0.0f, side);
@@ -104,9 +104,9 @@ inline std::list<LevelPolygon> Stars(std::uint32_t seed, int count, float size =
 }
 
 /// Boxes whose tops all lie on one line, nested and overlapping.
-inline std::list<LevelPolygon> Skyline(std::uint32_t seed, int count) {
+inline std::deque<LevelPolygon> Skyline(std::uint32_t seed, int count) {
     Dice dice(seed);
-    std::list<LevelPolygon> polygons;
+    std::deque<LevelPolygon> polygons;
     for (int i = 0; i < count; ++i) {
         const auto x = static_cast<float>(dice.Below(10 * count));
         const auto width = static_cast<float>(1 + dice.Below(2 * count));
@@ -117,7 +117,7 @@ inline std::list<LevelPolygon> Skyline(std::uint32_t seed, int count) {
 
 /// The same with all corners moved by up to two hundredths, about as far as the corners of
 /// polygons that touch may be apart.
-inline std::list<LevelPolygon> Nudged(std::uint32_t seed, std::list<LevelPolygon> polygons) {
+inline std::deque<LevelPolygon> Nudged(std::uint32_t seed, std::deque<LevelPolygon> polygons) {
     Dice dice(seed);
     for (LevelPolygon& polygon : polygons) {
         for (std::size_t i = 0; i < polygon.PointCount(); ++i) {
@@ -129,7 +129,7 @@ inline std::list<LevelPolygon> Nudged(std::uint32_t seed, std::list<LevelPolygon
 }
 
 /// Gives polygons the flags and surfaces that a level's triggers, movers and decoration do.
-inline void MixFlags(std::uint32_t seed, std::list<LevelPolygon>& polygons) {
+inline void MixFlags(std::uint32_t seed, std::deque<LevelPolygon>& polygons) {
     Dice dice(seed);
     for (LevelPolygon& polygon : polygons) {
         const int kind = dice.Below(12);

@@ -7,21 +7,22 @@
 
 #include "level/BspTree.h"
 #include "level/BspWorlds.h"
+#include "level/LevelData.h"
 #include "reference/PlainCollision.h"
 #include "reference/Same.h"
 
 namespace {
 
-using Polygons = std::list<LevelPolygon>;
+using Polygons = std::deque<LevelPolygon>;
 
 /// Asks for circles all over a square, and the plain form for the same ones.
 testing::AssertionResult AnswersPlainly(BspWorlds::Dice& dice, float low, float high,
-                                        const std::vector<BspSegment*>& moving) {
+                                        const std::vector<BspSegment>& moving) {
     constexpr const char* fields[] = {"x at first", "y at first", "radius",   "hit",     "x",
                                       "y",          "normal.x",   "normal.y", "friction"};
     std::vector<Row<9>> fast;
     std::vector<Row<9>> plain;
-    Collision::UseMovingSegments(&moving);
+    Collision::current.moving = moving;
     for (int i = 0; i < 4000; ++i) {
         const float x = dice.Within(low, high);
         const Vector2 at{x, dice.Within(low, high)};
@@ -35,7 +36,7 @@ testing::AssertionResult AnswersPlainly(BspWorlds::Dice& dice, float low, float 
         plain.push_back({at.x, at.y, radius, query.count > 0 ? 1.0f : 0.0f, query.position.x,
                          query.position.y, query.normal.x, query.normal.y, query.friction});
     }
-    Collision::UseMovingSegments(nullptr);
+    Collision::current.moving.clear();
     return Same("circle", fields, fast, plain);
 }
 
@@ -56,7 +57,7 @@ bool IsInside(const LevelPolygon& polygon, Vector2 point) {
 class CollisionTest : public testing::Test {
 protected:
     void TearDown() override {
-        Collision::UseMovingSegments(nullptr);
+        Collision::current.moving.clear();
         BspTree::Destroy();
     }
 
@@ -81,13 +82,12 @@ TEST_F(CollisionTest, AnswersAsThePlainFormDoes) {
             std::vector<BspSegment*> nodes;
             BspTree::CollectNodes(nodes);
             BspWorlds::Dice dice(seed);
-            std::list<BspSegment> moved;
-            std::vector<BspSegment*> moving;
-            for (BspSegment* node : nodes) {
-                node->active = dice.Below(10) != 0;
-                moving.push_back(&moved.emplace_back(*node));
-                moving.back()->SetEnds(node->start + Vector2{7.0f, 3.0f},
-                                       node->end + Vector2{7.0f, 3.0f});
+            std::vector<BspSegment> moving;
+            for (const BspSegment* node : nodes) {
+                LevelData::current.segmentsCollide[BspTree::NumberOf(*node)] = dice.Below(10) != 0;
+                moving.push_back(*node);
+                moving.back().SetEnds(node->start + Vector2{7.0f, 3.0f},
+                                      node->end + Vector2{7.0f, 3.0f});
             }
             ASSERT_TRUE(AnswersPlainly(dice, -40.0f, 600.0f, {})) << kind << ", seed " << seed;
             ASSERT_TRUE(AnswersPlainly(dice, -40.0f, 300.0f, moving))
@@ -137,9 +137,7 @@ TEST_F(CollisionTest, TakesMovingSegmentsBesideTheLevel) {
     BspTree::Build(floor);
     BspSegment platform;
     platform.SetEnds({0.0f, -20.0f}, {100.0f, -20.0f});
-    platform.active = 0;  // which only counts in the tree
-    const std::vector<BspSegment*> moving{&platform};
-    Collision::UseMovingSegments(&moving);
+    Collision::current.moving = {platform};
     // From both rims of the band, even from a full radius inside.
     EXPECT_TRUE(Collide({50.0f, -18.0f}));
     EXPECT_EQ(position, (Vector2{50.0f, -22.0f}));
@@ -152,7 +150,7 @@ TEST_F(CollisionTest, TakesMovingSegmentsBesideTheLevel) {
 TEST_F(CollisionTest, LetsNoCircleIntoAnySolid) {
     // Every kind of shape: convex, concave, spikes, a thin wall, tiles and overlaps.
     Polygons polygons = BspWorlds::Stars(5, 30);
-    polygons.splice(polygons.end(), BspWorlds::Boxes(6, 10));
+    std::ranges::move(BspWorlds::Boxes(6, 10), std::back_inserter(polygons));
     polygons.push_back(BspWorlds::Rectangle(-50, 500, 900, 505));
     polygons.push_back(BspWorlds::Outline({{-20, 300}, {0, 200}, {20, 300}}));
     BspTree::Build(polygons);

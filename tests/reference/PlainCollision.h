@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "level/BspSegment.h"
+#include "level/BspTree.h"
 
 namespace Plain {
 
@@ -36,7 +36,7 @@ struct CircleQuery {
             return;
         }
         const float d = Dot(position - s->start, s->normal);
-        if (d < radius && d >= -radius && s->active) {
+        if (d < radius && d >= -radius && BspTree::Collides(*s)) {
             Test(*s);
         }
         if (d < radius) {
@@ -74,12 +74,12 @@ struct CircleQuery {
 
 /// `count` is 0 if nothing was touched.
 inline CircleQuery CollideCircle(Vector2 position, float radius, const BspSegment* root,
-                                 const std::vector<BspSegment*>& moving) {
+                                 const std::vector<BspSegment>& moving) {
     CircleQuery query{position, radius};
-    for (const BspSegment* s : moving) {
-        const float d = Dot(position - s->start, s->normal);
+    for (const BspSegment& s : moving) {
+        const float d = Dot(position - s.start, s.normal);
         if (d >= -radius && d <= radius) {
-            query.Test(*s);
+            query.Test(s);
         }
     }
     query.Descend(root);

@@ -1,6 +1,7 @@
 #pragma once
 // Freezing, plainly: a recursion that walks all that is left for each particle taken.
 
+#include <algorithm>
 #include <cmath>
 #include <iterator>
 #include <vector>
@@ -17,37 +18,40 @@ inline void GivePlace(Particle& particle) {
     particle.groupScale = Random::Unit();
 }
 
-/// Takes all of both lists that frost reaches from `from`.
-inline void Grow(const Particle& from, ParticleGroup& group, ParticleList& frozen,
-                 ParticleList& free) {
-    std::vector<Particle*> reached;
+/// Moves the particle at `place` to the group's front.
+inline Particle& Move(ParticleList& from, std::size_t place, ParticleGroup& group) {
+    group.particles.insert(group.particles.begin(), from[place]);
+    from.erase(from.begin() + static_cast<std::ptrdiff_t>(place));
+    return group.particles.front();
+}
+
+/// Takes all of both lists that frost reaches from `centre`.
+inline void Grow(Vector2 centre, ParticleGroup& group, ParticleList& frozen, ParticleList& free) {
+    std::vector<Vector2> reached;
     for (ParticleList* list : {&frozen, &free}) {
-        for (auto it = list->begin(); it != list->end();) {
-            const auto particle = it++;
-            if (DistanceSquared(particle->position, from.position) <= 12.0f * 12.0f) {
-                group.particles.splice(group.particles.begin(), *list, particle);
-                GivePlace(*particle);
-                reached.push_back(&*particle);
+        for (std::size_t i = 0; i < list->size();) {
+            if (DistanceSquared((*list)[i].position, centre) <= 12.0f * 12.0f) {
+                Particle& taken = Move(*list, i, group);
+                GivePlace(taken);
+                reached.push_back(taken.position);
+            } else {
+                ++i;
             }
         }
     }
-    for (const Particle* particle : reached) {
-        Grow(*particle, group, frozen, free);
+    for (const Vector2 place : reached) {
+        Grow(place, group, frozen, free);
     }
 }
 
 inline void Freeze(ParticleList& free, GroupList& groups) {
     ParticleList frozen;
-    for (auto it = free.begin(); it != free.end();) {
-        const auto particle = it++;
-        if (particle->temperature <= 0.0f) {
-            frozen.splice(frozen.end(), free, particle);
-        }
-    }
+    const auto isFrozen = [](const Particle& particle) { return particle.temperature <= 0.0f; };
+    std::ranges::copy_if(free, std::back_inserter(frozen), isFrozen);
+    std::erase_if(free, isFrozen);
     while (!frozen.empty()) {
-        ParticleGroup& group = groups.emplace_front();
-        group.particles.splice(group.particles.begin(), frozen, frozen.begin());
-        Particle& seed = group.particles.front();
+        ParticleGroup& group = *groups.emplace(groups.begin());
+        Particle& seed = Move(frozen, 0, group);
         group.radius = 2.0f;
         group.position = seed.position;
         group.velocity = seed.velocity;
@@ -55,7 +59,7 @@ inline void Freeze(ParticleList& free, GroupList& groups) {
         group.temperature = seed.temperature;
         seed.speed = 0.0f;
         GivePlace(seed);
-        Grow(seed, group, frozen, free);
+        Grow(group.position, group, frozen, free);
         constexpr float pi = 3.1415927f;
         const auto count = static_cast<float>(group.particles.size());
         group.targetRadius = std::sqrt(count * (2.0f * 2.0f * pi) / pi);

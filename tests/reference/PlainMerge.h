@@ -16,7 +16,8 @@ inline void MergeGroups(GroupList& groups) {
             const bool intoB = b->targetRadius >= a->targetRadius;
             ParticleGroup& from = intoB ? *a : *b;
             ParticleGroup& to = intoB ? *b : *a;
-            to.particles.splice(to.particles.end(), from.particles);
+            to.particles.insert(to.particles.end(), from.particles.begin(), from.particles.end());
+            from.particles.clear();
             to.targetRadius = TargetRadius(to.particles.size());
         }
     }

@@ -9,7 +9,7 @@
 
 #include "actors/MoverManager.h"
 #include "level/Collision.h"
-#include "level/LevelPolygon.h"
+#include "level/LevelData.h"
 #include "water/ParticleManager.h"
 
 namespace Plain {
@@ -70,7 +70,8 @@ inline void Chain(std::list<Particle*>& free, std::list<Particle*>& carried) {
 
 /// One collider on its way from the offset `at` to its polygon's.
 inline void Push(const MoverCollider& collider, Vector2 at, FreeWater& water, float dt) {
-    const Vector2 move = collider.polygon->offset - at;
+    const Vector2 offset = LevelData::StateOf(*collider.polygon).offset;
+    const Vector2 move = offset - at;
     const float length = Length(move);
     std::list<Particle*> carried;
     std::list<ParticleGroup*> carriedGroups;
@@ -92,7 +93,7 @@ inline void Push(const MoverCollider& collider, Vector2 at, FreeWater& water, fl
         Catch(collider, at, water.groups, carriedGroups);
         for (Particle* particle : carried) {
             Collision::CollideCircleStatic(particle->position, 2.0f);
-            if (IsInside(*collider.polygon, particle->position - collider.polygon->offset)) {
+            if (IsInside(*collider.polygon, particle->position - offset)) {
                 ParticleManager::KillParticle(*particle);
             }
         }

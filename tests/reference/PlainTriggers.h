@@ -15,13 +15,14 @@ public:
         for (Entry& entry : entries) {
             entry.timeLeft -= dt;
             if (entry.timeLeft <= 0.0f) {
-                entry.trigger->effect({*entry.trigger, {}, entry.dt, events});
+                entry.trigger->effect({*entry.trigger, {}, entry.dt, Actors::Parts(), events});
             }
         }
         std::erase_if(entries, [](const Entry& entry) { return entry.timeLeft <= 0.0f; });
         for (Particle& particle : ParticleManager::particles) {
-            for (Trigger& trigger : TriggerManager::triggers) {
-                if (!trigger.IsSpent() && trigger.Contains(particle.position)) {
+            for (const Trigger& trigger : TriggerManager::triggers) {
+                const std::uint32_t fired = TriggerManager::StateOf(trigger).fireCount;
+                if (!trigger.IsSpent(fired) && trigger.Contains(particle.position)) {
                     Fire(trigger, particle, dt);
                 }
             }
@@ -30,17 +31,17 @@ public:
 
 private:
     struct Entry {
-        Trigger* trigger;
+        const Trigger* trigger;
         float dt;
         float timeLeft;
     };
 
-    void Fire(Trigger& trigger, Particle& particle, float dt) {
-        ++trigger.fireCount;
+    void Fire(const Trigger& trigger, Particle& particle, float dt) {
+        ++TriggerManager::StateOf(trigger).fireCount;
         if (trigger.delay > 0.0f) {
             entries.push_back({&trigger, dt, trigger.delay});
         } else {
-            trigger.effect({trigger, {&particle}, dt, events});
+            trigger.effect({trigger, {&particle}, dt, Actors::Parts(), events});
         }
     }
 

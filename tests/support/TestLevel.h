@@ -1,8 +1,8 @@
 #pragma once
 // Small levels made in code.
 
+#include <deque>
 #include <initializer_list>
-#include <list>
 
 #include "level/LevelPolygon.h"
 
@@ -24,8 +24,8 @@ inline LevelPolygon Box(float left, float top, float right, float bottom, float 
 }
 
 /// Floor and two walls round (0, 0) to (width, height), each `thickness` thick, open on top.
-inline std::list<LevelPolygon> Bowl(float width, float height, float thickness = 40.0f) {
-    std::list<LevelPolygon> polygons;
+inline std::deque<LevelPolygon> Bowl(float width, float height, float thickness = 40.0f) {
+    std::deque<LevelPolygon> polygons;
     polygons.push_back(Box(-thickness, 0.0f, 0.0f, height));
     polygons.push_back(Box(width, 0.0f, width + thickness, height));
     polygons.push_back(Box(-thickness, height, width + thickness, height + thickness));

@@ -2,7 +2,6 @@
 // A small level made in code that runs as in the game: movers, water and triggers, with the
 // camera at a place. Polygons, movers, forces and triggers first, then Start, then Steps.
 
-#include <list>
 #include <utility>
 
 #include "actors/Camera.h"
@@ -35,7 +34,9 @@ public:
                         "iceGravityStrenght 0.8\n");
         Platform::ForgetListings();
         Random::state = 0;
-        LevelData::polygons.clear();
+        LevelData::Clear();
+        ParticleManager::particles.reserve(4096);  // references hold while it is filled
+        GroupedParticleMover::groups.reserve(64);
         LevelObjectsManager::Initialise();
         ForceManager::Initialise();
         MoverManager::Initialise();
@@ -56,8 +57,7 @@ public:
         TriggerManager::Shutdown();
         MoverManager::Shutdown();
         FxParticleManager::Shutdown();
-        LevelData::polygons.clear();
-        LevelData::polygonSegments.clear();
+        LevelData::Clear();
         Platform::ForgetListings();
     }
     TestWorld(const TestWorld&) = delete;
@@ -65,7 +65,7 @@ public:
 
     static LevelPolygon& Add(LevelPolygon polygon, std::uint32_t id = 0) {
         polygon.id = id;
-        return LevelData::polygons.emplace_back(std::move(polygon));
+        return LevelData::Add(std::move(polygon));
     }
     static Mover& AddMover(std::uint32_t id, Vector2 start, Vector2 end, float speed,
                            int state = Mover::Stopped) {
@@ -109,11 +109,7 @@ public:
             }
         }
         BspTree::Build(LevelData::polygons);
-        std::vector<BspSegment*> nodes;
-        BspTree::CollectNodes(nodes);
-        for (BspSegment* const node : nodes) {
-            LevelData::polygonSegments[node->polygon].push_back(node);
-        }
+        LevelData::MapSegments();
     }
     static void Step(float dt = 1.0f / 60.0f) {
         MoverManager::CollectVisible(Camera::Look());

@@ -3,22 +3,28 @@
 #include <gtest/gtest.h>
 
 #include "level/Surfaces.h"
-#include "water/ParticleGrid.h"
-#include "water/WaterCheck.h"
 #include "water/WaterWorld.h"
 
 namespace {
 
+ParticleGrid& Grid() {
+    return ParticleManager::Parts().work.grid;
+}
+
+void FillGrid() {
+    Grid().FillFrom(ParticleManager::particles, WaterWorld::view.centre);
+}
+
 /// Puts all particles into the grid and moves one.
 void FillGridAndMove(Particle& particle, float dt = 0.02f) {
-    ParticleGrid::FillFrom(ParticleManager::particles, WaterWorld::view.centre);
-    ParticleMover::MoveParticle(particle, dt);
+    FillGrid();
+    ParticleMover::MoveParticle(particle, WaterWorld::view, dt);
 }
 
 }  // namespace
 
 TEST(ParticleMover, StopsFastWaterAtAWall) {
-    std::list<LevelPolygon> level;
+    std::deque<LevelPolygon> level;
     level.push_back(TestLevel::Box(20.0f, -50.0f, 25.0f, 50.0f, 0.5f));
     const WaterWorld world(std::move(level));
     Particle& particle = WaterWorld::Add({10.0f, 0.0f}, {5000.0f, 100.0f});
@@ -79,7 +85,7 @@ TEST(ParticleMover, DoesNotSeeTheCellRightAboveOrBelow) {
 }
 
 TEST(ParticleMover, FindsNoOneOutsideOfTheGridButStillCollides) {
-    std::list<LevelPolygon> level;
+    std::deque<LevelPolygon> level;
     level.push_back(TestLevel::Box(2990.0f, 20.0f, 3010.0f, 30.0f));
     const WaterWorld world(std::move(level));
     Particle& other = WaterWorld::Add({3000.0f, 17.0f}, {}, 10.0f);
@@ -91,7 +97,7 @@ TEST(ParticleMover, FindsNoOneOutsideOfTheGridButStillCollides) {
     // Left of the corner by less than a cell still counts as the first column.
     Particle& edge = WaterWorld::Add({-512.9f, -512.9f});
     Particle& outside = WaterWorld::Add({-513.1f, 0.0f});
-    ParticleGrid::FillFrom(ParticleManager::particles, WaterWorld::view.centre);
+    FillGrid();
     EXPECT_EQ(edge.inGrid, 1);
     EXPECT_EQ(outside.inGrid, 0);
 }
@@ -108,10 +114,10 @@ TEST(ParticleGrid, KeepsChainsWholeOverInsertRemoveAndClear) {
             ParticleMover::GridRemove(particle);
         }
     }
-    EXPECT_EQ(WaterCheck::ListFault(), nullptr);
+    EXPECT_TRUE(Grid().IsConsistent(ParticleManager::particles));
     ParticleMover::ClearGrid();
-    EXPECT_EQ(WaterCheck::ListFault(), nullptr);
-    EXPECT_EQ(ParticleGrid::Head(256, 256), nullptr);
+    EXPECT_TRUE(Grid().IsConsistent(ParticleManager::particles));
+    EXPECT_EQ(Grid().Head(256, 256), Particle::none);
 }
 
 TEST(Cohesion, PullsABodyTogetherAndLeavesStrangersAlone) {

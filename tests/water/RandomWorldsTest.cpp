@@ -156,7 +156,7 @@ TEST(GroupFreeze, TakesWhatThePlainFormTakes) {
         Plain::Freeze(plainParticles, plainGroups);
         const auto plainState = Random::state;
         Random::state = seed;
-        GroupFreeze().Run(particles, groups);
+        GroupFreeze().Run(particles, groups, Random::current);
         ASSERT_NO_FATAL_FAILURE(ExpectSameGroups(groups, plainGroups)) << "seed " << seed;
         ASSERT_TRUE(SameParticles("free particle", particles, plainParticles)) << "seed " << seed;
         ASSERT_EQ(Random::state, plainState) << "seed " << seed;
@@ -185,7 +185,7 @@ TEST(GroupMerge, MergesAsThePlainFormDoes) {
             }
         }
         GroupList plainGroups = groups;
-        MergeGroups(groups);
+        GroupMerge().Run(groups);
         Plain::MergeGroups(plainGroups);
         ASSERT_NO_FATAL_FAILURE(ExpectSameGroups(groups, plainGroups)) << "seed " << seed;
     }
@@ -203,7 +203,7 @@ TEST(GroupMerge, ReachesFurtherAsGroupsGrow) {
         group.targetRadius = 2.0f;
     }
     groups.back().position = {};
-    MergeGroups(groups);
+    GroupMerge().Run(groups);
     std::vector<std::size_t> sizes;
     for (const ParticleGroup& group : groups) {
         if (!group.particles.empty()) {

@@ -1,7 +1,7 @@
 #pragma once
 // A small level with water in it, for tests.
 
-#include <list>
+#include <deque>
 #include <utility>
 
 #include "engine/Random.h"
@@ -18,7 +18,7 @@
 /// tree; the view still, wide and upright round the given place; the random source at its start.
 class WaterWorld {
 public:
-    explicit WaterWorld(std::list<LevelPolygon> level = {}, Vector2 centre = {}, float zoom = 1.0f)
+    explicit WaterWorld(std::deque<LevelPolygon> level = {}, Vector2 centre = {}, float zoom = 1.0f)
         : polygons(std::move(level)) {
         directory.Write("cfg/water.cfg",
                         "gravity 500 roomTemperature 20 heatTransferRate 0.2\n"
@@ -31,6 +31,8 @@ public:
         Platform::ForgetListings();
         Random::state = 0;
         ParticleManager::Initialise();
+        ParticleManager::particles.reserve(32768);
+        GroupedParticleMover::groups.reserve(64);
         TemperatureChangeReadConfig();
         view = {.centre = centre, .zoom = zoom};
         BspTree::Build(polygons);
@@ -43,8 +45,9 @@ public:
     WaterWorld(const WaterWorld&) = delete;
     WaterWorld& operator=(const WaterWorld&) = delete;
 
+    /// Behind all others. References hold while the world is filled.
     static Particle& Add(Vector2 position, Vector2 velocity = {}, float temperature = 20.0f) {
-        Particle& particle = ParticleManager::particles.emplace_front();
+        Particle& particle = ParticleManager::particles.emplace_back();
         particle.position = position;
         for (Vector2& past : particle.positionHistory) {
             past = position;
@@ -64,15 +67,15 @@ public:
 private:
     TemporaryDirectory directory;
     WorkingDirectoryGuard here{directory.path};
-    std::list<LevelPolygon> polygons;
+    std::deque<LevelPolygon> polygons;
 };
 
 namespace WaterLevels {
 
 /// A bowl of the given inner size with its top left at (0, 0), and boxes all round it: about
 /// 100 edges in all, as many as a screen of a level holds.
-inline std::list<LevelPolygon> CrowdedBowl(float width, float height, float friction = 0.6f) {
-    std::list<LevelPolygon> level = TestLevel::Bowl(width, height);
+inline std::deque<LevelPolygon> CrowdedBowl(float width, float height, float friction = 0.6f) {
+    std::deque<LevelPolygon> level = TestLevel::Bowl(width, height);
     for (int i = 0; i < 11; ++i) {
         const float x = width * static_cast<float>(i) / 11.0f;
         level.push_back(TestLevel::Box(x, height + 60.0f, x + 20.0f, height + 80.0f));

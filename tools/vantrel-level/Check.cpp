@@ -2,8 +2,9 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <deque>
 
-bool PrintCheck(const LevelFile& level, std::list<LevelPolygon>& polygons) {
+bool PrintCheck(const LevelFile& level, std::deque<LevelPolygon>& polygons) {
     Problems problems;
     CheckGeometry(level, polygons, problems);
     CheckJoints(level, polygons, problems);

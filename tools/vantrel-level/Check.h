@@ -2,7 +2,7 @@
 // What is wrong with a level: errors that the game would show as missing or dead things, and
 // warnings about geometry that works out differently from how it looks.
 
-#include <list>
+#include <deque>
 #include <string>
 #include <vector>
 
@@ -37,21 +37,21 @@ private:
 void CheckRecords(const LevelFile& level, Problems& problems);
 /// Who acts on whom: targets that nothing bears, triggers that never fire, movers and forces
 /// that do nothing or harm, a level without a finish.
-void CheckBindings(const LevelFile& level, const std::list<LevelPolygon>& polygons,
+void CheckBindings(const LevelFile& level, const std::deque<LevelPolygon>& polygons,
                    Problems& problems);
 /// Outlines: polygons without triangles, overlaps, twins, and where the water starts.
-void CheckGeometry(const LevelFile& level, const std::list<LevelPolygon>& polygons,
+void CheckGeometry(const LevelFile& level, const std::deque<LevelPolygon>& polygons,
                    Problems& problems);
 /// Edges that the game joins into one although they differ.
-void CheckJoints(const LevelFile& level, std::list<LevelPolygon>& polygons, Problems& problems);
+void CheckJoints(const LevelFile& level, std::deque<LevelPolygon>& polygons, Problems& problems);
 /// Moving sides in the line of a wall, which let water through it.
-void CheckSlides(const LevelFile& level, std::list<LevelPolygon>& polygons, Problems& problems);
+void CheckSlides(const LevelFile& level, std::deque<LevelPolygon>& polygons, Problems& problems);
 /// Ways for water to get lost: walls too thin to hold it, edges inside of solids, and a bottom
 /// that is open.
-void CheckSpace(const LevelFile& level, std::list<LevelPolygon>& polygons, Problems& problems);
+void CheckSpace(const LevelFile& level, std::deque<LevelPolygon>& polygons, Problems& problems);
 
 /// The number of images that a name stands for and that are there.
 std::size_t CountFrames(const std::string& name);
 
 /// Prints counts and problems; true if none is an error.
-bool PrintCheck(const LevelFile& level, std::list<LevelPolygon>& polygons);
+bool PrintCheck(const LevelFile& level, std::deque<LevelPolygon>& polygons);

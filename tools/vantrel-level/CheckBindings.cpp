@@ -1,6 +1,7 @@
 // Checks of who acts on whom: triggers on their targets, movers on their loads, forces on water.
 
 #include <algorithm>
+#include <deque>
 #include <map>
 
 #include "BoxTree.h"
@@ -138,7 +139,7 @@ bool IsInside(const LevelFile::Point (&corners)[4], const Outline::Points& outli
 
 /// Solids that stay, and are whole: no polygon that cuts comes near.
 std::vector<std::size_t> WholeSolids(const LevelFile& level,
-                                     const std::list<LevelPolygon>& polygons) {
+                                     const std::deque<LevelPolygon>& polygons) {
     std::vector<Box> cuts;
     std::size_t number = 0;
     for (const LevelPolygon& polygon : polygons) {
@@ -164,7 +165,7 @@ std::vector<std::size_t> WholeSolids(const LevelFile& level,
     return solids;
 }
 
-void CheckTriggers(const LevelFile& level, const std::list<LevelPolygon>& polygons,
+void CheckTriggers(const LevelFile& level, const std::deque<LevelPolygon>& polygons,
                    Problems& problems) {
     const auto bearers = BearersOfIds(level);
     const std::vector<std::size_t> solids = WholeSolids(level, polygons);
@@ -203,7 +204,7 @@ bool IsNamed(const LevelFile& level, std::uint32_t id, HasKind hasKind) {
            });
 }
 
-void CheckMovers(const LevelFile& level, const std::list<LevelPolygon>& polygons,
+void CheckMovers(const LevelFile& level, const std::deque<LevelPolygon>& polygons,
                  Problems& problems) {
     std::map<std::uint32_t, bool> loads;  // whether something solid is among them
     for (const LevelFile::Object& object : level.objects) {
@@ -260,7 +261,7 @@ void CheckForces(const LevelFile& level, Problems& problems) {
 
 }  // namespace
 
-void CheckBindings(const LevelFile& level, const std::list<LevelPolygon>& polygons,
+void CheckBindings(const LevelFile& level, const std::deque<LevelPolygon>& polygons,
                    Problems& problems) {
     CheckMovers(level, polygons, problems);
     CheckForces(level, problems);

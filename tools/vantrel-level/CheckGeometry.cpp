@@ -1,6 +1,7 @@
 // Checks of outlines: each on its own, and those whose boxes meet against each other.
 
 #include <algorithm>
+#include <deque>
 #include <map>
 
 #include "BoxTree.h"
@@ -157,7 +158,7 @@ void CheckWaterStart(const LevelFile& level, const std::vector<Shape>& shapes, P
 
 }  // namespace
 
-void CheckGeometry(const LevelFile& level, const std::list<LevelPolygon>& polygons,
+void CheckGeometry(const LevelFile& level, const std::deque<LevelPolygon>& polygons,
                    Problems& problems) {
     std::vector<Shape> shapes;
     auto record = level.polygons.begin();

@@ -1,6 +1,7 @@
 // Finds edges in line that meet end to start. The game makes one edge of them, with the
 // properties of the second: seamless where both are alike, surprising where they differ.
 
+#include <deque>
 #include <unordered_map>
 
 #include "Check.h"
@@ -26,7 +27,7 @@ std::string At(Vector2 corner) {
 
 }  // namespace
 
-void CheckJoints(const LevelFile& level, std::list<LevelPolygon>& polygons, Problems& problems) {
+void CheckJoints(const LevelFile& level, std::deque<LevelPolygon>& polygons, Problems& problems) {
     std::unordered_map<const LevelPolygon*, std::size_t> numbers;
     for (const LevelPolygon& polygon : polygons) {
         numbers.emplace(&polygon, numbers.size());

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <deque>
 #include <optional>
 #include <unordered_map>
 #include <vector>
@@ -69,7 +70,7 @@ std::optional<Vector2> InLine(const BspSegment& side, Vector2 at, Vector2 way,
 
 class Slides {
 public:
-    Slides(const LevelFile& file, std::list<LevelPolygon>& polygons, Problems& into)
+    Slides(const LevelFile& file, std::deque<LevelPolygon>& polygons, Problems& into)
         : level(file), problems(into), walls(BspEdges::Clean(BspEdges::Collect(polygons))) {
         for (const LevelPolygon& polygon : polygons) {
             numbers.emplace(&polygon, numbers.size());
@@ -79,7 +80,7 @@ public:
         }
     }
 
-    void Check(const std::list<LevelPolygon>& polygons) {
+    void Check(const std::deque<LevelPolygon>& polygons) {
         const BoxTree tree(boxes);
         for (const LevelPolygon& polygon : polygons) {
             const std::size_t number = numbers[&polygon];
@@ -150,6 +151,6 @@ private:
 
 }  // namespace
 
-void CheckSlides(const LevelFile& level, std::list<LevelPolygon>& polygons, Problems& problems) {
+void CheckSlides(const LevelFile& level, std::deque<LevelPolygon>& polygons, Problems& problems) {
     Slides(level, polygons, problems).Check(polygons);
 }

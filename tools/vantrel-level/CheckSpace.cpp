@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <deque>
 #include <limits>
 #include <map>
 #include <optional>
@@ -42,7 +43,7 @@ std::optional<double> Thickness(const BspSegment& a, const BspSegment& b, Vector
 /// The polygons that stay solid, for asking what lies at a point.
 class Solids {
 public:
-    Solids(const LevelFile& level, const std::list<LevelPolygon>& polygons) {
+    Solids(const LevelFile& level, const std::deque<LevelPolygon>& polygons) {
         std::vector<Box> boxes;
         auto record = level.polygons.begin();
         for (const LevelPolygon& polygon : polygons) {
@@ -315,7 +316,7 @@ void CheckBottom(const LevelFile& level, const Edges& edges, Problems& problems)
 
 }  // namespace
 
-void CheckSpace(const LevelFile& level, std::list<LevelPolygon>& polygons, Problems& problems) {
+void CheckSpace(const LevelFile& level, std::deque<LevelPolygon>& polygons, Problems& problems) {
     const Edges edges = BspEdges::Clean(BspEdges::Collect(polygons));
     Numbers numbers;
     for (const LevelPolygon& polygon : polygons) {

@@ -29,9 +29,9 @@ std::optional<LevelFile> ReadLevel(const std::string& fileName, std::string& fai
     return level;
 }
 
-std::list<LevelPolygon> MakePolygons(const LevelFile& level) {
+std::deque<LevelPolygon> MakePolygons(const LevelFile& level) {
     ReadSurfaces();
-    std::list<LevelPolygon> polygons;
+    std::deque<LevelPolygon> polygons;
     for (const LevelFile::Polygon& record : level.polygons) {
         polygons.push_back(LevelBuilder::BuildPolygon(record));
     }

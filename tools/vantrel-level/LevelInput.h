@@ -2,8 +2,8 @@
 // A level file read for the tools: its records and, from them, the polygons as the game has
 // them when a level starts.
 
+#include <deque>
 #include <filesystem>
-#include <list>
 #include <optional>
 #include <string>
 
@@ -18,4 +18,4 @@ std::optional<LevelFile> ReadLevel(const std::string& fileName, std::string& fai
 
 /// The level's polygons, split into triangles, with frictions from cfg\surfaces.cfg and the
 /// marks of what movers carry and triggers toggle.
-std::list<LevelPolygon> MakePolygons(const LevelFile& level);
+std::deque<LevelPolygon> MakePolygons(const LevelFile& level);

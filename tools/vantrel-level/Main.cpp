@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdio>
+#include <deque>
 #include <filesystem>
 #include <span>
 #include <string>
@@ -68,7 +69,7 @@ bool RunPrinting(const Options& options, std::string& failure, bool& isSound) {
     if (!level) {
         return false;
     }
-    std::list<LevelPolygon> polygons = MakePolygons(*level);
+    std::deque<LevelPolygon> polygons = MakePolygons(*level);
     if (options.command == "check") {
         isSound = PrintCheck(*level, polygons);
     } else if (options.command == "triangles") {

@@ -3,6 +3,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdio>
+#include <deque>
 #include <map>
 #include <sstream>
 #include <vector>
@@ -45,7 +46,7 @@ bool ParseQuery(const std::string& line, Query& query) {
 
 }  // namespace
 
-void PrintTriangles(const std::list<LevelPolygon>& polygons) {
+void PrintTriangles(const std::deque<LevelPolygon>& polygons) {
     std::size_t index = 0;
     for (const LevelPolygon& polygon : polygons) {
         std::printf("POLYGON %zu %u %u\n", index++, unsigned{polygon.winding},
@@ -60,7 +61,7 @@ void PrintTriangles(const std::list<LevelPolygon>& polygons) {
     }
 }
 
-void PrintTree(std::list<LevelPolygon>& polygons) {
+void PrintTree(std::deque<LevelPolygon>& polygons) {
     BspTree::Build(polygons);
     std::printf("EDGES %zu\nSIZE %d\nDEPTH %d\n", BspTree::EdgeCount(), BspTree::Size(),
                 BspTree::Depth());
@@ -74,12 +75,12 @@ void PrintTree(std::list<LevelPolygon>& polygons) {
         std::printf("NODE ");
         PrintFloats({node->start.x, node->start.y, node->end.x, node->end.y, node->normal.x,
                      node->normal.y, node->length, node->friction});
-        std::printf(" %u %zu\n", unsigned{node->active}, indices[node->polygon]);
+        std::printf(" %u %zu\n", BspTree::Collides(*node) ? 1u : 0u, indices[node->polygon]);
     }
     BspTree::Destroy();
 }
 
-bool PrintCollisions(std::list<LevelPolygon>& polygons, const std::string& queryFile,
+bool PrintCollisions(std::deque<LevelPolygon>& polygons, const std::string& queryFile,
                      std::string& failure) {
     const auto bytes = Platform::ReadWholeFile(queryFile);
     if (!bytes) {

@@ -55,7 +55,7 @@ void PrintActors() {
         std::printf("M %u %.9g %d\n", m.id, D(m.distance), static_cast<int>(m.state));
     }
     for (const Trigger& t : TriggerManager::triggers) {
-        std::printf("T %d %u\n", t.type, t.fireCount);
+        std::printf("T %d %u\n", t.type, TriggerManager::StateOf(t).fireCount);
     }
 }
 

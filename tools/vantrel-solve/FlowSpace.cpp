@@ -8,6 +8,7 @@
 #include <deque>
 
 #include "actors/ForceManager.h"
+#include "actors/MoverManager.h"
 #include "actors/TriggerManager.h"
 #include "engine/Geometry.h"
 #include "level/BspTree.h"
@@ -55,24 +56,19 @@ class GatesOpen {
 public:
     GatesOpen() {
         for (const auto& [polygon, segments] : LevelData::polygonSegments) {
-            for (BspSegment* const segment : segments) {
-                if (polygon->toggledByTrigger != 0 && segment->active != 0) {
-                    segment->active = 0;
-                    opened.push_back(segment);
+            for (const BspSegment* const segment : segments) {
+                if (polygon->toggledByTrigger != 0) {
+                    LevelData::current.segmentsCollide[BspTree::NumberOf(*segment)] = 0;
                 }
             }
         }
     }
-    ~GatesOpen() {
-        for (BspSegment* const segment : opened) {
-            segment->active = 1;
-        }
-    }
+    ~GatesOpen() { LevelData::current.segmentsCollide = before; }
     GatesOpen(const GatesOpen&) = delete;
     GatesOpen& operator=(const GatesOpen&) = delete;
 
 private:
-    std::vector<BspSegment*> opened;
+    const std::vector<std::uint8_t> before = LevelData::current.segmentsCollide;
 };
 
 bool IsGate(const LevelPolygon& polygon) {
@@ -264,9 +260,9 @@ void FlowSpace::LiftByForces() {
         const bool directed =
             kind == TriggerKind::ForceDirectional || kind == TriggerKind::ForceInstantaneous;
         const bool radial = kind == TriggerKind::ForcePull || kind == TriggerKind::ForcePush;
-        for (const Force* const force : trigger.forces) {
+        for (const std::uint32_t place : trigger.forces) {
             // Sideways forces save no height.
-            if (radial || (directed && force->direction.y < -0.3f)) {
+            if (radial || (directed && ForceManager::forces[place].direction.y < -0.3f)) {
                 for (const std::size_t cell : CellsIn(trigger)) {
                     lifts[cell] = always;
                 }
@@ -279,8 +275,9 @@ void FlowSpace::LiftByForces() {
 void FlowSpace::LiftByMovers() {
     constexpr float onTop = 60.0f;
     for (std::size_t i = 0; i < Switches::all.size(); ++i) {
-        for (const Mover* const mover : Switches::all[i].movers) {
-            const Vector2 way = mover->end - mover->start;
+        for (const std::uint32_t place : Switches::all[i].movers) {
+            const Mover& mover = MoverManager::movers[place];
+            const Vector2 way = mover.end - mover.start;
             if (std::fabs(way.y) < 20.0f) {
                 continue;
             }

@@ -38,15 +38,16 @@ bool Obeys(const Mover& mover, TriggerKind kind) {
 /// Whether the trigger can't fire again and what it did doesn't hold any more. What it has taken
 /// out or put back counts as well, since that holds.
 bool IsUsedUp(const Trigger& trigger) {
-    if (trigger.fireCount == 0 || trigger.typeInfo->fireLimit == 0) {
+    if (TriggerManager::StateOf(trigger).fireCount == 0 || trigger.typeInfo->fireLimit == 0) {
         return false;
     }
     if (TriggerTypes::Toggles(trigger.Kind())) {
         return trigger.polygons.size() != 0 || trigger.forces.size() != 0;
     }
     return TriggerTypes::SteersMovers(trigger.Kind()) &&
-           !std::all_of(trigger.movers.begin(), trigger.movers.end(),
-                        [&](const Mover* mover) { return Obeys(*mover, trigger.Kind()); });
+           !std::all_of(trigger.movers.begin(), trigger.movers.end(), [&](std::uint32_t place) {
+               return Obeys(MoverManager::movers[place], trigger.Kind());
+           });
 }
 
 }  // namespace

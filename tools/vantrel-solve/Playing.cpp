@@ -90,8 +90,9 @@ void ReadFiredOnce(Outcome& outcome) {
         const bool matters = kind == TriggerKind::CheckPoint || TriggerTypes::Toggles(kind) ||
                              TriggerTypes::SteersMovers(kind);
         if (matters && trigger.typeInfo->fireLimit != 0) {
-            SituationHash::Mix(outcome.fired, trigger.fireCount);
-            if (trigger.fireCount != 0 && index < Outcome::mostTriggers) {
+            const std::uint32_t fireCount = TriggerManager::StateOf(trigger).fireCount;
+            SituationHash::Mix(outcome.fired, fireCount);
+            if (fireCount != 0 && index < Outcome::mostTriggers) {
                 outcome.firedTriggers[index / 64] |= std::uint64_t{1} << index % 64;
             }
         }

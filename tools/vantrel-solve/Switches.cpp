@@ -49,12 +49,16 @@ void Collect() {
 }
 
 bool IsOn(const Switch& which) {
-    const bool away = std::any_of(which.movers.begin(), which.movers.end(), [](const Mover* mover) {
-        return mover->state == Mover::GoingToEnd || mover->state >= Mover::LoopingToStart ||
-               mover->distance > 0.5f * mover->length;
-    });
+    const bool away =
+        std::any_of(which.movers.begin(), which.movers.end(), [](std::uint32_t place) {
+            const Mover& mover = MoverManager::movers[place];
+            return mover.state == Mover::GoingToEnd || mover.state >= Mover::LoopingToStart ||
+                   mover.distance > 0.5f * mover.length;
+        });
     return away || std::any_of(which.polygons.begin(), which.polygons.end(),
-                               [](const LevelPolygon* polygon) { return polygon->enabled == 0; });
+                               [](const LevelPolygon* polygon) {
+                                   return LevelData::StateOf(*polygon).enabled == 0;
+                               });
 }
 
 std::uint64_t State() {

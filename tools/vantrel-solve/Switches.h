@@ -12,7 +12,7 @@
 
 struct Switch {
     std::uint32_t id = 0;
-    std::vector<const Mover*> movers;           ///< empty: its polygons are taken out
+    std::vector<std::uint32_t> movers;  ///< places of them; empty: its polygons are taken out
     std::vector<const LevelPolygon*> polygons;  ///< solid ones that bear the id
     std::vector<const Trigger*> openers;        ///< any of these turns it on
 };

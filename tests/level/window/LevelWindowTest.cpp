@@ -27,13 +27,12 @@ protected:
     void TearDown() override {
         LevelGeometryRenderer::Shutdown();
         DynamicPolygonRenderer::Shutdown();
-        LevelData::polygons.clear();
+        LevelData::Clear();
         WindowFixture::TearDown();
     }
 
     static LevelPolygon& Add(float left, float top, float right, float bottom) {
-        LevelPolygon& polygon =
-            LevelData::polygons.emplace_back(TestLevel::Box(left, top, right, bottom));
+        LevelPolygon& polygon = LevelData::Add(TestLevel::Box(left, top, right, bottom));
         polygon.texture = Texture("samples\\rgb.png", nullptr);
         return polygon;
     }
@@ -85,11 +84,11 @@ TEST_F(LevelWindowTest, CarriesTheTextureWithAMovedPolygon) {
     polygon.movedByMover = 1;
     LevelGeometryRenderer::Initialise();
     DynamicPolygonRenderer::Initialise();
-    polygon.offset = {101.0f, 53.0f};
+    LevelData::StateOf(polygon).offset = {101.0f, 53.0f};
     Draw();
     EXPECT_EQ(TileAt(polygon.texture, 101, 53), tile);
     EXPECT_EQ(TileAt(polygon.texture, 0, 0), nothing);
-    polygon.enabled = 0;
+    LevelData::StateOf(polygon).enabled = 0;
     Draw();
     EXPECT_EQ(TileAt(polygon.texture, 101, 53), nothing);
 }
@@ -123,7 +122,7 @@ TEST_F(LevelWindowTest, DrawsLaterLayersOverEarlierOnes) {
 TEST_F(LevelWindowTest, ShowsTheSidesOfTriangles) {
     LevelPolygon& polygon = Add(10, 10, 90, 60);
     polygon.visible = 0;
-    polygon.offset = {5.0f, 0.0f};
+    LevelData::StateOf(polygon).offset = {5.0f, 0.0f};
     LevelData::drawTriangles = true;
     glClear(GL_COLOR_BUFFER_BIT);
     LevelData::Draw();

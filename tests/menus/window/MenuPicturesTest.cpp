@@ -99,9 +99,7 @@ protected:
 
     /// With three quarters of the water, in a good time.
     void FinishALevel() {
-        for (int i = 0; i < 96; ++i) {
-            ParticleManager::particles.emplace_front();
-        }
+        ParticleManager::particles.resize(96);
         LevelProgress::Initialise();
         clock.Advance(203456);
         LevelProgress::Step(0.01f);
