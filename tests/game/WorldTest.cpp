@@ -68,7 +68,9 @@ std::size_t BytesOf(const World& world) {
 }  // namespace
 
 TEST_F(ShippedLevel, GoesOnInACopyAsInPlay) {
-    for (const char* const name : {"05_icestore", "06_turbines"}) {
+    for (const char* const name :
+         {"testLevel", "02_sluice", "03_cellar", "04_boilers", "05_icestore", "06_turbines",
+          "07_filters", "08_clocktower", "09_pipes", "10_sea"}) {
         ASSERT_NO_FATAL_FAILURE(PlayInto(name, 600));
         World copy = CopyWorldInPlay();
         const World kept = copy;
