@@ -4,33 +4,20 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
-
 #include "engine/Console.h"
 #include "engine/ConsoleCommands.h"
-#include "game/HeadlessGame.h"
-#include "graphics/GLWindow.h"
+#include "platform/Clock.h"
+#include "platform/HeadlessWindow.h"
+#include "platform/Paths.h"
 #include "platform/SilentAudio.h"
-#include "support/TestGame.h"
+#include "support/TemporaryDirectory.h"
 
 namespace {
 
-class ServicesTest : public testing::Test {
-protected:
-    ServicesTest() { Platform::ForgetListings(); }
-    ~ServicesTest() override { Platform::ForgetListings(); }
-
-    std::string Log() const {
-        std::ifstream file(directory.path / "ConsoleLog.txt");
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-
-    TemporaryDirectory directory;
-    WorkingDirectoryGuard here{directory.path};
-};
-
-TEST_F(ServicesTest, LeaveNothingOfThemselvesBehind) {
+TEST(Services, LeaveNothingOfThemselvesBehind) {
+    const TemporaryDirectory directory;
+    const WorkingDirectoryGuard here{directory.path};
+    Platform::ForgetListings();
     Platform::ScriptedClock clock;
     Platform::HeadlessWindow window;
     Platform::SilentAudio audio;
@@ -51,21 +38,7 @@ TEST_F(ServicesTest, LeaveNothingOfThemselvesBehind) {
     }
     const Services silent({});
     EXPECT_FALSE(Console::Commands().contains("SOUNDLIST"));
-}
-
-TEST_F(ServicesTest, EndTheGameBeforeTheConsoleAndOnlyIfItIsUp) {
-    directory.Write("cfg/console.cfg", "enableLogging true");
-    directory.Write("a.swah", TestLevelFile::Text(TestLevelFile::Room().Serialise()));
-    {
-        HeadlessGame game(800, 600);
-        ASSERT_TRUE(game.Start("a.swah"));
-        Game::RequestQuit();
-        game.Frame(16);
-    }
-    EXPECT_FALSE(Game::IsUp());
-    EXPECT_NE(Log().find("Game shutdown"), std::string::npos);
-    { const HeadlessGame unstarted(800, 600); }
-    EXPECT_EQ(Log().find("Game shutdown"), std::string::npos);
+    Platform::ForgetListings();
 }
 
 }  // namespace

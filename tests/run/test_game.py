@@ -40,12 +40,6 @@ class Play(unittest.TestCase):
             time.sleep(0.01)
         self.assertGreater(difference(before, self.game.picture()), 10)
 
-
-class Console(unittest.TestCase):
-    def setUp(self):
-        self.game = Driver(PROGRAM)
-        self.addCleanup(self.game.close)
-
     def test_the_empty_console_looks_as_kept(self):
         self.game.toggle_console()
         for line in ("ParticleDraw false", "Pause true", "FreeCamera true"):
