@@ -1,5 +1,5 @@
 // Frames of the shipped levels on a real window: milliseconds and GL calls. Needs a display;
-// on the software renderer run it through tests/run/with_display.sh.
+// on the software renderer run it through tools/setup/with_display.sh.
 
 #define GL_GLEXT_PROTOTYPES
 #include <GL/gl.h>

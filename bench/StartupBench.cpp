@@ -1,6 +1,6 @@
 // The whole program from its start to its main menu, with an empty opening film, as a player's
 // eyes would time it: by what the screen shows. Needs a display that nothing else draws on
-// (tests/run/with_display.sh).
+// (tools/setup/with_display.sh).
 
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>

@@ -16,7 +16,7 @@ mkdir "$work/lev"
 "$build/tools/vantrel-level/vantrel-level" compile "$work/intro.tmj" -o "$work/lev/intro.swah"
 cd "$work"
 export VANTREL_DATA=$root/data
-"$root/tests/run/with_display.sh" "$build/tools/intro-film/intro-film" 'lev\intro.swah' |
+"$root/tools/setup/with_display.sh" "$build/tools/intro-film/intro-film" 'lev\intro.swah' |
   /usr/bin/python3 "$here/title.py" |
   ffmpeg -nostdin -loglevel error -y -f rawvideo -pixel_format rgb24 -video_size 800x600 \
     -framerate 1000/29 -i - -c:v mpeg4 -q:v 3 -bf 0 -g 30 -pix_fmt yuv420p "${2:-$root/data/vid/intro.avi}"

@@ -31,8 +31,8 @@ public:
     /// Ages what waits by a step of `dt` seconds, and puts that whose time has come into `due`, in
     /// the order of its firing.
     void Age(float dt, std::vector<Due>& due);
-    /// Takes in what a trigger fired in a step of `dt` seconds; in ascending order. Beyond the limit
-    /// of waiting effects firings are dropped.
+    /// Takes in what a trigger fired in a step of `dt` seconds; in ascending order. Beyond the
+    /// limit of waiting effects firings are dropped.
     void Add(const Firing& firing, float delay, float dt);
     void Clear();
     /// Entries that wait: two at most for a trigger and a step.

@@ -1,8 +1,8 @@
 #pragma once
-// A world: all that a step of a level in play depends on, in one value. A copy goes on by itself and
-// alike; what doesn't change after loading is shared between copies, which are good for as long as
-// their level is loaded. Worlds of one level can be stepped on several threads at once, each with a
-// workspace of its own.
+// A world: all that a step of a level in play depends on, in one value. A copy goes on by itself
+// and alike; what doesn't change after loading is shared between copies, which are good for as long
+// as their level is loaded. Worlds of one level can be stepped on several threads at once, each
+// with a workspace of its own.
 
 #include <cstdint>
 

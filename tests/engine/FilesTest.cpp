@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <limits>
 
 #include "WorkingFolder.h"
 #include "engine/BufferedFile.h"
@@ -43,23 +42,6 @@ TEST_F(BufferedFileTest, ReadsUpToItsEndAndNotBeyond) {
     EXPECT_STREQ(text.data(), "abcdef");
     EXPECT_FALSE(file.HasFailed());
     EXPECT_FALSE(file.CanRead());
-}
-
-TEST_F(BufferedFileTest, SeeksFromThreeOriginsAndStaysWithin) {
-    file.Seek(2, BufferedFile::BackFromEnd);
-    EXPECT_EQ(Next(), 'e');
-    file.Seek(-2, BufferedFile::FromHere);
-    EXPECT_EQ(Next(), 'd');
-    file.Seek(1, BufferedFile::FromStart);
-    EXPECT_EQ(Next(), 'b');
-    file.Seek(5, 7);
-    EXPECT_EQ(Next(), 'c');
-    file.Seek(0, BufferedFile::BackFromEnd);
-    EXPECT_EQ(file.Remaining(), 0u);
-    EXPECT_FALSE(file.HasFailed());
-    file.Seek(std::numeric_limits<std::ptrdiff_t>::max(), BufferedFile::FromHere);
-    EXPECT_TRUE(file.HasFailed());
-    EXPECT_EQ(file.Remaining(), 0u);
 }
 
 TEST_F(BufferedFileTest, ClosesWhenTheNextNameCannotBeHad) {

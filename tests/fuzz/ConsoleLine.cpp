@@ -4,20 +4,17 @@
 #include "fuzz/FuzzGame.h"
 #include "graphics/GLWindowCommands.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+void Try(std::string_view input) {
     constexpr int mostLines = 16;
-    static const std::vector<std::byte> level = FuzzLevel().Serialise();
     FuzzGame& fuzz = FuzzGame::The();
     static const bool added =
         (GLWindow::AddConsoleCommands(), SoundManager::InitialiseCache(), true);
-    fuzz.Load(TestLevelFile::Text(level));
-    std::string_view rest(reinterpret_cast<const char*>(data), size);
-    for (int i = 0; added && i < mostLines && !rest.empty(); ++i) {
-        const std::size_t end = std::min(rest.find('\n'), rest.size());
-        Console::Execute(rest.substr(0, end));
-        rest.remove_prefix(std::min(end + 1, rest.size()));
+    fuzz.Load();
+    for (int i = 0; added && i < mostLines && !input.empty(); ++i) {
+        const std::size_t end = std::min(input.find('\n'), input.size());
+        Console::Execute(input.substr(0, end));
+        input.remove_prefix(std::min(end + 1, input.size()));
         fuzz.game.Frames(1);
     }
     Console::SetLogging(false);
-    return 0;
 }

@@ -1,19 +1,15 @@
 // Any bytes as the settings of an emitter, which then throws and ages particles.
 
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
-#include <string_view>
-
 #include "engine/Console.h"
+#include "fuzz/Harness.h"
 #include "platform/Paths.h"
 #include "support/TemporaryDirectory.h"
 #include "water/FxParticleManager.h"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+void Try(std::string_view input) {
     static const TemporaryDirectory directory;
     static const WorkingDirectoryGuard inside(directory.path);
-    directory.Write("emitter.cfg", {reinterpret_cast<const char*>(data), size});
+    directory.Write("emitter.cfg", input);
     static const bool listed = (Platform::ForgetListings(), true);
     Emitter emitter;
     emitter.SetDirection(0.0f, -1.0f);
@@ -25,5 +21,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         FxParticleManager::Step({}, 0.033f);
     }
     FxParticleManager::Shutdown();
-    return 0;
 }

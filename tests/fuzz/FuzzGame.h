@@ -2,6 +2,7 @@
 // The game of the harnesses: up for the whole run of the program, in a directory of its own. Each
 // input loads its level anew, over the one before, which leaves nothing behind.
 
+#include "fuzz/Harness.h"
 #include "support/TestGame.h"
 
 class FuzzGame {
@@ -20,6 +21,9 @@ public:
         MenuManager::Show(MenuManager::None);
         Camera::SetState(Camera::Following);
     }
+
+    /// Loads FuzzLevel.
+    void Load();
 
     TestGame game;
 
@@ -46,4 +50,9 @@ inline LevelFile FuzzLevel() {
     level.waterStart = {250, 380};
     level.cameraStart = {250, 380};
     return level;
+}
+
+inline void FuzzGame::Load() {
+    static const std::vector<std::byte> level = FuzzLevel().Serialise();
+    Load(TestLevelFile::Text(level));
 }

@@ -31,18 +31,17 @@ void Send(TestGame& game, unsigned what, unsigned value) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+void Try(std::string_view input) {
     constexpr std::size_t longest = 256;
-    static const std::vector<std::byte> level = FuzzLevel().Serialise();
     FuzzGame& fuzz = FuzzGame::The();
     Game listener;
     GLWindow::SetListener(&listener);
-    fuzz.Load(TestLevelFile::Text(level));
-    for (std::size_t i = 0; i + 1 < std::min(size, longest); i += 2) {
-        Send(fuzz.game, data[i], data[i + 1]);
+    fuzz.Load();
+    for (std::size_t i = 0; i + 1 < std::min(input.size(), longest); i += 2) {
+        Send(fuzz.game, static_cast<unsigned char>(input[i]),
+             static_cast<unsigned char>(input[i + 1]));
         GLWindow::PumpMessages();
     }
     fuzz.game.Frames(2);
     GLWindow::SetListener(nullptr);
-    return 0;
 }

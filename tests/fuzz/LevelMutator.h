@@ -3,6 +3,7 @@
 // them out, which bytes alone would seldom get past the counts. Included by the harnesses that
 // take level files.
 
+#include "fuzz/Harness.h"
 #include "level/LevelFile.h"
 
 #ifdef VANTREL_LIBFUZZER
@@ -54,8 +55,8 @@ inline void ChangeRecords(LevelFile& level, std::mt19937& dice) {
     }
 }
 
-extern "C" inline std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size,
-                                                      std::size_t most, unsigned seed) {
+extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size,
+                                               std::size_t most, unsigned seed) {
     std::string reason;
     std::uint32_t version = 0;
     auto file = seed % 2 == 0

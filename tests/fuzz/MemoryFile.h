@@ -4,17 +4,13 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
-#include <string>
+#include "fuzz/Harness.h"
 
 class MemoryFile {
 public:
-    MemoryFile(const std::uint8_t* data, std::size_t size) : number(memfd_create("fuzz", 0)) {
-        if (number < 0 || write(number, data, size) != static_cast<ssize_t>(size)) {
-            std::abort();
-        }
+    explicit MemoryFile(std::string_view input) : number(memfd_create("fuzz", 0)) {
+        Expect(number >= 0 &&
+               write(number, input.data(), input.size()) == static_cast<ssize_t>(input.size()));
     }
     ~MemoryFile() { close(number); }
     MemoryFile(const MemoryFile&) = delete;

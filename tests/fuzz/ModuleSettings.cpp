@@ -34,20 +34,18 @@ void UseMenus(TestGame& game) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+void Try(std::string_view input) {
     constexpr std::size_t longest = 4096;
-    static const std::vector<std::byte> level = FuzzLevel().Serialise();
     FuzzGame& fuzz = FuzzGame::The();
     static const bool linked = (LinkSettings(fuzz.game.directory.path), true);
-    if (size > longest || !linked) {
-        return 0;
+    if (input.size() > longest || !linked) {
+        return;
     }
-    fuzz.game.directory.Write("settings.txt", {reinterpret_cast<const char*>(data), size});
+    fuzz.game.directory.Write("settings.txt", input);
     Console::Initialise();
-    fuzz.Load(TestLevelFile::Text(level));
+    fuzz.Load();
     UseMenus(fuzz.game);
     Camera::SetState(Camera::Following);
     fuzz.game.Frames(20);
     Game::Shutdown();
-    return 0;
 }

@@ -2,15 +2,13 @@
 // libFuzzer, and linked to each harness there.
 
 #include <algorithm>
-#include <cstddef>
-#include <cstdint>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <vector>
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+#include "fuzz/Harness.h"
 
 namespace {
 
@@ -32,11 +30,11 @@ std::vector<fs::path> Inputs(int argc, char** argv) {
 void Run(const fs::path& path) {
     std::ifstream file(path, std::ios::binary);
     const std::vector<char> bytes{std::istreambuf_iterator<char>(file), {}};
-    // A copy of its own, so that sanitizers see a step beyond the end.
-    const std::vector<std::uint8_t> input(bytes.begin(), bytes.end());
+    // A copy of its own size, so that sanitizers see a step beyond the end.
+    const std::vector<char> input(bytes.begin(), bytes.end());
     // Before the run: the last line names what broke.
     std::fprintf(stderr, "%s\n", path.c_str());
-    LLVMFuzzerTestOneInput(input.data(), input.size());
+    Try({input.data(), input.size()});
 }
 
 }  // namespace

@@ -5,7 +5,7 @@ set -euo pipefail
 build=$1
 for program in "$build"/bench/*Bench; do
   case $(basename "$program") in
-    DrawBench | StartupBench) display=tests/run/with_display.sh ;;
+    DrawBench | StartupBench) display=tools/setup/with_display.sh ;;
     *) display= ;;
   esac
   $display "$program" --benchmark_min_time=0.05

@@ -2,9 +2,9 @@
 # play_offscreen.sh PROGRAM OUT: plays the first level on a display of its own, by its recorded
 # run, and leaves pictures and a short film in OUT.
 set -euo pipefail
-root="$(dirname "$(readlink -f "$0")")/../.."
+here="$(dirname "$(readlink -f "$0")")"
 program=$(readlink -f "$1")
 mkdir -p "$2"
 out=$(readlink -f "$2")
-run=$(readlink -f "$root/levels/testLevel.run")
-exec "$root/tests/run/with_display.sh" "$root/tools/setup/film_replay.sh" "$program" "$out" "$run"
+run=$(readlink -f "$here/../../levels/testLevel.run")
+exec "$here/with_display.sh" "$here/film_replay.sh" "$program" "$out" "$run"
