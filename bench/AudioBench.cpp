@@ -10,6 +10,7 @@
 #include "game/Services.h"
 #include "platform/DataRoot.h"
 #include "platform/OpenAlAudio.h"
+#include "support/Places.h"
 #include "support/TestWorld.h"
 
 namespace {
@@ -20,7 +21,7 @@ constexpr float dt = 1.0f / 60.0f;
 class AudioWorld {
 public:
     AudioWorld() {
-        Platform::UseDataRoot(VANTREL_SOURCE_DIR "/data");
+        Platform::UseDataRoot(SourceDirectory() / "data");
         IceSounds::Initialise();
         WaterSounds::Initialise();
         SteamSounds::Initialise();

@@ -16,6 +16,7 @@
 #include "graphics/GLWindowDisplay.h"
 #include "platform/DataRoot.h"
 #include "platform/GlfwWindow.h"
+#include "support/Places.h"
 #include "water/ParticleManager.h"
 
 namespace {
@@ -62,7 +63,7 @@ namespace {
 class RunningGame {
 public:
     RunningGame() {
-        Platform::UseDataRoot(VANTREL_SOURCE_DIR "/data");
+        Platform::UseDataRoot(SourceDirectory() / "data");
         GLWindow::SetVsync(false);
         Game::Initialise("lev\\testLevel.swah");
         MenuManager::Show(MenuManager::None);

@@ -9,13 +9,14 @@
 #include "game/Game.h"
 #include "game/RunRecorder.h"
 #include "menus/MenuManager.h"
+#include "support/Places.h"
 
 namespace RecordedRuns {
 
 /// Paths of all runs, by level name.
 inline std::vector<std::string> Files() {
     std::vector<std::string> files;
-    for (const auto& entry : std::filesystem::directory_iterator(VANTREL_SOURCE_DIR "/levels")) {
+    for (const auto& entry : std::filesystem::directory_iterator(SourceDirectory() / "levels")) {
         if (entry.path().extension() == ".run") {
             files.push_back(entry.path().string());
         }

@@ -8,12 +8,13 @@
 #include "RecordedRuns.h"
 #include "game/HeadlessGame.h"
 #include "platform/DataRoot.h"
+#include "support/Places.h"
 
 namespace {
 
 /// An iteration is one step; the run begins again when it is through.
 void StepsOfRun(benchmark::State& state, const std::string& file) {
-    Platform::UseDataRoot(VANTREL_SOURCE_DIR "/data");
+    Platform::UseDataRoot(SourceDirectory() / "data");
     const HeadlessGame game(800, 600);
     if (!RecordedRuns::Begin(file)) {
         state.SkipWithError("the run can't be played");

@@ -19,6 +19,7 @@
 #include <thread>
 #include <vector>
 
+#include "support/Places.h"
 #include "support/TemporaryDirectory.h"
 
 namespace {
@@ -85,10 +86,11 @@ private:
     [[noreturn]] static void Become(const std::filesystem::path& home) {
         setenv("HOME", home.c_str(), 1);
         setenv("XDG_CONFIG_HOME", home.c_str(), 1);
-        setenv("VANTREL_DATA", VANTREL_SOURCE_DIR "/data", 1);
+        setenv("VANTREL_DATA", (SourceDirectory() / "data").c_str(), 1);
         const int nowhere = open("/dev/null", O_WRONLY);
         if (chdir(home.c_str()) == 0 && dup2(nowhere, STDERR_FILENO) >= 0) {
-            execl(VANTREL_PROGRAM, VANTREL_PROGRAM, "-FULLSCREEN", "0", "-RESOLUTION", "800", "600",
+            const std::filesystem::path program = BuildDirectory() / "src/game/vantrel";
+            execl(program.c_str(), program.c_str(), "-FULLSCREEN", "0", "-RESOLUTION", "800", "600",
                   nullptr);
         }
         _exit(127);

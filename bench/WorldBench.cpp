@@ -6,11 +6,12 @@
 #include "game/HeadlessGame.h"
 #include "game/World.h"
 #include "platform/DataRoot.h"
+#include "support/Places.h"
 
 namespace {
 
 void CopyOfWorld(benchmark::State& state, const std::string& file) {
-    Platform::UseDataRoot(VANTREL_SOURCE_DIR "/data");
+    Platform::UseDataRoot(SourceDirectory() / "data");
     const HeadlessGame game(800, 600);
     if (!RecordedRuns::Begin(file)) {
         state.SkipWithError("the run can't be played");

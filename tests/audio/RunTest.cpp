@@ -13,6 +13,7 @@
 #include "platform/Clock.h"
 #include "platform/DataRoot.h"
 #include "platform/HeadlessWindow.h"
+#include "support/Places.h"
 
 namespace {
 
@@ -24,7 +25,7 @@ protected:
 
     RunTest() {
         SoundManager::SetMasterVolume(1.0f);
-        Platform::UseDataRoot(VANTREL_SOURCE_DIR "/data");
+        Platform::UseDataRoot(SourceDirectory() / "data");
         Platform::ForgetListings();
         Game::Initialise("lev\\testLevel.swah");
         MenuManager::Show(MenuManager::None);
@@ -59,7 +60,7 @@ protected:
 
 TEST_F(RunTest, FallsSilentWhenTheLevelIsFinishedAndWhenItIsPaused) {
     std::string reason;
-    const auto run = ReadRun(VANTREL_SOURCE_DIR "/levels/testLevel.run", reason);
+    const auto run = ReadRun(SourceDirectory() / "levels/testLevel.run", reason);
     ASSERT_TRUE(run) << reason;
     RunRecorder::Replay(*run);
     Game::Initialise(run->level);

@@ -48,8 +48,7 @@ class Saving(unittest.TestCase):
 
     def environment(self, **fault):
         return dict(os.environ, XDG_CONFIG_HOME=os.path.join(self.home, "config"),
-                    ASAN_OPTIONS="verify_asan_link_order=0",
-                    VANTREL_DATA=os.path.join(ROOT, "data"), **fault)
+                    ASAN_OPTIONS="verify_asan_link_order=0", **fault)
 
     def run_program(self, command, fault=None):
         """Its status and standard error."""

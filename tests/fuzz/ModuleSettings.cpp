@@ -3,13 +3,14 @@
 
 #include "fuzz/FuzzGame.h"
 #include "platform/VirtualKeys.h"
+#include "support/Places.h"
 
 namespace {
 
 /// Every settings file becomes a link to one.
 void LinkSettings(const std::filesystem::path& root) {
     namespace fs = std::filesystem;
-    for (const auto& entry : fs::directory_iterator(VANTREL_SOURCE_DIR "/data/cfg")) {
+    for (const auto& entry : fs::directory_iterator(SourceDirectory() / "data/cfg")) {
         const fs::path link = root / "cfg" / entry.path().filename();
         fs::remove(link);
         fs::create_symlink("../settings.txt", link);

@@ -25,6 +25,7 @@
 #include "level/LevelPolygon.h"
 #include "menus/MenuManager.h"
 #include "platform/DataRoot.h"
+#include "support/Places.h"
 #include "water/FxParticleManager.h"
 #include "water/GroupedParticleMover.h"
 #include "water/ParticleManager.h"
@@ -62,7 +63,7 @@ auto& TheOneOf(List& list, Wanted wanted) {
 class Gallery : public testing::Test {
 protected:
     static void SetUpTestSuite() {
-        Platform::UseDataRoot(VANTREL_SOURCE_DIR "/data");
+        Platform::UseDataRoot(SourceDirectory() / "data");
         theGame = std::make_unique<HeadlessGame>(800, 600);
         ASSERT_TRUE(theGame->Start("gallery.swah")) << LastReason();
         for (int i = 0; i < 16; ++i) {  // until the mean of the frames' times is there

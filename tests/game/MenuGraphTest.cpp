@@ -28,6 +28,7 @@
 #include "platform/Paths.h"
 #include "platform/SilentAudio.h"
 #include "platform/VirtualKeys.h"
+#include "support/Places.h"
 #include "support/TemporaryDirectory.h"
 
 namespace {
@@ -66,7 +67,7 @@ class MenuGraphTest : public testing::Test {
 protected:
     MenuGraphTest() {
         setenv("XDG_CONFIG_HOME", directory.path.c_str(), 1);
-        Platform::UseDataRoot(VANTREL_SOURCE_DIR "/data");
+        Platform::UseDataRoot(SourceDirectory() / "data");
         Platform::ForgetListings();
         services.emplace(ServiceOptions{.clock = &clock, .window = &window, .audio = &audio});
         HighScoreTable::Load();
@@ -291,7 +292,7 @@ TEST_F(MenuGraphTest, OptionsCountByTheButtonAndAreDroppedByEscape) {
 TEST_F(MenuGraphTest, LoadsTheLevelThatIsChosen) {
     // A player's own levels, in the working directory, stand in one list with those that ship.
     for (const char* name : {"lev/00.swah", "lev/00b.swah"}) {
-        std::filesystem::copy_file(VANTREL_SOURCE_DIR "/data/lev/testLevel.swah",
+        std::filesystem::copy_file(SourceDirectory() / "data/lev/testLevel.swah",
                                    directory.Write(name, ""),
                                    std::filesystem::copy_options::overwrite_existing);
     }

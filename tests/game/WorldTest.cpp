@@ -12,6 +12,7 @@
 #include "game/HeadlessGame.h"
 #include "game/RunRecorder.h"
 #include "game/StateHash.h"
+#include "support/Places.h"
 
 namespace {
 
@@ -20,7 +21,7 @@ class ShippedLevel : public testing::Test {
 protected:
     void PlayInto(const std::string& name, std::size_t steps) {
         std::string reason;
-        auto run = ReadRun(VANTREL_SOURCE_DIR "/levels/" + name + ".run", reason);
+        auto run = ReadRun(SourceDirectory() / "levels" / (name + ".run"), reason);
         ASSERT_TRUE(run) << reason;
         viewSize = {run->viewWidth, run->viewHeight};
         rest.assign(run->steps.begin() + static_cast<std::ptrdiff_t>(steps), run->steps.end());

@@ -8,10 +8,12 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "support/Places.h"
+
 namespace {
 
-std::string TextOf(const char* path) {
-    std::ifstream file(path);
+std::string TextOf(const char* name) {
+    std::ifstream file(SourceDirectory() / name);
     std::ostringstream text;
     text << file.rdbuf();
     return text.str();
@@ -36,14 +38,13 @@ TEST(TriggerTypes, StandInTheAuthorsTable) {
         table << "| " << type.Number() << " | `" << type.name << "` | " << TargetWords(type.targets)
               << " | " << type.sentence << " |\n";
     }
-    EXPECT_NE(TextOf(VANTREL_SOURCE_DIR "/docs/levels.md").find(table.str()), std::string::npos)
+    EXPECT_NE(TextOf("docs/levels.md").find(table.str()), std::string::npos)
         << "docs/levels.md is to hold:\n"
         << table.str();
 }
 
 TEST(TriggerTypes, AreTheEditorsChoices) {
-    const auto project =
-        nlohmann::json::parse(TextOf(VANTREL_SOURCE_DIR "/levels/vantrel.tiled-project"));
+    const auto project = nlohmann::json::parse(TextOf("levels/vantrel.tiled-project"));
     std::vector<std::string> names;
     for (const TriggerType& type : TriggerTypes::all) {
         names.emplace_back(type.name);

@@ -217,6 +217,7 @@ TEST_F(Paths, ReadOnlyWhatIsAFile) {
 /// Programs in the places they may be run from.
 class DataRootChoice : public Paths {
 protected:
+    DataRootChoice() { unsetenv("VANTREL_DATA"); }
     ~DataRootChoice() override {
         unsetenv("VANTREL_DATA");
         unsetenv("XDG_DATA_HOME");

@@ -49,9 +49,9 @@ class Driver:
                               "vid/intro.avi": "", **(settings or {})})
         if intro:
             shutil.copy(intro, self.home + "/vid/intro.avi")
-        environment = dict(os.environ, HOME=self.home, XDG_CONFIG_HOME=self.home + "/config",
-                           VANTREL_DATA=os.path.join(self.home, data) if data
-                           else os.path.join(ROOT, "data"))
+        environment = dict(os.environ, HOME=self.home, XDG_CONFIG_HOME=self.home + "/config")
+        if data:
+            environment["VANTREL_DATA"] = os.path.join(self.home, data)
         resolution = ["-RESOLUTION", *map(str, size)] if size else []
         words = ["-FULLSCREEN", "0", *resolution, *arguments]
         self.process = subprocess.Popen([program, *words], cwd=self.home, env=environment,

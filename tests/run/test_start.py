@@ -57,8 +57,7 @@ class LostDisplay(unittest.TestCase):
         with tempfile.TemporaryDirectory() as home:
             os.mkdir(home + "/vid")
             open(home + "/vid/intro.avi", "wb").close()
-            environment.update(HOME=home, XDG_CONFIG_HOME=home,
-                               VANTREL_DATA=os.path.join(ROOT, "data"))
+            environment.update(HOME=home, XDG_CONFIG_HOME=home)
             game = subprocess.Popen([PROGRAM, "-FULLSCREEN", "0"], cwd=home, env=environment,
                                     stderr=subprocess.DEVNULL)
             self.addCleanup(game.kill)

@@ -49,7 +49,7 @@ TEST_F(Hunt, NamesWhereAPlatformCarriesWaterIntoTheWall) {
     const double x = std::abs(std::strtod(report.c_str() + place + 11, nullptr));
     EXPECT_TRUE(x > 190.0 && x < 206.0) << report;
     // Its run can be looked at.
-    EXPECT_EQ(Run(VANTREL_SIM_PROGRAM, "--replay a.run --quiet"), 0) << Read("error.txt");
+    EXPECT_EQ(Run("vantrel-sim", "--replay a.run --quiet"), 0) << Read("error.txt");
 }
 
 TEST_F(Hunt, IsContentWhereAPlatformRunsInTheWall) {
@@ -75,7 +75,7 @@ TEST_F(Hunt, NamesThePlaceWhereWaterIsStuck) {
     EXPECT_TRUE(x > 140 && x < 200 && y > 40) << report;
     EXPECT_NE(report.find("may be stuck: 1;"), std::string::npos) << report;
     // Its run can be looked at, and doesn't finish.
-    EXPECT_EQ(Run(VANTREL_SIM_PROGRAM, "--replay a.run --quiet"), 0);
+    EXPECT_EQ(Run("vantrel-sim", "--replay a.run --quiet"), 0);
     EXPECT_NE(Read("out.txt").find("finished no"), std::string::npos) << Read("out.txt");
 }
 

@@ -9,16 +9,17 @@
 #include <iterator>
 #include <string>
 
+#include "support/Places.h"
 #include "support/TestGame.h"
 
 class SolveRun : public testing::Test {
 protected:
-    int Run(const std::string& program, const std::string& arguments) {
-        const std::string command = "cd '" + folder + "' && '" + program + "' " + arguments +
-                                    " --data . >out.txt 2>error.txt";
+    int Run(const std::string& tool, const std::string& arguments) {
+        const std::string command = "cd '" + folder + "' && '" + ToolProgram(tool).string() + "' " +
+                                    arguments + " --data . >out.txt 2>error.txt";
         return WEXITSTATUS(std::system(command.c_str()));
     }
-    int RunSolve(const std::string& arguments) { return Run(VANTREL_SOLVE_PROGRAM, arguments); }
+    int RunSolve(const std::string& arguments) { return Run("vantrel-solve", arguments); }
     std::string Read(const std::string& name) const {
         std::ifstream file(folder + "/" + name, std::ios::binary);
         return {std::istreambuf_iterator<char>(file), {}};

@@ -8,6 +8,7 @@
 #include <cstdio>
 
 #include "SolveRun.h"
+#include "support/Places.h"
 
 namespace {
 
@@ -49,8 +50,9 @@ protected:
         if (pid == 0) {
             static_cast<void>(chdir(folder.c_str()) == 0);
             static_cast<void>(std::freopen("error.txt", "w", stderr));
-            execl(VANTREL_SOLVE_PROGRAM, VANTREL_SOLVE_PROGRAM, "lev/a.swah", "-o", "a.run",
-                  "--data", ".", static_cast<char*>(nullptr));
+            const std::filesystem::path program = ToolProgram("vantrel-solve");
+            execl(program.c_str(), program.c_str(), "lev/a.swah", "-o", "a.run", "--data", ".",
+                  static_cast<char*>(nullptr));
             _exit(127);
         }
         sleep(2);
@@ -75,7 +77,7 @@ TEST_F(Solve, WinsAndItsRunReplaysToTheSameEnd) {
     game.Write(TwoLedges(), "lev/a.swah");
     ASSERT_EQ(RunSolve("lev/a.swah -o a.run --jobs 2 --minutes 1"), 0) << Read("error.txt");
     EXPECT_TRUE(Read("out.txt").starts_with("WIN water 1"));
-    ASSERT_EQ(Run(VANTREL_SIM_PROGRAM, "--replay a.run --quiet"), 0);
+    ASSERT_EQ(Run("vantrel-sim", "--replay a.run --quiet"), 0);
     EXPECT_NE(Read("out.txt").find("finished yes"), std::string::npos) << Read("out.txt");
 
     // The number of processes changes nothing but the time it takes.

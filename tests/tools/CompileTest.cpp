@@ -7,6 +7,7 @@
 #include <nlohmann/json.hpp>
 
 #include "ToolRun.h"
+#include "support/Places.h"
 
 namespace {
 
@@ -120,7 +121,7 @@ TEST_F(CompileMap, TakesActorsInTheFormsThatAuthorsDraw) {
 }
 
 TEST_F(CompileMap, TakesEveryMemberAndWordOfTheProjectFile) {
-    std::ifstream file(VANTREL_SOURCE_DIR "/levels/vantrel.tiled-project");
+    std::ifstream file(SourceDirectory() / "levels/vantrel.tiled-project");
     const Json project = Json::parse(file);
     std::map<std::string, Json> words;
     std::size_t polygons = 0;
@@ -228,7 +229,7 @@ TEST_F(CompileMap, PassesOverNotesAndEmptyTileLayers) {
 
 // The corpus of the fuzzing program LevelTool does the same with levels that nobody would draw.
 TEST_F(CompileMap, GivesTheBytesOfADecompiledLevelBack) {
-    for (const auto& entry : std::filesystem::directory_iterator(VANTREL_SOURCE_DIR "/data/lev")) {
+    for (const auto& entry : std::filesystem::directory_iterator(SourceDirectory() / "data/lev")) {
         std::filesystem::copy_file(entry.path(), folder / "a.swah",
                                    std::filesystem::copy_options::overwrite_existing);
         ASSERT_EQ(Run("decompile a.swah -o a.tmj").error, "") << entry.path();

@@ -11,6 +11,7 @@
 #include <string>
 
 #include "level/LevelFile.h"
+#include "support/Places.h"
 #include "support/TemporaryDirectory.h"
 
 class ToolTest : public testing::Test {
@@ -23,8 +24,9 @@ protected:
 
     /// Runs with the fixture's folder as working directory.
     Outcome Run(const std::string& arguments) const {
-        const std::string command = "cd '" + folder.string() + "' && '" VANTREL_LEVEL_PROGRAM "' " +
-                                    arguments + " >out.txt 2>error.txt";
+        const std::string command = "cd '" + folder.string() + "' && '" +
+                                    ToolProgram("vantrel-level").string() + "' " + arguments +
+                                    " >out.txt 2>error.txt";
         const int status = std::system(command.c_str());
         return {WEXITSTATUS(status), Read("out.txt"), Read("error.txt")};
     }

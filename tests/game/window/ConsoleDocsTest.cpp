@@ -15,6 +15,7 @@
 #include "platform/GlfwWindow.h"
 #include "platform/Paths.h"
 #include "platform/SilentAudio.h"
+#include "support/Places.h"
 #include "support/TemporaryDirectory.h"
 #include "support/TestLevelFile.h"
 
@@ -56,7 +57,7 @@ Lines FromTheTables() {
 
 Lines FromTheDocumentation() {
     Lines lines;
-    std::ifstream file(VANTREL_SOURCE_DIR "/docs/console.md");
+    std::ifstream file(SourceDirectory() / "docs/console.md");
     for (std::string line; std::getline(file, line);) {
         if (line.starts_with("| `")) {
             lines.push_back(line);

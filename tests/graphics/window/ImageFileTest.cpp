@@ -12,11 +12,12 @@
 #include "platform/ImageHeader.h"
 #include "platform/Paths.h"
 #include "platform/WholeFile.h"
+#include "support/Places.h"
 #include "support/TemporaryDirectory.h"
 
 namespace {
 
-constexpr const char* folder = VANTREL_SOURCE_DIR "/tests/graphics/window";
+const std::filesystem::path folder = SourceDirectory() / "tests/graphics/window";
 
 std::vector<std::string> Samples() {
     Platform::UseDataRoot(folder, true);
@@ -24,7 +25,7 @@ std::vector<std::string> Samples() {
 }
 
 std::string Bytes(const std::string& sample) {
-    const auto block = Platform::ReadWholeFile(std::filesystem::path(folder) / "samples" / sample);
+    const auto block = Platform::ReadWholeFile(folder / "samples" / sample);
     const auto* first = reinterpret_cast<const char*>(block->data());
     return {first, first + block->size()};
 }
@@ -40,8 +41,7 @@ bool IsChecked(const std::string& bytes, const std::string& extension) {
 TEST(ImageFile, SurvivesFilesCutAtEveryByte) {
     for (const std::string& sample : Samples()) {
         const std::string whole = Bytes(sample);
-        EXPECT_TRUE(Platform::ReadImageFile(std::filesystem::path(folder) / "samples" / sample))
-            << sample;
+        EXPECT_TRUE(Platform::ReadImageFile(folder / "samples" / sample)) << sample;
         for (std::size_t length = 0; length < whole.size(); ++length) {
             const auto cut = std::as_bytes(std::span(whole)).first(length);
             const auto image = Platform::DecodeImage(cut, Extension(sample));
@@ -56,8 +56,7 @@ TEST(ImageFile, RefusesWhatTheDecodersAreNotTrustedWith) {
     // Pictures in printing colours would show in wrong ones; texts that are pictures under the
     // name of another kind overrun the library's lines.
     for (const char* name : {"cmyk.jpg", "xpm.png"}) {
-        EXPECT_FALSE(Platform::ReadImageFile(std::filesystem::path(folder) / "refused" / name))
-            << name;
+        EXPECT_FALSE(Platform::ReadImageFile(folder / "refused" / name)) << name;
     }
 }
 

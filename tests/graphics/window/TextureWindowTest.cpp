@@ -5,6 +5,7 @@
 #include "WindowFixture.h"
 #include "platform/DataRoot.h"
 #include "platform/Paths.h"
+#include "support/Places.h"
 
 namespace {
 
@@ -115,7 +116,7 @@ TEST_F(TextureWindowTest, AnisotropyIsSetOnTexturesThatStandAndOnNewOnes) {
 }
 
 TEST_F(TextureWindowTest, EveryShippedPictureLoads) {
-    Platform::UseDataRoot(VANTREL_SOURCE_DIR "/data", true);
+    Platform::UseDataRoot(SourceDirectory() / "data", true);
     int count = 0;
     for (const char* pattern : {"img\\*.png", "img\\*.tga"}) {
         for (const std::string& file : Platform::ListFiles(pattern)) {

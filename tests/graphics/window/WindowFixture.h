@@ -14,6 +14,7 @@
 #include "graphics/TextureManager.h"
 #include "platform/DataRoot.h"
 #include "platform/GlfwWindow.h"
+#include "support/Places.h"
 
 class WindowFixture : public testing::Test {
 protected:
@@ -23,7 +24,7 @@ protected:
         Platform::UseWindow(&window);
         ASSERT_EQ(window.Create({.title = "Textures", .width = 320, .height = 240}),
                   Platform::WindowError::None);
-        Platform::UseDataRoot(VANTREL_SOURCE_DIR "/tests/graphics/window", true);
+        Platform::UseDataRoot(SourceDirectory() / "tests/graphics/window", true);
         TextureManager::UseDevice(&device);
         TextureManager::Initialise();
         GLWindow::SetPixelProjection();

@@ -32,6 +32,7 @@
 #include "platform/GlfwWindow.h"
 #include "platform/Paths.h"
 #include "platform/VirtualKeys.h"
+#include "support/Places.h"
 #include "support/TemporaryDirectory.h"
 #include "water/ParticleManager.h"
 
@@ -73,7 +74,7 @@ protected:
         // First in the list, whatever levels ship.
         directory.Write("lev/00First.swah", "");
         Platform::ForgetListings();
-        Platform::UseDataRoot(VANTREL_SOURCE_DIR "/data");
+        Platform::UseDataRoot(SourceDirectory() / "data");
         services.emplace(ServiceOptions{.clock = &clock,
                                         .window = &window,
                                         .screen = {&device, &painter},
@@ -137,7 +138,7 @@ protected:
         const std::string name = menu + '_' + std::to_string(GLWindow::ClientWidth()) + 'x' +
                                  std::to_string(GLWindow::ClientHeight()) + ".png";
         const std::string large = (resultFolder / name).string();
-        const std::string kept = VANTREL_SOURCE_DIR "/tests/menus/window/pictures/" + name;
+        const std::string kept = SourceDirectory() / "tests/menus/window/pictures" / name;
         const std::string reduced = "convert '" + large + "' -scale 25% ";
         Save(large);
         if (std::getenv("VANTREL_RENEW_PICTURES") != nullptr) {

@@ -21,6 +21,7 @@
 #include "level/LevelData.h"
 #include "platform/DataRoot.h"
 #include "platform/GlfwWindow.h"
+#include "support/Places.h"
 
 namespace {
 
@@ -32,7 +33,7 @@ constexpr std::uint32_t magenta = 0xFFFF00FF;
 class Scenery : public testing::TestWithParam<std::string> {
 protected:
     void SetUp() override {
-        Platform::UseDataRoot(VANTREL_SOURCE_DIR "/data");
+        Platform::UseDataRoot(SourceDirectory() / "data");
         GLWindow::SetVsync(false);
         ASSERT_TRUE(RecordedRuns::Begin(GetParam()));
         gameState.background = {1.0f, 0.0f, 1.0f};
