@@ -125,12 +125,12 @@ FileUpdate::~FileUpdate() {
 }
 
 FileUpdate::State FileUpdate::Read(std::vector<std::byte>& bytes) const {
-    auto found = ReadWholeFile(target);
-    bytes = std::move(found).value_or(std::vector<std::byte>());
-    std::error_code error;
-    if (found) {
+    if (auto found = ReadWholeFile(target)) {
+        bytes = std::move(*found);
         return State::Read;
     }
+    bytes.clear();
+    std::error_code error;
     return fs::exists(target, error) || error ? State::Unreadable : State::Missing;
 }
 

@@ -128,8 +128,10 @@ void FlowSpace::Measure() {
 
 Vector2 FlowSpace::Centre(std::size_t cell) const {
     const auto columns = static_cast<std::size_t>(width);
-    return origin + Vector2{(static_cast<float>(cell % columns) + 0.5f) * cellSize,
-                            (static_cast<float>(cell / columns) + 0.5f) * cellSize};
+    const std::size_t column = cell % columns;
+    const std::size_t row = cell / columns;
+    return origin + Vector2{(static_cast<float>(column) + 0.5f) * cellSize,
+                            (static_cast<float>(row) + 0.5f) * cellSize};
 }
 
 std::size_t FlowSpace::CellAt(Vector2 place) const {

@@ -2,8 +2,7 @@
 // Moves are planned and judged in batches, so that the order in which processes finish makes no
 // difference; and the interrupt that ends a search between them.
 
-#include <signal.h>
-
+#include <csignal>
 #include <cstddef>
 #include <vector>
 

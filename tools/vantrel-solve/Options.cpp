@@ -94,6 +94,10 @@ bool TakeValue(const std::string& name, const std::string& value, Options& optio
     return known;
 }
 
+std::string BadValue(const std::string& value, const std::string& name) {
+    return "bad value '" + value + "' for " + name;
+}
+
 }  // namespace
 
 std::optional<Options> ParseOptions(const std::vector<std::string>& arguments,
@@ -122,8 +126,7 @@ std::optional<Options> ParseOptions(const std::vector<std::string>& arguments,
             bool known = true;
             const std::string& value = arguments[++i];
             if (!TakeValue(name, value, options, known)) {
-                message = known ? "bad value '" + value + "' for " + name
-                                : "unknown option '" + name + "'";
+                message = known ? BadValue(value, name) : "unknown option '" + name + "'";
                 return std::nullopt;
             }
         }
