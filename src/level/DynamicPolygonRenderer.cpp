@@ -83,7 +83,8 @@ void PrepareDraw(const View& view) {
     ClearQueues();
     for (const DynamicPolygon& entry : polygons) {
         const LevelPolygon& polygon = *entry.polygon;
-        if (LevelData::StateOf(polygon).enabled == 0 || polygon.layer >= layerCount || !IsInSquare(entry, square)) {
+        if (LevelData::StateOf(polygon).enabled == 0 || polygon.layer >= layerCount ||
+            !IsInSquare(entry, square)) {
             continue;
         }
         auto& queue = layerQueues[polygon.layer];

@@ -47,7 +47,7 @@ public:
     std::uint8_t toggledByTrigger = 0;  ///< its edges are exempt from edge cleaning
     std::uint8_t winding = 0;           ///< 1 or 0: which way the outline was found to turn
     std::uint32_t triangleCount = 0;
-    std::uint32_t id = 0;    ///< what movers and triggers address; not unique
+    std::uint32_t id = 0;      ///< what movers and triggers address; not unique
     std::uint32_t number = 0;  ///< place among the level's polygons
     float friction = 1.0f;     ///< 0..1
     Texture texture;

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 
-#include "engine/FullBody.h"
 #include "menus/MenuHost.h"
 
 namespace {
@@ -22,8 +21,7 @@ void GuiWaterLevel::SetRampTime(float seconds) {
 void GuiWaterLevel::OnPaint() {
     ramp.Tick();
     const float t = ramp.Advance();
-    const float share = static_cast<float>(MenuHost::Current().Result().waterAtFinish) /
-                        static_cast<float>(fullBody);
+    const float share = MenuHost::Current().Result().WaterShare();
     const auto left = static_cast<float>(x);
     const auto h = static_cast<float>(height);
     const float top = static_cast<float>(y) + (1.0f - share * t) * h;

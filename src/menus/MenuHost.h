@@ -6,6 +6,7 @@
 #include <span>
 #include <string>
 
+#include "engine/FullBody.h"
 #include "menus/HighScoreRow.h"
 
 class GuiScreen;
@@ -17,6 +18,11 @@ struct LevelResult {
     std::uint32_t waterScore = 0;
     std::uint32_t timeScore = 0;
     std::uint32_t totalScore = 0;
+
+    /// Of a full body of water; may pass 1.
+    float WaterShare() const {
+        return static_cast<float>(waterAtFinish) / static_cast<float>(fullBody);
+    }
 };
 
 class MenuHost {

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 
-#include "engine/FullBody.h"
 #include "engine/Page.h"
 #include "menus/GuiLevelTimeDisplay.h"
 #include "menus/GuiScoreLabel.h"
@@ -111,8 +110,7 @@ void Menu_LevelFinished::AddCounters(MenuBuilder& builder) {
 
 void Menu_LevelFinished::Reset() {
     scoreSubmitted = false;
-    const float share =
-        static_cast<float>(Result<&LevelResult::waterAtFinish>()) / static_cast<float>(fullBody);
+    const float share = MenuHost::Current().Result().WaterShare();
     waterScoreCount->SetRampTime(waterRampTime * share);
     waterLevel->SetRampTime(waterRampTime * share);
     GuiScreen::Reset();

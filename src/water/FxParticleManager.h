@@ -61,7 +61,7 @@ struct FxParticle {
 };
 
 struct EffectsState {
-    std::vector<Emitter> emitters;     ///< in the order of adding
+    std::vector<Emitter> emitters;      ///< in the order of adding
     std::vector<FxParticle> particles;  ///< the oldest first
     bool isCrowded = false;  ///< an emitter had no room to throw in since the level began
 

@@ -76,10 +76,20 @@ void GroupFreeze::TakeWhatIsReached(const ParticleList& particles, std::uint32_t
     }
 }
 
+ParticleList GroupFreeze::SpareList() {
+    if (spare.empty()) {
+        return {};
+    }
+    ParticleList list = std::move(spare.back());
+    spare.pop_back();
+    return list;
+}
+
 /// Of what was taken, the last one in front.
-ParticleGroup GroupFreeze::MakeGroup(const ParticleList& particles, RandomNumbers& random) const {
+ParticleGroup GroupFreeze::MakeGroup(const ParticleList& particles, RandomNumbers& random) {
     const Particle& seed = particles[taken.front()];
     ParticleGroup group;
+    group.particles = SpareList();
     group.radius = Particle::radius;
     group.targetRadius = TargetRadius(taken.size());
     group.position = seed.position;
@@ -122,9 +132,8 @@ void GroupFreeze::FindReachedInCell(const ParticleList& particles, std::uint32_t
     std::uint32_t* link = &cellHeads[cell];
     while (*link != noEntry) {
         Entry& entry = entries[*link];
-        const bool isReached =
-            !entry.isTaken &&
-            DistanceSquared(particles[entry.particle].position, centre) <= reachSquared;
+        const bool isReached = !entry.isTaken && DistanceSquared(particles[entry.particle].position,
+                                                                 centre) <= reachSquared;
         if (isReached) {
             reached.push_back(*link);
         }

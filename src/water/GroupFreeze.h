@@ -5,6 +5,7 @@
 // Here that is an explicit work list, and a table of cells finds the near ones.
 
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 #include "engine/Random.h"
@@ -19,6 +20,8 @@ public:
     /// Takes all particles at or below 0 degrees, and all that these reach, out of `particles`
     /// and into new groups at the front of `groups`.
     void Run(ParticleList& particles, GroupList& groups, RandomNumbers& random);
+    /// Keeps a group's storage for one to come.
+    void Recycle(ParticleGroup& group) { spare.push_back(std::move(group.particles)); }
 
 private:
     /// A particle that could be taken. Its number in `entries` is its rank.
@@ -30,7 +33,8 @@ private:
 
     void AddEntries(const ParticleList& particles, bool areFrozen);
     void TakeWhatIsReached(const ParticleList& particles, std::uint32_t seed);
-    ParticleGroup MakeGroup(const ParticleList& particles, RandomNumbers& random) const;
+    ParticleGroup MakeGroup(const ParticleList& particles, RandomNumbers& random);
+    ParticleList SpareList();
     void Take(std::uint32_t entry);
     void FindReached(const ParticleList& particles, Vector2 centre);
     void FindReachedInCell(const ParticleList& particles, std::uint32_t cell, Vector2 centre);
@@ -42,4 +46,5 @@ private:
     std::vector<std::uint32_t> work;     ///< taken but not yet spread from; the last is next
     std::vector<std::uint32_t> taken;    ///< places of a group's members, in the order of taking
     std::vector<std::uint32_t> allTaken;
+    std::vector<ParticleList> spare;  ///< of groups that are gone
 };

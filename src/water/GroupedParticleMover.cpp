@@ -182,6 +182,9 @@ void Step(const WaterStep& step) {
         }
         std::swap(list[kept++], group);
     }
+    for (std::size_t i = kept; i < list.size(); ++i) {
+        step.work.freezer.Recycle(list[i]);
+    }
     list.resize(kept);
     step.work.merger.Run(list);
 }

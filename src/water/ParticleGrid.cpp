@@ -99,10 +99,10 @@ bool ParticleGrid::IsConsistent(std::span<const Particle> particles) const {
         const std::uint32_t cell = CellIndex(particle.gridX, particle.gridY);
         const std::uint32_t self =
             previous == Particle::none ? heads[cell] : particles[previous].gridNext;
-        const bool fitsNext = next == Particle::none ||
-                              (particles[next].inGrid == 1 &&
-                               particles[next].gridPrevious == number &&
-                               CellIndex(particles[next].gridX, particles[next].gridY) == cell);
+        const bool fitsNext =
+            next == Particle::none ||
+            (particles[next].inGrid == 1 && particles[next].gridPrevious == number &&
+             CellIndex(particles[next].gridX, particles[next].gridY) == cell);
         if (self != number || !fitsNext) {
             return false;
         }
