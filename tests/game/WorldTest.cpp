@@ -12,6 +12,7 @@
 #include "game/HeadlessGame.h"
 #include "game/RunRecorder.h"
 #include "game/StateHash.h"
+#include "platform/DataRoot.h"
 #include "support/Places.h"
 
 namespace {
@@ -19,6 +20,7 @@ namespace {
 /// A shipped level that freezes, boils, moves and blows, so many steps into its run.
 class ShippedLevel : public testing::Test {
 protected:
+    ShippedLevel() { Platform::UseDataRoot(SourceDirectory() / "data"); }
     void PlayInto(const std::string& name, std::size_t steps) {
         std::string reason;
         auto run = ReadRun(SourceDirectory() / "levels" / (name + ".run"), reason);
