@@ -196,14 +196,20 @@ bool IsOpeningFlight() {
     return state == OpeningFlight;
 }
 
-float WantedTurn() {
+float TurnOfKeys(bool left, bool right) {
     float wanted = 0.0f;
-    if (GLWindow::IsKeyDown(VirtualKey::left)) {
+    if (left) {
         wanted += settings.keyboardTurnSpeed;
     }
-    if (GLWindow::IsKeyDown(VirtualKey::right)) {
+    if (right) {
         wanted -= settings.keyboardTurnSpeed;
     }
+    return wanted;
+}
+
+float WantedTurn() {
+    float wanted =
+        TurnOfKeys(GLWindow::IsKeyDown(VirtualKey::left), GLWindow::IsKeyDown(VirtualKey::right));
     if (GLWindow::IsForeground() && GLWindow::IsCursorInClient()) {
         const int dx = GLWindow::CursorScreenX() - GLWindow::ClientCentreScreenX();
         wanted -= static_cast<float>(dx) * settings.mouseTurnSpeed;

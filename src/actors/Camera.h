@@ -39,6 +39,8 @@ void Step(CameraState& camera, const WaterState& water, RandomNumbers& random,
 View Look(const CameraState& camera, float width = Page::width, float height = Page::height);
 void Zoom(CameraState& camera);
 void Shake(CameraState& camera, RandomNumbers& random);
+/// The turning speed that these arrow keys ask for while they are held, degrees per second.
+float TurnOfKeys(bool left, bool right);
 
 // The world in play.
 

@@ -3,7 +3,6 @@
 #include "Archive.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 #include "SituationHash.h"
@@ -21,7 +20,7 @@ constexpr float perTry = 8.0f;
 /// Loss upon loss says that the water is beyond saving, however near it is.
 constexpr float perLoss = 40.0f;
 constexpr float perTryInRegion = 0.25f;
-/// Copies that are better by less than this aren't worth the exchange.
+/// Worlds that are better by less than this aren't worth the exchange.
 constexpr float worthExchange = 2.0f;
 
 constexpr float cell = 40.0f;
@@ -30,7 +29,7 @@ constexpr double shareOfRare = 0.3;
 
 /// Mostly water, steam or ice.
 std::uint64_t MostMatter(const Outcome& outcome) {
-    const std::uint32_t all = std::max(outcome.placeCount, 1u);
+    const std::uint32_t all = std::max(outcome.Alive(), 1u);
     return (outcome.steam * 2 > all ? 1u : 0u) + (outcome.ice * 2 > all ? 2u : 0u);
 }
 
@@ -41,27 +40,28 @@ std::uint64_t MostMatter(const Outcome& outcome) {
 float Archive::DistanceOf(const Outcome& outcome) const {
     // Below a half, so that every drop that gets ahead is some progress.
     constexpr float perDeviation = 0.45f;
-    std::array<float, Outcome::mostPlaces> distances;
-    const auto count = static_cast<float>(std::max(outcome.placeCount, 1u));
+    const auto count = static_cast<float>(std::max(outcome.Alive(), 1u));
+    std::vector<float> distances;
+    distances.reserve(outcome.Alive());
     float sum = 0.0f;
-    for (std::uint32_t i = 0; i < outcome.placeCount; ++i) {
-        distances[i] = map.Distance(outcome.places[i], outcome.switches);
-        sum += distances[i];
+    for (const Drop& drop : outcome.drops) {
+        distances.push_back(map.Distance(drop.place, outcome.switches));
+        sum += distances.back();
     }
     const float mean = sum / count;
     float deviation = 0.0f;
-    for (std::uint32_t i = 0; i < outcome.placeCount; ++i) {
-        deviation += std::fabs(distances[i] - mean);
+    for (const float distance : distances) {
+        deviation += std::fabs(distance - mean);
     }
     return mean + perDeviation * deviation / count;
 }
 
-Found Archive::Describe(Copies::Number copy) const {
-    const Outcome& outcome = copies.Of(copy);
+Found Archive::Describe(Worlds::Number world) const {
+    const Outcome& outcome = worlds.Of(world);
     Found found;
-    found.copy = copy;
+    found.world = world;
     found.distance = DistanceOf(outcome);
-    found.alive = outcome.alive;
+    found.alive = outcome.Alive();
     found.elapsedMs = outcome.elapsedMs;
     found.angle = outcome.angle;
     SituationHash::Mix(found.regionHash, SituationHash::Square(outcome.centre, region));
@@ -71,13 +71,13 @@ Found Archive::Describe(Copies::Number copy) const {
     found.hash = found.regionHash;
     SituationHash::Mix(found.hash, SituationHash::Square(outcome.centre, cell));
     SituationHash::Mix(found.hash, outcome.movers);
-    SituationHash::Mix(found.hash, outcome.alive / 12);
+    SituationHash::Mix(found.hash, outcome.Alive() / 12);
     SituationHash::Mix(found.hash, static_cast<std::uint64_t>(outcome.angle + 90.0f) / 60);
     return found;
 }
 
-bool Archive::Take(Copies::Number copy, Path path) {
-    Found found = Describe(copy);
+bool Archive::Take(Worlds::Number world, Path path) {
+    Found found = Describe(world);
     farthest = std::max(farthest, founds.empty() ? found.distance : 0.0f);
     found.path = std::move(path);
     const auto [place, isNew] = byHash.try_emplace(found.hash, founds.size());
@@ -86,10 +86,10 @@ bool Archive::Take(Copies::Number copy, Path path) {
     } else {
         Found& there = founds[place->second];
         if (Cost(found) > Cost(there) - worthExchange) {
-            copies.Drop(copy);
+            worlds.Drop(world);
             return false;
         }
-        copies.Drop(there.copy);
+        worlds.Drop(there.world);
         found.tries = there.tries / 2;
         found.losses = there.losses / 2;
         there = found;
@@ -161,7 +161,7 @@ Found& Archive::Pick(Dice& dice) {
 }
 
 void Archive::Remove(std::size_t index) {
-    copies.Drop(founds[index].copy);
+    worlds.Drop(founds[index].world);
     byHash.erase(founds[index].hash);
     if (index + 1 != founds.size()) {
         founds[index] = std::move(founds.back());
@@ -171,7 +171,7 @@ void Archive::Remove(std::size_t index) {
 }
 
 void Archive::MakeRoom(std::size_t wanted) {
-    while (!founds.empty() && copies.Room() < wanted) {
+    while (!founds.empty() && worlds.Room() < wanted) {
         std::size_t worst = 0;
         float most = -1.0f;
         for (std::size_t i = 0; i < founds.size(); ++i) {

@@ -1,21 +1,21 @@
 #pragma once
-// What the search has reached: for each situation the best copy of the game that got
-// there. Situations are kept apart by place, state of matter, water left and what was set off,
-// so that the search spreads instead of crowding at one obstacle.
+// What the search has reached: for each situation the best world that got there. Situations are
+// kept apart by place, state of matter, water left and what was set off, so that the search spreads
+// instead of crowding at one obstacle.
 
 #include <cstdint>
 #include <memory>
 #include <unordered_map>
 #include <vector>
 
-#include "Copies.h"
 #include "Dice.h"
 #include "FlowMap.h"
 #include "Path.h"
+#include "Worlds.h"
 
-/// One situation and its copy.
+/// One situation and its world.
 struct Found {
-    Copies::Number copy = Copies::none;
+    Worlds::Number world = Worlds::none;
     Path path;
     float distance = 0.0f;  ///< FlowMap's, over all the water
     std::uint32_t alive = 0;
@@ -30,17 +30,17 @@ struct Found {
 class Archive {
 public:
     /// `least`: with less water than this nothing is kept.
-    Archive(Copies& where, const FlowMap& flowMap, std::uint32_t least)
-        : copies(where), map(flowMap), leastWater(least) {}
+    Archive(Worlds& where, const FlowMap& flowMap, std::uint32_t least)
+        : worlds(where), map(flowMap), leastWater(least) {}
 
-    /// Keeps the copy if its situation is new or it is better than the one that was there;
+    /// Keeps the world if its situation is new or it is better than the one that was there;
     /// drops whichever isn't kept. True if kept.
-    bool Take(Copies::Number copy, Path path);
+    bool Take(Worlds::Number world, Path path);
     /// The next to go on from; there must be one. Counts the try.
     Found& Pick(Dice& dice);
     /// A move from the situation of this hash lost too much water.
     void NoteLoss(std::uint64_t hash);
-    /// Makes room for so many more copies by dropping the least promising.
+    /// Makes room for so many more worlds by dropping the least promising.
     void MakeRoom(std::size_t wanted);
     /// Drops what can't beat a run of this length any more.
     void DropLaterThan(std::uint32_t elapsedMs);
@@ -49,7 +49,7 @@ public:
     std::size_t Count() const { return founds.size(); }
     /// Least distance so far.
     float Nearest() const { return nearest; }
-    Found Describe(Copies::Number copy) const;
+    Found Describe(Worlds::Number world) const;
 
 private:
     float Cost(const Found& found) const;
@@ -59,7 +59,7 @@ private:
     Found& PickRare(Dice& dice);
     void Remove(std::size_t index);
 
-    Copies& copies;
+    Worlds& worlds;
     const FlowMap& map;
     std::vector<Found> founds;
     std::unordered_map<std::uint64_t, std::size_t> byHash;

@@ -9,13 +9,12 @@
 #include <utility>
 
 #include "Dice.h"
+#include "Interrupt.h"
 #include "LeakSpace.h"
-#include "LeakWatch.h"
-#include "MoveBatch.h"
 #include "Path.h"
 #include "ProgressLine.h"
 #include "SearchSetup.h"
-#include "game/RunRecorder.h"
+#include "Worlds.h"
 
 namespace {
 
@@ -43,23 +42,23 @@ struct Life {
     float angle = 0.0f;              ///< of a sweep
     float sweep = 4.0f;              ///< degrees a move
     double secondsLeft = lifeSeconds;
-    Copies::Number copy = Copies::none;  ///< none: the first
+    Worlds::Number world = Worlds::none;  ///< none: the first
     Path path;
 };
 
 class Hunter {
 public:
-    Hunter(const SearchSettings& chosen, std::uint32_t seeds, Copies& where, Copies::Number begin,
-           LeakResult& into)
+    Hunter(const SearchSettings& chosen, PlayRules rules, std::uint32_t seeds, LeakResult& into)
         : settings(chosen),
-          copies(where),
-          first(begin),
+          worlds(std::move(rules), chosen.room, chosen.jobs),
+          first(worlds.StartFirst()),
           result(into),
           line(chosen.seconds * seeds) {
         for (std::uint32_t i = 0; i < seeds; ++i) {
             result.seeds.push_back({.seed = settings.seed + i});
         }
     }
+    bool IsReady() const { return first != Worlds::none; }
     void Run();
 
 private:
@@ -67,16 +66,17 @@ private:
     void BeginLife(std::size_t ofSeed, double seconds);
     Move NextMove(Life& life);
     /// False when the life is over.
-    bool Take(Life& life, const Move& move, Copies::Number copy);
-    void Note(const Life& life, const Leak& leak, const std::vector<RunStep>& steps);
+    bool Take(Life& life, const Move& move, Worlds::Number world);
+    /// `steps` lead there, `seen` of them until the leak was seen.
+    void Note(const Life& life, const Leak& leak, const std::vector<RunStep>& steps,
+              std::size_t seen);
     void ShowProgress();
 
     const SearchSettings& settings;
-    Copies& copies;
-    Copies::Number first;
+    Worlds worlds;
+    const Worlds::Number first;
     LeakResult& result;
     ProgressLine line;
-    const ::Run start = RunRecorder::Current();
     std::vector<Life> lives;
     std::size_t seed = 0;  ///< of the next life
     double planned = 0.0;  ///< seconds of that seed
@@ -114,13 +114,13 @@ void Hunter::BeginLife(std::size_t ofSeed, double seconds) {
     life.style = static_cast<Style>(life.number % static_cast<std::uint32_t>(Style::Count));
     life.frameMs = frameLengths[life.dice.Below(frameLengths.size())];
     life.sweep = static_cast<float>(1u << life.dice.Below(5));
-    life.step = copies.Of(first).stepCount;
+    life.step = static_cast<std::uint32_t>(worlds.Of(first).steps.size());
     life.secondsLeft = seconds;
-    const auto length = static_cast<std::uint32_t>(Playing::script.size());
+    const auto length = static_cast<std::uint32_t>(worlds.Rules().script.size());
     if (length > life.step && life.dice.Below(4) != 0) {
         life.scriptFrames = life.dice.Below(length - life.step);
     }
-    life.path = Extend(nullptr, copies.Of(first));
+    life.path = Extend(nullptr, worlds.Of(first));
     lives.push_back(std::move(life));
 }
 
@@ -156,7 +156,8 @@ Move Hunter::NextMove(Life& life) {
     return move;
 }
 
-void Hunter::Note(const Life& life, const Leak& leak, const std::vector<RunStep>& steps) {
+void Hunter::Note(const Life& life, const Leak& leak, const std::vector<RunStep>& steps,
+                  std::size_t seen) {
     LeakCount& count = result.seeds[life.seed];
     count.drops += leak.drops;
     const auto isNear = [&](const LeakPlace& place) {
@@ -164,35 +165,32 @@ void Hunter::Note(const Life& life, const Leak& leak, const std::vector<RunStep>
     };
     auto place = std::ranges::find_if(result.places, isNear);
     if (place == result.places.end()) {
-        const double second = SecondsOf(steps, leak.steps);
+        const double second = SecondsOf(steps, seen);
         place = result.places.insert(place, {leak.from, 0, count.seed, life.number, second});
-        result.runs.push_back(start);
+        result.runs.push_back(worlds.Rules().start);
         result.runs.back().steps = steps;
     }
     place->drops += leak.drops;
 }
 
-bool Hunter::Take(Life& life, const Move& move, Copies::Number copy) {
-    const Outcome& outcome = copies.Of(copy);
+bool Hunter::Take(Life& life, const Move& move, Worlds::Number world) {
+    const Outcome& outcome = worlds.Of(world);
     LeakCount& count = result.seeds[life.seed];
     life.path = Extend(std::move(life.path), outcome);
     if (move.scriptStep == Move::none) {
-        const double seconds = outcome.watchedFrames * move.frameMs * 0.001;
+        const double seconds = outcome.watchedSteps * move.frameMs * 0.001;
         count.seconds += seconds;
         life.secondsLeft -= seconds;
     }
     count.wins += outcome.finished ? 1 : 0;
     count.losses += outcome.cameBack ? 1 : 0;
-    if (outcome.leakCount > 0) {
+    if (!outcome.leaks.empty()) {
         const std::vector<RunStep> steps = StepsOf(life.path);
-        for (std::size_t i = 0; i < outcome.leakCount; ++i) {
-            Note(life, outcome.leaks[i], steps);
+        for (const Leak& leak : outcome.leaks) {
+            Note(life, leak, steps, steps.size() - outcome.steps.size() + leak.steps);
         }
     }
-    if (outcome.lost) {
-        result.failure = "a copy of the game has died";
-    }
-    if (outcome.alive == 0) {  // no more water will come
+    if (outcome.Alive() == 0) {  // no more water will come
         life.secondsLeft = 0.0;
     }
     return !outcome.finished && life.secondsLeft > 0.0;
@@ -210,9 +208,9 @@ void Hunter::ShowProgress() {
 }
 
 void Hunter::Run() {
-    const MoveBatch::InterruptEndsSearch guard;
-    std::vector<MoveBatch::PlannedMove> moves;
-    while (!MoveBatch::IsInterrupted()) {
+    const InterruptEndsSearch guard;
+    std::vector<Worlds::PlannedMove> moves;
+    while (!IsInterrupted()) {
         while (lives.size() < abreast && PlanLife()) {
         }
         if (lives.empty()) {
@@ -220,24 +218,24 @@ void Hunter::Run() {
         }
         moves.clear();
         for (Life& life : lives) {
-            moves.push_back({life.copy == Copies::none ? first : life.copy, NextMove(life)});
+            moves.push_back({life.world == Worlds::none ? first : life.world, NextMove(life)});
         }
-        MoveBatch::Play(copies, moves, settings.processes);
+        worlds.Play(moves);
         std::vector<Life> played = std::exchange(lives, {});
         for (std::size_t i = 0; i < played.size(); ++i) {
             Life& life = played[i];
-            if (life.copy != Copies::none) {
-                copies.Drop(life.copy);
+            if (life.world != Worlds::none) {
+                worlds.Drop(life.world);
             }
-            life.copy = moves[i].copy;
-            if (life.copy == Copies::none) {
+            life.world = moves[i].world;
+            if (life.world == Worlds::none) {
                 continue;  // an interrupt
             }
-            if (Take(life, moves[i].move, life.copy)) {
+            if (Take(life, moves[i].move, life.world)) {
                 lives.push_back(std::move(life));
                 continue;
             }
-            copies.Drop(life.copy);
+            worlds.Drop(life.world);
             if (life.secondsLeft > 0.0) {
                 BeginLife(life.seed, life.secondsLeft);
             }
@@ -252,22 +250,19 @@ LeakResult HuntLeaks(const SearchSettings& settings, std::uint32_t seeds,
                      std::vector<RunStep> script) {
     LeakResult result;
     HeadlessGame game(settings.windowWidth, settings.windowHeight);
-    result.failure = Playing::Begin(game, settings.level);
+    PlayRules rules{.script = std::move(script)};
+    result.failure = Playing::Begin(game, settings.level, rules.start);
     if (!result.failure.empty()) {
         return result;
     }
-    Playing::script = std::move(script);
     const LeakSpace space;
-    LeakWatch watch(space);
-    Playing::watch = [&](Outcome& outcome) { watch.Look(outcome); };
-    Copies copies(settings.room, 0);
-    const Copies::Number first = copies.StartFirst(game);
-    if (first == Copies::none) {
-        result.failure = "cannot start copies of the game";
+    rules.leakSpace = &space;
+    Hunter hunter(settings, std::move(rules), seeds, result);
+    if (hunter.IsReady()) {
+        hunter.Run();
     } else {
-        Hunter(settings, seeds, copies, first, result).Run();
+        result.failure = SearchSetup::NoFlight(settings.level);
     }
-    Playing::watch = nullptr;
     return result;
 }
 

@@ -37,8 +37,8 @@ struct LeakResult {
 
 /// Plays `settings.seconds` of the game's time, of 128 drops or what is left of them, for each
 /// of `seeds` seeds from the settings' own on. `script`: steps of a run of the level; may be
-/// empty. The same seed gives the same lives, whatever the number of processes. As Search: no
-/// threads, no other child processes; an interrupt ends it.
+/// empty. The same seed gives the same lives, whatever the number of threads. An
+/// interrupt ends it.
 LeakResult HuntLeaks(const SearchSettings& settings, std::uint32_t seeds,
                      std::vector<RunStep> script);
 /// What was found, lines ended by '\n'.

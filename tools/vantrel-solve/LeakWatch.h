@@ -1,25 +1,22 @@
 #pragma once
-// Watches the running game for water that leaves the space it can reach, and counts each drop
-// once. What fades away is passed over, and of a lump of ice its middle counts: its drops
-// don't collide until it thaws.
+// Watches a world for water that leaves the space it can reach, and counts each drop once. What
+// fades away is passed over, and of a lump of ice its middle counts: its drops don't collide until
+// it thaws.
 
-#include <cstdint>
-#include <unordered_set>
+#include <vector>
 
 #include "LeakSpace.h"
-#include "Playing.h"
+#include "Outcome.h"
+#include "game/World.h"
 
+/// Which of a world's water is outside. A copy goes on with a copy of the world.
 class LeakWatch {
 public:
-    /// `of` must outlive this.
-    explicit LeakWatch(const LeakSpace& of) : space(of) {}
-    /// After each frame: adds what has leaked since the last call.
-    void Look(Outcome& outcome);
+    /// After each step of the world: adds what has leaked in it to the outcome.
+    void Look(const World& world, const LeakSpace& space, Outcome& outcome);
 
 private:
-    void Add(const void* who, Vector2 from, std::size_t drops, Outcome& outcome);
-
-    const LeakSpace& space;
-    std::unordered_set<const void*> outside;  ///< drops and lumps, by address
-    std::unordered_set<const void*> before;   ///< the same at the last look
+    // What was outside after the last step. Water has no name, and its places in the lists change.
+    std::vector<Vector2> drops;  ///< where each of them began its move in that step
+    std::vector<Vector2> lumps;  ///< where they were
 };

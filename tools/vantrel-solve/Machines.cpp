@@ -5,7 +5,6 @@
 #include <algorithm>
 
 #include "SituationHash.h"
-#include "actors/MoverManager.h"
 #include "actors/TriggerManager.h"
 
 namespace Machines {
@@ -37,8 +36,8 @@ bool Obeys(const Mover& mover, TriggerKind kind) {
 
 /// Whether the trigger can't fire again and what it did doesn't hold any more. What it has taken
 /// out or put back counts as well, since that holds.
-bool IsUsedUp(const Trigger& trigger) {
-    if (TriggerManager::StateOf(trigger).fireCount == 0 || trigger.typeInfo->fireLimit == 0) {
+bool IsUsedUp(const Trigger& trigger, const ActorsState& actors) {
+    if (actors.triggers[trigger.number].fireCount == 0 || trigger.typeInfo->fireLimit == 0) {
         return false;
     }
     if (TriggerTypes::Toggles(trigger.Kind())) {
@@ -46,15 +45,15 @@ bool IsUsedUp(const Trigger& trigger) {
     }
     return TriggerTypes::SteersMovers(trigger.Kind()) &&
            !std::all_of(trigger.movers.begin(), trigger.movers.end(), [&](std::uint32_t place) {
-               return Obeys(MoverManager::movers[place], trigger.Kind());
+               return Obeys(actors.movers[place], trigger.Kind());
            });
 }
 
 }  // namespace
 
-std::uint64_t State(Vector2 place) {
+std::uint64_t State(const ActorsState& actors, Vector2 place) {
     std::uint64_t hash = 0;
-    for (const Mover& mover : MoverManager::movers) {
+    for (const Mover& mover : actors.movers) {
         if (!IsNear(mover, place)) {
             continue;
         }
@@ -66,7 +65,7 @@ std::uint64_t State(Vector2 place) {
     }
     std::uint64_t index = 0;
     for (const Trigger& trigger : TriggerManager::triggers) {
-        if (IsUsedUp(trigger)) {
+        if (IsUsedUp(trigger, actors)) {
             SituationHash::Mix(hash, index);
         }
         ++index;

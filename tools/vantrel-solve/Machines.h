@@ -1,8 +1,9 @@
 #pragma once
-// The state of the loaded level's machines, as far as a way on from some place can hang on it.
+// The state of a world's machines, as far as a way on from some place can hang on it.
 
 #include <cstdint>
 
+#include "actors/ActorsState.h"
 #include "engine/Vector2.h"
 
 namespace Machines {
@@ -10,6 +11,6 @@ namespace Machines {
 /// A hash of where the movers near a place stand that don't go to and fro, of what triggers have
 /// taken out or put back, and of one-time triggers that have fired and whose effect is undone:
 /// they can't help again.
-std::uint64_t State(Vector2 place);
+std::uint64_t State(const ActorsState& actors, Vector2 place);
 
 }  // namespace Machines

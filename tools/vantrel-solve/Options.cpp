@@ -2,12 +2,11 @@
 
 #include "Options.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <charconv>
+#include <thread>
 
-#include "Copies.h"
+#include "Worlds.h"
 #include "engine/FullBody.h"
 
 const char* const solveHelpText =
@@ -17,7 +16,7 @@ const char* const solveHelpText =
     "       vantrel-solve LEVEL.swah --leaks [-o FILE.run] [--along FILE.run] [--minutes M]\n"
     "                     [--seeds N] ...\n"
     "Searches for a run that wins the level, by playing many tilts ahead on copies of the\n"
-    "game, and writes the best one that it found, also when it is interrupted. With --stuck\n"
+    "world, and writes the best one that it found, also when it is interrupted. With --stuck\n"
     "it looks for places where water is stuck for good, and writes the run to the worst one,\n"
     "and to others with a number in the name. With --leaks it tilts the level for long, slowly\n"
     "and at random, counts drops that get into or through what is solid, and writes the runs to\n"
@@ -32,8 +31,8 @@ const char* const solveHelpText =
     "  --improve    go on after the first win until the time is up: more water, then less time\n"
     "  --seed S     another number gives another search; 1 if not given\n"
     "  --seeds N    with --leaks, so many seeds from that one on; 1 if not given\n"
-    "  --jobs J     copies that play at the same time; one per processor if not given\n"
-    "  --room N     copies to keep; 2500 if not given, each takes about half a megabyte\n"
+    "  --jobs J     threads that play; one per processor if not given\n"
+    "  --room N     worlds to keep; 2500 if not given, each takes about 50 kilobytes\n"
     "  --window WxH the window that the run is for; 1280x720 if not given\n"
     "  --data DIR   the game's data\n"
     "Exit status: 0 a win, 3 no win, 1 an unusable file, 2 bad arguments; with --stuck and\n"
@@ -74,7 +73,7 @@ bool TakeValue(const std::string& name, const std::string& value, Options& optio
         return ParseNumber(value, 1u, 10000u, options.seeds);
     }
     if (name == "--jobs") {
-        return ParseNumber(value, 1u, Copies::mostAtOnce, search.processes);
+        return ParseNumber(value, 1u, Worlds::mostThreads, search.jobs);
     }
     if (name == "--room") {
         return ParseNumber(value, 50u, 20000u, search.room);
@@ -103,8 +102,7 @@ std::string BadValue(const std::string& value, const std::string& name) {
 std::optional<Options> ParseOptions(const std::vector<std::string>& arguments,
                                     std::string& message) {
     Options options;
-    options.search.processes =
-        static_cast<unsigned>(std::clamp(sysconf(_SC_NPROCESSORS_ONLN), 1l, 64l));
+    options.search.jobs = std::clamp(std::thread::hardware_concurrency(), 1u, Worlds::mostThreads);
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         const std::string& name = arguments[i];
         if (!name.starts_with("-")) {

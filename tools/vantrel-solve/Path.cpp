@@ -5,9 +5,7 @@
 #include <utility>
 
 Path Extend(Path before, const Outcome& outcome) {
-    Leg leg{std::move(before), {}};
-    leg.steps.assign(outcome.steps.begin(), outcome.steps.begin() + outcome.stepCount);
-    return std::make_shared<const Leg>(std::move(leg));
+    return std::make_shared<const Leg>(Leg{std::move(before), outcome.steps});
 }
 
 std::vector<RunStep> StepsOf(const Path& path) {

@@ -5,7 +5,7 @@
 #include <memory>
 #include <vector>
 
-#include "Playing.h"
+#include "Outcome.h"
 #include "game/RunFile.h"
 
 struct Leg {

@@ -1,4 +1,4 @@
-// Batches of moves on copies of the game; see Search.h.
+// Batches of moves in worlds; see Search.h.
 
 #include "Search.h"
 
@@ -6,10 +6,10 @@
 #include <cstdio>
 
 #include "Archive.h"
-#include "MoveBatch.h"
+#include "Interrupt.h"
 #include "ProgressLine.h"
 #include "SearchSetup.h"
-#include "game/RunRecorder.h"
+#include "Worlds.h"
 
 namespace {
 
@@ -21,33 +21,30 @@ struct Origin {
 
 class Searcher {
 public:
-    Searcher(const SearchSettings& chosen, HeadlessGame& game, SearchResult& into)
+    Searcher(const SearchSettings& chosen, PlayRules rules, SearchResult& into)
         : settings(chosen),
           result(into),
-          copies(chosen.room, chosen.leastWater),
-          dice(chosen.seed),
-          line(chosen.seconds) {
-        result.run = RunRecorder::Current();
-        first = copies.StartFirst(game);
-    }
+          line(chosen.seconds),
+          worlds(std::move(rules), chosen.room, chosen.jobs),
+          first(worlds.StartFirst()),
+          dice(chosen.seed) {}
 
-    bool IsReady() const { return first != Copies::none; }
-    /// Made after the first copy, which it isn't copied into.
+    bool IsReady() const { return first != Worlds::none; }
     void Run(const FlowMap& map);
 
 private:
     Move ChooseMove(const Found& from);
     void PlayBatch(Archive& archive);
-    void Judge(Archive& archive, Copies::Number copy, const Origin& from);
+    void Judge(Archive& archive, Worlds::Number world, const Origin& from);
     void KeepIfBest(const Outcome& outcome, float distance, Path path);
     std::string Describe(const Archive& archive) const;
 
     const SearchSettings& settings;
     SearchResult& result;
-    Copies copies;
-    Dice dice;
     ProgressLine line;
-    Copies::Number first = Copies::none;
+    Worlds worlds;
+    const Worlds::Number first;
+    Dice dice;
     Path bestPath;
 };
 
@@ -69,53 +66,53 @@ Move Searcher::ChooseMove(const Found& from) {
 void Searcher::KeepIfBest(const Outcome& outcome, float distance, Path path) {
     bool better = false;
     if (outcome.finished) {
-        better = !result.wins || outcome.alive > result.water ||
-                 (outcome.alive == result.water && outcome.elapsedMs < result.elapsedMs);
+        better = !result.wins || outcome.Alive() > result.water ||
+                 (outcome.Alive() == result.water && outcome.elapsedMs < result.elapsedMs);
     } else {
         better = !result.wins && (bestPath == nullptr || distance < result.distance);
     }
     if (better) {
         result.wins = outcome.finished;
-        result.water = outcome.alive;
+        result.water = outcome.Alive();
         result.elapsedMs = outcome.elapsedMs;
         result.distance = distance;
         bestPath = std::move(path);
     }
 }
 
-void Searcher::Judge(Archive& archive, Copies::Number copy, const Origin& from) {
-    if (copy == Copies::none) {
+void Searcher::Judge(Archive& archive, Worlds::Number world, const Origin& from) {
+    if (world == Worlds::none) {
         return;
     }
     ++result.moves;
-    const Outcome& outcome = copies.Of(copy);
+    const Outcome& outcome = worlds.Of(world);
     if (outcome.lost) {
         archive.NoteLoss(from.hash);
-        copies.Drop(copy);
+        worlds.Drop(world);
         return;
     }
     Path path = Extend(from.path, outcome);
-    KeepIfBest(outcome, archive.Describe(copy).distance, path);
+    KeepIfBest(outcome, archive.Describe(world).distance, path);
     const bool late = result.wins && outcome.elapsedMs >= result.elapsedMs;
     if (outcome.finished || late) {
-        copies.Drop(copy);
+        worlds.Drop(world);
     } else {
-        archive.Take(copy, std::move(path));
+        archive.Take(world, std::move(path));
     }
 }
 
 void Searcher::PlayBatch(Archive& archive) {
-    archive.MakeRoom(MoveBatch::movesPerBatch);
-    std::vector<MoveBatch::PlannedMove> moves;
+    archive.MakeRoom(SearchSetup::movesPerBatch);
+    std::vector<Worlds::PlannedMove> moves;
     std::vector<Origin> origins;
-    for (std::size_t i = 0; i < MoveBatch::movesPerBatch; ++i) {
+    for (std::size_t i = 0; i < SearchSetup::movesPerBatch; ++i) {
         const Found& from = archive.Pick(dice);
-        moves.push_back({from.copy, ChooseMove(from)});
+        moves.push_back({from.world, ChooseMove(from)});
         origins.push_back({from.hash, from.path});
     }
-    MoveBatch::Play(copies, moves, settings.processes);
+    worlds.Play(moves);
     for (std::size_t i = 0; i < moves.size(); ++i) {
-        Judge(archive, moves[i].copy, origins[i]);
+        Judge(archive, moves[i].world, origins[i]);
     }
 }
 
@@ -133,13 +130,13 @@ std::string Searcher::Describe(const Archive& archive) const {
 }
 
 void Searcher::Run(const FlowMap& map) {
-    const MoveBatch::InterruptEndsSearch guard;
-    Archive archive(copies, map, settings.leastWater);
-    Path opening = Extend(nullptr, copies.Of(first));
+    const InterruptEndsSearch guard;
+    Archive archive(worlds, map, settings.leastWater);
+    Path opening = Extend(nullptr, worlds.Of(first));
     bestPath = opening;
     result.distance = archive.Describe(first).distance;
     archive.Take(first, std::move(opening));
-    while (!MoveBatch::IsInterrupted() && line.Seconds() < settings.seconds && !archive.IsEmpty() &&
+    while (!IsInterrupted() && line.Seconds() < settings.seconds && !archive.IsEmpty() &&
            (!result.wins || settings.improve)) {
         PlayBatch(archive);
         if (result.wins) {
@@ -147,6 +144,7 @@ void Searcher::Run(const FlowMap& map) {
         }
         line.Show(Describe(archive));
     }
+    result.run = worlds.Rules().start;
     result.run.steps = StepsOf(bestPath);
     result.seconds = line.Seconds();
 }
@@ -155,6 +153,7 @@ void Searcher::Run(const FlowMap& map) {
 
 SearchResult Search(const SearchSettings& settings) {
     SearchResult result;
-    result.failure = SearchSetup::RunOnLevel<Searcher>(settings, result);
+    result.failure = SearchSetup::RunOnLevel<Searcher>(
+        settings, PlayRules{.leastWater = settings.leastWater}, result);
     return result;
 }

@@ -15,8 +15,8 @@ struct SearchSettings {
     double seconds = 540.0;
     std::uint32_t leastWater = 90;  ///< particles that a win must bring home
     std::uint32_t seed = 1;
-    unsigned processes = 2;     ///< copies that play at the same time
-    std::uint32_t room = 2500;  ///< copies that are kept paused
+    unsigned jobs = 2;          ///< threads that play moves
+    std::uint32_t room = 2500;  ///< worlds that are kept
     bool improve = false;       ///< goes on after the first win until the time is up
 };
 
@@ -31,7 +31,6 @@ struct SearchResult {
     double seconds = 0.0;
 };
 
-/// Searches until the first win, the end of time, or an interrupt (SIGINT, SIGTERM). The
-/// calling program has no threads and no other child processes. For a given seed the same
-/// moves are tried in the same order, whatever the number of processes.
+/// Searches until the first win, the end of time, or an interrupt (SIGINT, SIGTERM). For
+/// a given seed the same moves are tried in the same order, whatever the number of threads.
 SearchResult Search(const SearchSettings& settings);

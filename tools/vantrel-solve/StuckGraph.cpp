@@ -17,8 +17,8 @@ constexpr float wellAway = 250.0f;
 
 }  // namespace
 
-StuckGraph::Index StuckGraph::Take(Index from, Copies::Number copy, const StuckPlace& at, Path path,
-                                   bool wantsLater) {
+StuckGraph::Index StuckGraph::Take(Index from, Worlds::Number world, const StuckPlace& at,
+                                   Path path, bool wantsLater) {
     const auto fresh = static_cast<Index>(nodes.size());
     const auto [there, isNew] = byHash.try_emplace(at.hash, fresh);
     const Index index = there->second;
@@ -31,15 +31,15 @@ StuckGraph::Index StuckGraph::Take(Index from, Copies::Number copy, const StuckP
         node.at = at;
         node.path = path;
     }
-    if (node.copy != Copies::none && !node.good && at.settled && wantsLater) {
-        copies.Drop(node.copy);
-        node.copy = Copies::none;
+    if (node.world != Worlds::none && !node.good && at.settled && wantsLater) {
+        worlds.Drop(node.world);
+        node.world = Worlds::none;
     }
-    if (isNew || (node.copy == Copies::none && !node.good)) {
-        node.copy = copy;
-        node.copyPath = std::move(path);
+    if (isNew || (node.world == Worlds::none && !node.good)) {
+        node.world = world;
+        node.worldPath = std::move(path);
     } else {
-        copies.Drop(copy);
+        worlds.Drop(world);
     }
     // Another one on the move that looks alike may have another speed: it proves nothing.
     if (!isNew && !at.settled) {
@@ -101,18 +101,18 @@ void StuckGraph::NoteLeaving() {
 }
 
 void StuckGraph::MakeRoom(std::size_t wanted) {
-    if (copies.Room() >= wanted) {
+    if (worlds.Room() >= wanted) {
         return;
     }
     std::vector<Index> kept;
     for (Index i = 0; i < nodes.size(); ++i) {
-        if (nodes[i].copy != Copies::none) {
+        if (nodes[i].world != Worlds::none) {
             kept.push_back(i);
         }
     }
     // Some more than is wanted at once, so that this is seldom done.
     const std::size_t count =
-        std::min(kept.size(), std::max(wanted - copies.Room(), kept.size() / 10));
+        std::min(kept.size(), std::max(wanted - worlds.Room(), kept.size() / 10));
     std::stable_sort(kept.begin(), kept.end(), [this](Index a, Index b) {
         const Node& first = nodes[a];
         const Node& second = nodes[b];
@@ -120,7 +120,7 @@ void StuckGraph::MakeRoom(std::size_t wanted) {
     });
     for (std::size_t i = 0; i < count; ++i) {
         Node& node = nodes[kept[i]];
-        copies.Drop(node.copy);
-        node.copy = Copies::none;
+        worlds.Drop(node.world);
+        node.world = Worlds::none;
     }
 }

@@ -7,9 +7,9 @@
 #include <unordered_map>
 #include <vector>
 
-#include "Copies.h"
 #include "Path.h"
 #include "StuckPlace.h"
+#include "Worlds.h"
 
 class StuckGraph {
 public:
@@ -20,9 +20,9 @@ public:
         bool IsJudged() const { return hard >= wanted; }
 
         StuckPlace at;
-        Copies::Number copy = Copies::none;
+        Worlds::Number world = Worlds::none;
         Path path;                 ///< to `at`, when it was first seen
-        Path copyPath;             ///< to the copy, which may have come later
+        Path worldPath;            ///< to the world, which may have come later
         bool good = false;         ///< moves lead from here to a good end
         bool leaves = false;       ///< moves lead from here to rest well away from here
         std::uint32_t tries = 0;   ///< moves that began here
@@ -33,18 +33,18 @@ public:
         std::vector<Index> after;
     };
 
-    explicit StuckGraph(Copies& where) : copies(where) {}
+    explicit StuckGraph(Worlds& where) : worlds(where) {}
 
-    /// A move led from `from` (none: the start) to the copy's situation, in all on this path. The
-    /// copy is kept if the situation is new, or, if it is in doubt, by `wantsLater`, which meets
+    /// A move led from `from` (none: the start) to the world's situation, in all on this path. The
+    /// world is kept if the situation is new, or, if it is in doubt, by `wantsLater`, which meets
     /// what goes to and fro at other moments; else it is dropped. The situation, or none if that
     /// is on the move and only looks like another one.
-    Index Take(Index from, Copies::Number copy, const StuckPlace& at, Path path, bool wantsLater);
+    Index Take(Index from, Worlds::Number world, const StuckPlace& at, Path path, bool wantsLater);
     /// Moves lead from here to a good end, and so they do from wherever it is reached.
     void MarkGood(Index which);
     /// Brings `leaves` up to date.
     void NoteLeaving();
-    /// Drops copies until there is room for so many more: of good situations first, those that
+    /// Drops worlds until there is room for so many more: of good situations first, those that
     /// were tried most.
     void MakeRoom(std::size_t wanted);
 
@@ -54,6 +54,6 @@ private:
     void Link(Index from, Index to);
     bool Leaves(Index from) const;
 
-    Copies& copies;
+    Worlds& worlds;
     std::unordered_map<std::uint64_t, Index> byHash;
 };

@@ -47,32 +47,34 @@ Vector2 StuckPlaces::Within(Vector2 place) const {
 /// In the order of their ways to the finish: the last drop that the finish wants, and one a
 /// fifth of the water from the front.
 void StuckPlaces::FindDrops(const Outcome& outcome, StuckPlace& found, Vector2& ahead) const {
-    std::array<std::pair<float, std::size_t>, Outcome::mostPlaces> drops;
-    const std::size_t count = outcome.placeCount;
+    const std::size_t count = outcome.drops.size();
+    std::vector<std::pair<float, std::size_t>> order;
+    order.reserve(count);
     for (std::size_t i = 0; i < count; ++i) {
-        drops[i] = {map.Distance(outcome.places[i], outcome.switches), i};
+        order.emplace_back(map.Distance(outcome.drops[i].place, outcome.switches), i);
     }
-    std::sort(drops.begin(), drops.begin() + static_cast<std::ptrdiff_t>(count));
+    std::ranges::sort(order);
     const auto wanted = static_cast<std::size_t>(static_cast<float>(count) * finishShare);
-    const auto [distance, last] = drops[std::clamp<std::size_t>(wanted, 1, count) - 1];
-    found.place = Within(outcome.places[last]);
-    found.matter = outcome.matters[last];
+    const auto [distance, last] = order[std::clamp<std::size_t>(wanted, 1, count) - 1];
+    const Drop& lastDrop = outcome.drops[last];
+    found.place = Within(lastDrop.place);
+    found.matter = lastDrop.matter;
     found.distance = distance;
-    for (std::size_t i = 0; i < count; ++i) {
-        found.near += Distance(outcome.places[i], outcome.places[last]) < together ? 1 : 0;
+    for (const Drop& drop : outcome.drops) {
+        found.near += Distance(drop.place, lastDrop.place) < together ? 1 : 0;
     }
-    ahead = Within(outcome.places[drops[count / 5].second]);
+    ahead = Within(outcome.drops[order[count / 5].second].place);
 }
 
 StuckPlace StuckPlaces::Read(const Outcome& outcome) const {
     StuckPlace found;
-    found.alive = outcome.alive;
+    found.alive = outcome.Alive();
     found.settled = outcome.settled;
     found.fired = outcome.firedTriggers;
     found.elapsedMs = outcome.elapsedMs;
     found.angle = outcome.angle;
     Vector2 ahead;
-    if (outcome.placeCount > 0) {
+    if (!outcome.drops.empty()) {
         FindDrops(outcome, found, ahead);
     }
     SituationHash::Mix(found.regionHash, SituationHash::Square(found.place, regionSquare));

@@ -2,11 +2,11 @@
 // Where water is, as the hunt for stuck water tells situations apart: by the drop that must
 // still come for the level to end, by a drop well ahead, and by what may have shut for good.
 
-#include <array>
 #include <cstdint>
+#include <vector>
 
 #include "FlowMap.h"
-#include "Playing.h"
+#include "Outcome.h"
 
 struct StuckPlace {
     Vector2 place;                  ///< of the last drop that the finish wants
@@ -17,7 +17,7 @@ struct StuckPlace {
     bool settled = false;           ///< Outcome's
     std::uint64_t hash = 0;         ///< SituationHash of what makes it a situation of its own
     std::uint64_t regionHash = 0;   ///< the same, much coarser
-    std::array<std::uint64_t, Outcome::mostTriggers / 64> fired{};
+    std::vector<std::uint32_t> fired;
     std::uint32_t elapsedMs = 0;
     float angle = 0.0f;
 };

@@ -88,11 +88,9 @@ std::vector<std::size_t> JoinNear(const StuckGraph& graph, const std::vector<Ind
 
 std::string FiredText(const StuckPlace& at) {
     std::string text;
-    for (std::size_t i = 0; i < Outcome::mostTriggers; ++i) {
-        if ((at.fired[i / 64] >> i % 64 & 1u) != 0) {
-            text += text.empty() ? "" : " ";
-            text += std::to_string(i);
-        }
+    for (const std::uint32_t trigger : at.fired) {
+        text += text.empty() ? "" : " ";
+        text += std::to_string(trigger);
     }
     return text.empty() ? "none" : text;
 }

@@ -1,4 +1,4 @@
-// Exploring and judging on copies of the game; see StuckSearch.h.
+// Exploring and judging by moves in worlds; see StuckSearch.h.
 
 #include "StuckSearch.h"
 
@@ -8,12 +8,12 @@
 #include <unordered_map>
 
 #include "Dice.h"
-#include "MoveBatch.h"
+#include "Interrupt.h"
 #include "ProgressLine.h"
 #include "SearchSetup.h"
 #include "StuckGraph.h"
 #include "StuckPlace.h"
-#include "game/RunRecorder.h"
+#include "Worlds.h"
 
 namespace {
 
@@ -47,22 +47,20 @@ struct Origin {
 
 class Hunter {
 public:
-    Hunter(const SearchSettings& chosen, HeadlessGame& game, StuckResult& into)
+    Hunter(const SearchSettings& chosen, PlayRules rules, StuckResult& into)
         : settings(chosen),
           result(into),
-          copies(chosen.room, 0),
+          worlds(std::move(rules), chosen.room, chosen.jobs),
+          first(worlds.StartFirst()),
           dice(chosen.seed),
           line(chosen.seconds),
-          graph(copies) {
-        first = copies.StartFirst(game);
-    }
+          graph(worlds) {}
 
-    bool IsReady() const { return first != Copies::none; }
-    /// Made after the first copy, which it isn't copied into.
+    bool IsReady() const { return first != Worlds::none; }
     void Run(const FlowMap& map);
 
 private:
-    Index Keep(const StuckPlaces& places, Index from, Copies::Number copy, Path path);
+    Index Keep(const StuckPlaces& places, Index from, Worlds::Number world, Path path);
     void FollowScript(const StuckPlaces& places);
     void Explore(const StuckPlaces& places);
     void Judge(const StuckPlaces& places);
@@ -78,21 +76,20 @@ private:
     void Plan(Index from, const Move& move);
     void PlayBatch(const StuckPlaces& places);
     bool HasTime(double share) const {
-        return !MoveBatch::IsInterrupted() && line.Seconds() < settings.seconds * share;
+        return !IsInterrupted() && line.Seconds() < settings.seconds * share;
     }
     void ShowProgress(const std::string& text);
 
     const SearchSettings& settings;
-    const ::Run start = RunRecorder::Current();
     StuckResult& result;
-    Copies copies;
+    Worlds worlds;
+    const Worlds::Number first;
     Dice dice;
     ProgressLine line;
     StuckGraph graph;
-    Copies::Number first = Copies::none;
     std::unordered_map<std::uint64_t, std::uint32_t> triesInRegion;
     std::vector<Origin> origins;  ///< of the batch's moves
-    std::vector<MoveBatch::PlannedMove> moves;
+    std::vector<Worlds::PlannedMove> moves;
     std::uint64_t lastNews = 0;  ///< how many moves had been played then
 };
 
@@ -103,7 +100,7 @@ Index Hunter::PickTowards() {
         const Node& node = graph.nodes[i];
         const float blur = static_cast<float>(-std::log(1.0 - dice.Unit())) * 25.0f;
         const float standing = node.at.distance + perTry * static_cast<float>(node.tries) + blur;
-        const bool inDoubt = node.copy != Copies::none && !node.good;
+        const bool inDoubt = node.world != Worlds::none && !node.good;
         if (inDoubt && (best == StuckGraph::none || standing < least)) {
             best = i;
             least = standing;
@@ -118,7 +115,7 @@ Index Hunter::PickRare() {
     double least = 0.0;
     for (Index i = 0; i < graph.nodes.size(); ++i) {
         const Node& node = graph.nodes[i];
-        if (node.copy == Copies::none) {
+        if (node.world == Worlds::none) {
             continue;
         }
         // The smallest of these is drawn in proportion to its weight.
@@ -146,7 +143,7 @@ Index Hunter::PickToJudge() const {
     Index best = StuckGraph::none;
     for (Index i = 0; i < graph.nodes.size(); ++i) {
         const Node& node = graph.nodes[i];
-        const bool inDoubt = node.copy != Copies::none && !node.good && !node.IsJudged();
+        const bool inDoubt = node.world != Worlds::none && !node.good && !node.IsJudged();
         if (inDoubt && (best == StuckGraph::none || order(node) < order(graph.nodes[best]))) {
             best = i;
         }
@@ -188,19 +185,19 @@ Move Hunter::ChooseHardMove(const Node& from) {
     return move;
 }
 
-Index Hunter::Keep(const StuckPlaces& places, Index from, Copies::Number copy, Path path) {
-    const Outcome& outcome = copies.Of(copy);
+Index Hunter::Keep(const StuckPlaces& places, Index from, Worlds::Number world, Path path) {
+    const Outcome& outcome = worlds.Of(world);
     if (outcome.finished) {
         result.report.finishReached = true;
         graph.MarkGood(from);
     }
-    if (outcome.finished || outcome.lost || outcome.placeCount == 0) {
-        copies.Drop(copy);
+    if (outcome.finished || outcome.drops.empty()) {
+        worlds.Drop(world);
         return StuckGraph::none;
     }
     const std::size_t before = graph.nodes.size();
     const StuckPlace at = places.Read(outcome);
-    const Index index = graph.Take(from, copy, at, std::move(path), dice.Below(3) == 0);
+    const Index index = graph.Take(from, world, at, std::move(path), dice.Below(3) == 0);
     if (graph.nodes.size() > before && at.settled) {
         lastNews = result.report.moves;
     }
@@ -210,24 +207,24 @@ Index Hunter::Keep(const StuckPlaces& places, Index from, Copies::Number copy, P
 /// Follows the script from the start, if there is one, and keeps the situations on its path.
 void Hunter::FollowScript(const StuckPlaces& places) {
     constexpr std::uint32_t framesApart = 45;
-    Path path = Extend(nullptr, copies.Of(first));
-    std::uint32_t step = copies.Of(first).stepCount;
+    Path path = Extend(nullptr, worlds.Of(first));
+    auto step = static_cast<std::uint32_t>(worlds.Of(first).steps.size());
     Index from = StuckGraph::none;
-    Copies::Number copy = first;
-    while (copy != Copies::none) {
-        std::vector<MoveBatch::PlannedMove> next;
-        const Outcome& outcome = copies.Of(copy);
-        if (step < Playing::script.size() && !outcome.finished && !outcome.lost) {
-            next.push_back({copy, {0.0f, framesApart, 0, step}});
-            MoveBatch::Play(copies, next, 1);
+    Worlds::Number world = first;
+    while (world != Worlds::none) {
+        std::vector<Worlds::PlannedMove> next;
+        const Outcome& outcome = worlds.Of(world);
+        if (step < worlds.Rules().script.size() && !outcome.finished) {
+            next.push_back({world, {0.0f, framesApart, 0, step}});
+            worlds.Play(next);
             ++result.report.moves;
         }
-        const Index kept = Keep(places, from, copy, path);
+        const Index kept = Keep(places, from, world, path);
         from = kept != StuckGraph::none ? kept : from;
-        copy = next.empty() ? Copies::none : next.front().copy;
-        if (copy != Copies::none) {
-            step += copies.Of(copy).stepCount;
-            path = Extend(std::move(path), copies.Of(copy));
+        world = next.empty() ? Worlds::none : next.front().world;
+        if (world != Worlds::none) {
+            step += static_cast<std::uint32_t>(worlds.Of(world).steps.size());
+            path = Extend(std::move(path), worlds.Of(world));
         }
     }
 }
@@ -236,18 +233,18 @@ void Hunter::Plan(Index from, const Move& move) {
     Node& node = graph.nodes[from];
     ++node.tries;
     ++triesInRegion[node.at.regionHash];
-    origins.push_back({from, node.copyPath});
-    moves.push_back({node.copy, move});
+    origins.push_back({from, node.worldPath});
+    moves.push_back({node.world, move});
 }
 
 /// Plays what was planned.
 void Hunter::PlayBatch(const StuckPlaces& places) {
-    MoveBatch::Play(copies, moves, settings.processes);
+    worlds.Play(moves);
     for (std::size_t i = 0; i < moves.size(); ++i) {
-        const Copies::Number copy = moves[i].copy;
-        if (copy != Copies::none) {
+        const Worlds::Number world = moves[i].world;
+        if (world != Worlds::none) {
             ++result.report.moves;
-            Keep(places, origins[i].node, copy, Extend(origins[i].path, copies.Of(copy)));
+            Keep(places, origins[i].node, world, Extend(origins[i].path, worlds.Of(world)));
         }
     }
     origins.clear();
@@ -257,8 +254,8 @@ void Hunter::PlayBatch(const StuckPlaces& places) {
 void Hunter::Explore(const StuckPlaces& places) {
     while (HasTime(shareOfExploring) &&
            result.report.moves - lastNews < movesWithoutNews + 2 * graph.nodes.size()) {
-        graph.MakeRoom(MoveBatch::movesPerBatch);
-        for (std::size_t i = 0; i < MoveBatch::movesPerBatch; ++i) {
+        graph.MakeRoom(SearchSetup::movesPerBatch);
+        for (std::size_t i = 0; i < SearchSetup::movesPerBatch; ++i) {
             const Index from = PickToExplore();
             Plan(from, ChooseMove());
         }
@@ -287,9 +284,9 @@ void Hunter::Judge(const StuckPlaces& places) {
 }
 
 void Hunter::PlayHardBatch(const StuckPlaces& places) {
-    graph.MakeRoom(MoveBatch::movesPerBatch);
+    graph.MakeRoom(SearchSetup::movesPerBatch);
     graph.NoteLeaving();
-    while (moves.size() < MoveBatch::movesPerBatch) {
+    while (moves.size() < SearchSetup::movesPerBatch) {
         const Index next = PickToJudge();
         if (next == StuckGraph::none) {
             break;
@@ -318,7 +315,7 @@ bool Hunter::WantMore() {
     for (const StuckFinding& finding : FindStuck(graph)) {
         for (const Index index : finding.nodes) {
             Node& node = graph.nodes[index];
-            if (finding.movesInVain < wantedForPlace && node.copy != Copies::none) {
+            if (finding.movesInVain < wantedForPlace && node.world != Worlds::none) {
                 node.wanted = node.hard + wantedMore;
                 wantsMore = true;
             }
@@ -333,7 +330,7 @@ void Hunter::ShowProgress(const std::string& text) {
 }
 
 void Hunter::Run(const FlowMap& map) {
-    const MoveBatch::InterruptEndsSearch guard;
+    const InterruptEndsSearch guard;
     const StuckPlaces places(map);
     line.Restart();  // The map of a large level takes seconds.
     FollowScript(places);
@@ -345,7 +342,7 @@ void Hunter::Run(const FlowMap& map) {
     ReadGraph(graph, result.report);
     const std::vector<StuckFinding>& found = result.report.found;
     for (const StuckFinding& finding : found) {
-        result.runs.push_back(start);
+        result.runs.push_back(worlds.Rules().start);
         result.runs.back().steps = StepsOf(graph.nodes[finding.nodes.front()].path);
     }
     result.seconds = line.Seconds();
@@ -355,7 +352,7 @@ void Hunter::Run(const FlowMap& map) {
 
 StuckResult HuntStuck(const SearchSettings& settings, std::vector<RunStep> script) {
     StuckResult result;
-    Playing::script = std::move(script);
-    result.failure = SearchSetup::RunOnLevel<Hunter>(settings, result);
+    result.failure =
+        SearchSetup::RunOnLevel<Hunter>(settings, PlayRules{.script = std::move(script)}, result);
     return result;
 }

@@ -17,6 +17,6 @@ struct StuckResult {
 };
 
 /// `script`: steps of a run of the level, along which it begins to explore; may be empty. Of
-/// the settings, `leastWater` and `improve` don't count. As Search: no threads, no other
-/// child processes, and the same moves for a given seed, as far as the time allows.
+/// the settings, `leastWater` and `improve` don't count. For a given seed the same moves
+/// are tried, as far as the time allows.
 StuckResult HuntStuck(const SearchSettings& settings, std::vector<RunStep> script);

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <map>
 
-#include "actors/MoverManager.h"
 #include "actors/TriggerManager.h"
 #include "level/LevelData.h"
 
@@ -48,23 +47,23 @@ void Collect() {
     }
 }
 
-bool IsOn(const Switch& which) {
+bool IsOn(const Switch& which, const World& world) {
     const bool away =
-        std::any_of(which.movers.begin(), which.movers.end(), [](std::uint32_t place) {
-            const Mover& mover = MoverManager::movers[place];
+        std::any_of(which.movers.begin(), which.movers.end(), [&](std::uint32_t place) {
+            const Mover& mover = world.actors.movers[place];
             return mover.state == Mover::GoingToEnd || mover.state >= Mover::LoopingToStart ||
                    mover.distance > 0.5f * mover.length;
         });
     return away || std::any_of(which.polygons.begin(), which.polygons.end(),
-                               [](const LevelPolygon* polygon) {
-                                   return LevelData::StateOf(*polygon).enabled == 0;
+                               [&](const LevelPolygon* polygon) {
+                                   return world.level.polygons[polygon->number].enabled == 0;
                                });
 }
 
-std::uint64_t State() {
+std::uint64_t State(const World& world) {
     std::uint64_t state = 0;
     for (std::size_t i = 0; i < all.size(); ++i) {
-        state |= static_cast<std::uint64_t>(IsOn(all[i]) ? 1 : 0) << i;
+        state |= static_cast<std::uint64_t>(IsOn(all[i], world) ? 1 : 0) << i;
     }
     return state;
 }

@@ -1,13 +1,14 @@
 #pragma once
 // The switches of the loaded level: ids whose polygons a trigger can move away or take out.
 // A switch is on once its mover has left its start or its polygons are gone. The list is made
-// once, before copies of the game are started, and is the same in all of them.
+// once and is the same for all worlds of the level.
 
 #include <cstdint>
 #include <vector>
 
 #include "actors/Mover.h"
 #include "actors/Trigger.h"
+#include "game/World.h"
 #include "level/LevelPolygon.h"
 
 struct Switch {
@@ -27,8 +28,8 @@ extern std::vector<Switch> all;
 
 /// Reads the loaded level.
 void Collect();
-bool IsOn(const Switch& which);
+bool IsOn(const Switch& which, const World& world);
 /// Bit i: whether switch i is on.
-std::uint64_t State();
+std::uint64_t State(const World& world);
 
 }  // namespace Switches
