@@ -43,8 +43,7 @@ target_compile_definitions(vantrel_flags INTERFACE
 if(VANTREL_SANITIZE)
   target_compile_options(vantrel_flags INTERFACE
     -fsanitize=${VANTREL_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
-  # -rdynamic lets the test programs' own dlclose win, which keeps driver code loaded so
-  # that leak reports can name it.
+  # -rdynamic lets the dlclose of tests/support/KeepLoaded.cpp win.
   target_link_options(vantrel_flags INTERFACE -fsanitize=${VANTREL_SANITIZE} -rdynamic)
 endif()
 if(VANTREL_COVERAGE)
