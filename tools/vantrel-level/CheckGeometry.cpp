@@ -161,6 +161,7 @@ void CheckWaterStart(const LevelFile& level, const std::vector<Shape>& shapes, P
 void CheckGeometry(const LevelFile& level, const std::deque<LevelPolygon>& polygons,
                    Problems& problems) {
     std::vector<Shape> shapes;
+    shapes.reserve(polygons.size());
     auto record = level.polygons.begin();
     for (const LevelPolygon& polygon : polygons) {
         shapes.push_back({&*record++, &polygon});
