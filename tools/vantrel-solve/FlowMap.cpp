@@ -3,11 +3,12 @@
 #include "FlowMap.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
-#include <functional>
 #include <limits>
-#include <queue>
+#include <utility>
 
+#include "ParallelFor.h"
 #include "level/LevelData.h"
 
 namespace {
@@ -22,34 +23,75 @@ constexpr float worthwhile = 60.0f;
 /// otherwise: shapes too fine for the grid still give a direction.
 constexpr float throughWall = 300.0f;
 constexpr float throughOpener = 20.0f;
+/// No switch's bar.
+constexpr FlowSpace::Bar noSwitch = FlowSpace::always - 1;
+
+/// Cells that are still to be looked at, by their distance. Those of a bucket come in any order: no
+/// step is cheaper than a bucket is wide, so that none leads to another cell of it.
+class Waiting {
+public:
+    void Add(std::size_t cell, float distance) {
+        const std::size_t bucket = BucketOf(distance);
+        if (bucket >= buckets.size()) {
+            buckets.resize(bucket + 1);
+        }
+        buckets[bucket].push_back(cell);
+    }
+    /// Calls `look` with each cell of the field, the nearest bucket first; it may add farther ones.
+    template <class Look>
+    void ForAll(const std::vector<float>& field, Look look) {
+        for (std::size_t bucket = 0; bucket < buckets.size(); ++bucket) {
+            const std::vector<std::size_t> cells = std::move(buckets[bucket]);
+            for (const std::size_t cell : cells) {
+                // Else a shorter way was found since.
+                if (BucketOf(field[cell]) == bucket) {
+                    look(cell);
+                }
+            }
+        }
+    }
+
+private:
+    static std::size_t BucketOf(float distance) {
+        return static_cast<std::size_t>(distance / FlowSpace::leastPrice);
+    }
+    std::vector<std::vector<std::size_t>> buckets;
+};
 
 }  // namespace
 
-FlowMap::FlowMap() {
+FlowMap::FlowMap(unsigned threads) {
     if (!HasFinish()) {
         return;
     }
     FindGates();
     fields.resize(std::size_t{1} << gates.size());
-    for (std::size_t open = fields.size(); open-- > 0;) {
-        fields[open] = FieldOf(static_cast<std::uint32_t>(open));
+    // Each field needs those of one more open gate.
+    for (std::size_t count = gates.size() + 1; count-- > 0;) {
+        std::vector<std::uint32_t> sets;
+        for (std::uint32_t open = 0; open < fields.size(); ++open) {
+            if (static_cast<std::size_t>(std::popcount(open)) == count) {
+                sets.push_back(open);
+            }
+        }
+        ParallelFor(sets.size(), threads,
+                    [&](std::size_t i, unsigned) { fields[sets[i]] = FieldOf(sets[i]); });
     }
 }
 
 template <class IsBarred>
 void FlowMap::Relax(Field& field, const Sources& sources, IsBarred isBarred, float barPrice) const {
-    using Entry = std::pair<float, std::size_t>;
-    std::priority_queue<Entry, std::vector<Entry>, std::greater<>> waiting;
-    for (const auto& [cell, distance] : sources) {
-        field[cell] = std::min(field[cell], distance);
-        waiting.emplace(field[cell], cell);
-    }
-    while (!waiting.empty()) {
-        const auto [distance, cell] = waiting.top();
-        waiting.pop();
-        if (distance > field[cell]) {
-            continue;
+    Waiting waiting;
+    const auto reach = [&](std::size_t cell, float distance) {
+        if (distance < field[cell]) {
+            field[cell] = distance;
+            waiting.Add(cell, distance);
         }
+    };
+    for (const auto& [cell, distance] : sources) {
+        reach(cell, distance);
+    }
+    waiting.ForAll(field, [&](std::size_t cell) {
         // Backwards: from the neighbour into this cell.
         for (int direction = 0; direction < FlowSpace::directions; ++direction) {
             const int back = (direction + 4) % FlowSpace::directions;
@@ -63,12 +105,9 @@ void FlowMap::Relax(Field& field, const Sources& sources, IsBarred isBarred, flo
             if (isBarred(space.BarOf(from, direction), false)) {
                 price = barPrice;
             }
-            if (distance + price < field[from]) {
-                field[from] = distance + price;
-                waiting.emplace(field[from], from);
-            }
+            reach(from, field[cell] + price);
         }
-    }
+    });
 }
 
 template <class IsBarred>
@@ -78,23 +117,15 @@ FlowMap::Field FlowMap::Spread(const Sources& sources, IsBarred isBarred) const 
     return field;
 }
 
-/// Whether the way to the goal is longer while the switch is off.
-bool FlowMap::IsOnTheWay(std::size_t which, const std::vector<std::size_t>& goal) const {
+float FlowMap::WayTo(const std::vector<std::size_t>& goal, FlowSpace::Bar off) const {
     Sources sources;
     for (const std::size_t cell : goal) {
         sources.emplace_back(cell, 0.0f);
     }
-    const auto only = static_cast<FlowSpace::Bar>(which + 1);
-    const auto barredAlways = [](FlowSpace::Bar bar, bool isLift) {
-        return !isLift && bar == FlowSpace::always;
+    const auto isBarred = [off](FlowSpace::Bar bar, bool isLift) {
+        return bar == off || (!isLift && bar == FlowSpace::always);
     };
-    const auto barredHere = [only](FlowSpace::Bar bar, bool isLift) {
-        return bar == only || (!isLift && bar == FlowSpace::always);
-    };
-    const std::size_t start = space.CellAt(LevelData::waterStart);
-    const float open = Spread(sources, barredAlways)[start];
-    const float closed = Spread(sources, barredHere)[start];
-    return closed > open + worthwhile;
+    return Spread(sources, isBarred)[space.CellAt(LevelData::waterStart)];
 }
 
 void FlowMap::FindGates() {
@@ -102,8 +133,10 @@ void FlowMap::FindGates() {
     std::vector<std::vector<std::size_t>> goals{space.Finish()};
     for (std::size_t g = 0; g < goals.size(); ++g) {
         const std::vector<std::size_t> goal = goals[g];
+        const float open = WayTo(goal, noSwitch);
         for (std::size_t i = 0; i < gateBit.size() && gates.size() < mostGates; ++i) {
-            if (gateBit[i] == 0 && !space.Openers(i).empty() && IsOnTheWay(i, goal)) {
+            if (gateBit[i] == 0 && !space.Openers(i).empty() &&
+                WayTo(goal, static_cast<FlowSpace::Bar>(i + 1)) > open + worthwhile) {
                 gateBit[i] = 1u << gates.size();
                 gates.push_back(i);
                 goals.push_back(space.Openers(i));

@@ -10,8 +10,8 @@
 
 class FlowMap {
 public:
-    /// Reads the loaded level; takes a second or so.
-    FlowMap();
+    /// Reads the loaded level, on so many threads; takes a second or so on one.
+    explicit FlowMap(unsigned threads = 1);
 
     bool HasFinish() const { return !space.Finish().empty(); }
     /// World units still to go, weighted by how hard they are, with the switches in `state`.
@@ -31,7 +31,8 @@ private:
     template <class IsBarred>
     void Relax(Field& field, const Sources& sources, IsBarred isBarred, float barPrice) const;
     void FindGates();
-    bool IsOnTheWay(std::size_t which, const std::vector<std::size_t>& goal) const;
+    /// From the start of the water, with the switch whose bar is `off` off and all others on.
+    float WayTo(const std::vector<std::size_t>& goal, FlowSpace::Bar off) const;
     Field FieldOf(std::uint32_t open) const;
 
     FlowSpace space;

@@ -12,6 +12,7 @@ class FlowSpace {
 public:
     static constexpr float cellSize = 10.0f;
     static constexpr int directions = 8;
+    static constexpr float leastPrice = 10.0f;
     /// What bars a step, or carries: nothing; always; else a switch's index + 1.
     using Bar = std::uint8_t;
     static constexpr Bar nothing = 0;
@@ -30,7 +31,8 @@ public:
     Bar BarOf(std::size_t cell, int direction) const {
         return bars[cell * directions + Index(direction)];
     }
-    /// Price of a step in world units, where nothing bars it; `carried`: something lifts.
+    /// Price of a step in world units, where nothing bars it, at least `leastPrice`; `carried`:
+    /// something lifts.
     float Price(std::size_t from, int direction, bool carried) const;
     /// What carries water against gravity here.
     Bar LiftAt(std::size_t cell) const { return lifts[cell]; }

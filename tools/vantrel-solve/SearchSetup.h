@@ -39,7 +39,7 @@ std::string RunOnLevel(const SearchSettings& settings, PlayRules rules, Result& 
     if (!worker.IsReady()) {
         return NoFlight(settings.level);
     }
-    const FlowMap map;
+    const FlowMap map(settings.jobs);
     if (!map.HasFinish()) {
         return "level '" + settings.level + "' has no finish that water can reach";
     }

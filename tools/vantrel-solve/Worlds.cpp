@@ -2,13 +2,10 @@
 
 #include "Worlds.h"
 
-#include <algorithm>
-#include <atomic>
-#include <functional>
-#include <thread>
 #include <utility>
 
 #include "Interrupt.h"
+#include "ParallelFor.h"
 #include "platform/Assert.h"
 
 Worlds::Worlds(PlayRules common, Number capacity, unsigned threads)
@@ -33,45 +30,33 @@ Worlds::Number Worlds::StartFirst() {
     return first;
 }
 
-void Worlds::PlayOne(const PlannedMove& planned, WorldWorkspace& work) {
-    Situation& situation = *situations[planned.world];
-    situation.world = situations[planned.from]->world;
-    situation.leaks = situations[planned.from]->leaks;
-    Playing::Play(situation, planned.move, rules, work);
+void Worlds::PlayOne(Number from, const Move& move, Number to, WorldWorkspace& work) {
+    std::unique_ptr<Situation>& situation = situations[to];
+    if (situation == nullptr) {
+        situation = std::make_unique<Situation>();
+    }
+    situation->world = situations[from]->world;
+    situation->leaks = situations[from]->leaks;
+    Playing::Play(*situation, move, rules, work);
 }
 
 void Worlds::Play(std::vector<PlannedMove>& moves) {
-    for (PlannedMove& planned : moves) {
-        if (unused.empty()) {
-            break;
-        }
-        planned.world = unused.back();
+    // Numbers are given out here, in order, so that they don't depend on the threads.
+    std::vector<Number> numbers;
+    while (numbers.size() < moves.size() && !unused.empty()) {
+        numbers.push_back(unused.back());
         unused.pop_back();
-        if (situations[planned.world] == nullptr) {
-            situations[planned.world] = std::make_unique<Situation>();
-        }
     }
-    std::atomic<std::size_t> next{0};
-    const auto playMoves = [&](WorldWorkspace& work) {
-        while (!IsInterrupted()) {
-            const std::size_t index = next++;
-            if (index >= moves.size() || moves[index].world == none) {
-                break;
-            }
-            PlayOne(moves[index], work);
-        }
-    };
-    {
-        std::vector<std::jthread> threads;
-        for (std::size_t i = 1; i < std::min(workspaces.size(), moves.size()); ++i) {
-            threads.emplace_back(playMoves, std::ref(*workspaces[i]));
-        }
-        playMoves(*workspaces.front());
-    }
-    // Moves begin in their order.
-    for (std::size_t i = next; i < moves.size(); ++i) {
-        if (moves[i].world != none) {
-            Drop(std::exchange(moves[i].world, none));
+    ParallelFor(numbers.size(), static_cast<unsigned>(workspaces.size()),
+                [&](std::size_t i, unsigned thread) {
+                    if (!IsInterrupted()) {
+                        PlayOne(moves[i].from, moves[i].move, numbers[i], *workspaces[thread]);
+                        moves[i].world = numbers[i];
+                    }
+                });
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+        if (moves[i].world == none) {
+            Drop(numbers[i]);
         }
     }
 }

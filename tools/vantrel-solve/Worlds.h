@@ -38,7 +38,7 @@ public:
     const PlayRules& Rules() const { return rules; }
 
 private:
-    void PlayOne(const PlannedMove& planned, WorldWorkspace& work);
+    void PlayOne(Number from, const Move& move, Number to, WorldWorkspace& work);
 
     const PlayRules rules;
     std::vector<std::unique_ptr<WorldWorkspace>> workspaces;  ///< one for each thread
