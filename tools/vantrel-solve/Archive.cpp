@@ -16,7 +16,7 @@ constexpr float perLostDrop = 5.0f;
 constexpr float perEarlyLoss = 25.0f;
 constexpr float perSecond = 3.0f;
 /// What a try costs a situation's standing: so much farther back is as good as untried.
-constexpr float perTry = 8.0f;
+constexpr float perTry = 16.0f;
 /// Loss upon loss says that the water is beyond saving, however near it is.
 constexpr float perLoss = 40.0f;
 constexpr float perTryInRegion = 0.25f;

@@ -13,6 +13,11 @@
 
 namespace {
 
+/// Moves are planned and judged in batches, so that the order in which they are done makes no
+/// difference. Small ones know more of what came before; threads beyond this many have nothing to
+/// do.
+constexpr std::size_t movesPerBatch = 8;
+
 /// What a move goes on from.
 struct Origin {
     std::uint64_t hash = 0;
@@ -102,10 +107,10 @@ void Searcher::Judge(Archive& archive, Worlds::Number world, const Origin& from)
 }
 
 void Searcher::PlayBatch(Archive& archive) {
-    archive.MakeRoom(SearchSetup::movesPerBatch);
+    archive.MakeRoom(movesPerBatch);
     std::vector<Worlds::PlannedMove> moves;
     std::vector<Origin> origins;
-    for (std::size_t i = 0; i < SearchSetup::movesPerBatch; ++i) {
+    for (std::size_t i = 0; i < movesPerBatch; ++i) {
         const Found& from = archive.Pick(dice);
         moves.push_back({from.world, ChooseMove(from)});
         origins.push_back({from.hash, from.path});

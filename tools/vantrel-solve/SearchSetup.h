@@ -18,10 +18,6 @@ namespace SearchSetup {
 inline constexpr std::array<float, 12> angles{-66, -66, -45, -30, -16, -7, 0, 7, 16, 30, 45, 66};
 /// Frames that a tilt is held.
 inline constexpr std::array<std::uint32_t, 6> lengths{16, 30, 45, 45, 75, 125};
-/// Moves are planned and judged in batches of this many, so that the order in which they are done
-/// makes no difference.
-inline constexpr std::size_t movesPerBatch = 24;
-
 inline std::string NoFlight(const std::string& level) {
     return "the flight to the water of '" + level + "' doesn't end";
 }

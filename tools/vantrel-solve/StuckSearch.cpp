@@ -20,6 +20,8 @@ namespace {
 using Index = StuckGraph::Index;
 using Node = StuckGraph::Node;
 
+/// Planned and judged together, so that the order in which they are done makes no difference.
+constexpr std::size_t movesPerBatch = 24;
 /// Of the time, for exploring.
 constexpr double shareOfExploring = 0.4;
 /// After so many moves without a new place of rest, and two more for each situation, there is
@@ -254,8 +256,8 @@ void Hunter::PlayBatch(const StuckPlaces& places) {
 void Hunter::Explore(const StuckPlaces& places) {
     while (HasTime(shareOfExploring) &&
            result.report.moves - lastNews < movesWithoutNews + 2 * graph.nodes.size()) {
-        graph.MakeRoom(SearchSetup::movesPerBatch);
-        for (std::size_t i = 0; i < SearchSetup::movesPerBatch; ++i) {
+        graph.MakeRoom(movesPerBatch);
+        for (std::size_t i = 0; i < movesPerBatch; ++i) {
             const Index from = PickToExplore();
             Plan(from, ChooseMove());
         }
@@ -284,9 +286,9 @@ void Hunter::Judge(const StuckPlaces& places) {
 }
 
 void Hunter::PlayHardBatch(const StuckPlaces& places) {
-    graph.MakeRoom(SearchSetup::movesPerBatch);
+    graph.MakeRoom(movesPerBatch);
     graph.NoteLeaving();
-    while (moves.size() < SearchSetup::movesPerBatch) {
+    while (moves.size() < movesPerBatch) {
         const Index next = PickToJudge();
         if (next == StuckGraph::none) {
             break;

@@ -2,6 +2,9 @@
 
 #include "Worlds.h"
 
+#include <algorithm>
+#include <functional>
+#include <numeric>
 #include <utility>
 
 #include "Interrupt.h"
@@ -47,8 +50,13 @@ void Worlds::Play(std::vector<PlannedMove>& moves) {
         numbers.push_back(unused.back());
         unused.pop_back();
     }
-    ParallelFor(numbers.size(), static_cast<unsigned>(workspaces.size()),
-                [&](std::size_t i, unsigned thread) {
+    // The longest first: threads that have nothing left to do wait for a short one.
+    std::vector<std::size_t> order(numbers.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    std::ranges::sort(order, std::greater<>(), [&](std::size_t i) { return moves[i].move.frames; });
+    ParallelFor(order.size(), static_cast<unsigned>(workspaces.size()),
+                [&](std::size_t place, unsigned thread) {
+                    const std::size_t i = order[place];
                     if (!IsInterrupted()) {
                         PlayOne(moves[i].from, moves[i].move, numbers[i], *workspaces[thread]);
                         moves[i].world = numbers[i];
