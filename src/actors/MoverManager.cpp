@@ -121,7 +121,7 @@ void ClearLists() {
     animatedObjectIndex.Clear();
     objectIndex.Clear();
     polygonIndex.Clear();
-    nearEdges.clear();
+    Collision::current.moving.Clear();
 }
 
 const Console::CommandTable commands{
@@ -167,8 +167,8 @@ void Reset() {
 
 void CollectVisible(const ActorsParts& parts, const View& view) {
     const ViewSquare square = view.Colliding();
-    std::vector<BspSegment>& moving = parts.space.moving;
-    moving.clear();
+    MovingEdges& moving = parts.space.moving;
+    moving.Clear();
     for (const MoverCollider& collider : colliders) {
         const PolygonState& polygon = parts.level.polygons[collider.polygon->number];
         const Vector2 offset = polygon.offset;
@@ -177,12 +177,9 @@ void CollectVisible(const ActorsParts& parts, const View& view) {
                              collider.minY + offset.y, collider.maxY + offset.y)) {
             continue;
         }
-        for (const BspSegment& edge : collider.edges) {
-            BspSegment& placed = moving.emplace_back(edge);
-            placed.start += offset;
-            placed.end += offset;
-        }
+        moving.Add(collider.edges, offset);
     }
+    moving.Index();
 }
 
 void Step(const ActorsParts& parts, const View& view, float dt) {

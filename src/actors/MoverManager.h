@@ -41,7 +41,7 @@ extern std::deque<MoverCollider> colliders;
 
 inline std::vector<Mover>& movers = Actors::current.movers;
 /// Edges of solid colliders near the camera, in world position, as of CollectVisible.
-inline std::vector<BspSegment>& nearEdges = Collision::current.moving;
+inline const std::vector<BspSegment>& nearEdges = Collision::current.moving.All();
 extern bool moverDraw;
 extern bool dynamicNodeDraw;
 

@@ -2,6 +2,7 @@
 // Random numbers. Simulation, sound variation, camera shake and effects of one world all draw
 // from one source, so the order of calls is part of a run's result. It is never seeded.
 
+#include <bit>
 #include <cstdint>
 
 /// A source of random numbers; a copy goes on alike.
@@ -13,7 +14,32 @@ public:
     float Unit();
 
     std::uint32_t state = 0;  ///< all that there is to it
+
+private:
+    static constexpr double factor = 32452843.11;
+    static constexpr double offset = 275604541.11;
+    static constexpr double inversePi = 0.31830987;
+    static constexpr std::uint32_t unitMask = 0xFFFFFF;  ///< as many bits as a float holds exactly
 };
+
+// A multiplicative generator carried out in double precision; the 32 bits of a rounded float
+// become the next state. Every step is exact in IEEE arithmetic, so all builds give the same
+// sequence.
+inline std::uint32_t RandomNumbers::Next() {
+    // At most 2^32 times the factor: about 1.4e17, well within 64 bits.
+    const double a = state * factor + offset;
+    state = static_cast<std::uint32_t>(static_cast<std::int64_t>(a));
+    const double b = state * factor + offset + state * inversePi;
+    state = std::bit_cast<std::uint32_t>(static_cast<float>(b));
+    return state;
+}
+
+inline float RandomNumbers::Unit() {
+    // A product with the inverse rounds to the same float as the quotient for all 2^24 words, and
+    // takes a fraction of its time.
+    constexpr double inverseMost = 1.0 / 16777215.0;
+    return static_cast<float>((Next() & unitMask) * inverseMost);
+}
 
 /// The source of the world in play.
 namespace Random {

@@ -7,24 +7,26 @@
 #include "level/BspTree.h"
 #include "level/LevelData.h"
 
-/// A circle on its way out of the edges.
-struct CollisionSpace::Query {
-    Vector2 position;
-    float radius;
-    // Sums over the contacts.
-    Vector2 normal{};
+namespace {
+
+/// The sums over the contacts of a query's passes.
+struct ContactSum {
+    Vector2 normal;
     float friction = 0.0f;
     unsigned count = 0;
 
-    void AddContact(Vector2 contactNormal, float contactFriction) {
+    void Add(Vector2 contactNormal, float contactFriction) {
         normal += contactNormal;
         friction += contactFriction;
         ++count;
     }
 };
 
+}  // namespace
+
 /// Takes the segment as a candidate if the circle is beside it or near an end.
-void CollisionSpace::TestCandidate(const BspSegment& segment, Vector2 relative, float radius) {
+inline void CollisionSpace::TestCandidate(const BspSegment& segment, Vector2 relative,
+                                          float radius) {
     float along = Dot(relative, segment.direction);
     if (along >= 0.0f && along <= segment.length) {
         contactEdges.push_back(&segment);
@@ -36,27 +38,26 @@ void CollisionSpace::TestCandidate(const BspSegment& segment, Vector2 relative, 
     contactPoints.push_back({segment.start + segment.direction * along, segment.friction});
 }
 
-void CollisionSpace::GatherMoving(const Query& query) {
-    for (const BspSegment& segment : moving) {
-        const Vector2 relative = query.position - segment.start;
+void CollisionSpace::GatherMoving(Vector2 position, float radius) {
+    moving.ForEachNear(position, radius, [&](const BspSegment& segment) {
+        const Vector2 relative = position - segment.start;
         const float distance = Dot(relative, segment.normal);
-        if (distance >= -query.radius && distance <= query.radius) {
-            TestCandidate(segment, relative, query.radius);
+        if (distance >= -radius && distance <= radius) {
+            TestCandidate(segment, relative, radius);
         }
-    }
+    });
 }
 
-void CollisionSpace::GatherStatic(const Query& query, const LevelState& level) {
-    const float radius = query.radius;
+void CollisionSpace::GatherStatic(const LevelState& level, Vector2 position, float radius) {
     openNodes.clear();
     const bool shortCuts = radius <= BspGrid::largestRadius;
-    const BspSegment* node = BspGrid::StartNode(query.position, radius);
+    const BspSegment* node = BspGrid::StartNode(position, radius);
     while (node || !openNodes.empty()) {
         if (!node) {
             node = openNodes.back();
             openNodes.pop_back();
         }
-        const Vector2 relative = query.position - node->start;
+        const Vector2 relative = position - node->start;
         const float distance = Dot(relative, node->normal);
         if (distance >= radius) {
             node = node->frontChild;
@@ -67,76 +68,73 @@ void CollisionSpace::GatherStatic(const Query& query, const LevelState& level) {
                 TestCandidate(*node, relative, radius);
             }
             const BspSegment* front = node->frontChild;
-            if (front && (!shortCuts || BspGrid::CanTouch(front, query.position))) {
+            if (front && (!shortCuts || BspGrid::CanTouch(front, position))) {
                 openNodes.push_back(front);
             }
             node = node->backChild;
-            if (node && shortCuts && !BspGrid::CanTouch(node, query.position)) {
+            if (node && shortCuts && !BspGrid::CanTouch(node, position)) {
                 node = nullptr;
             }
         }
     }
 }
 
-void CollisionSpace::PointPass(Query& query) const {
-    for (std::size_t i = contactPoints.size(); i-- > 0;) {
-        const ContactPoint& contact = contactPoints[i];
-        Vector2 v = contact.point - query.position;
-        const float distance = Length(v);
-        if (distance < query.radius && distance > 0.0f) {
-            v /= distance;
-            query.position -= v * (query.radius - distance);
-            query.AddContact(v, contact.friction);
-        }
+Contact CollisionSpace::Resolve(Vector2& centre, float radius) {
+    if (contactPoints.empty()) {
+        return {};
     }
-}
-
-void CollisionSpace::EdgePass(Query& query) const {
-    for (std::size_t i = contactEdges.size(); i-- > 0;) {
-        const BspSegment& segment = *contactEdges[i];
-        const float distance = Dot(query.position - segment.start, segment.normal);
-        if (distance >= -query.radius) {
-            query.position -= segment.normal * (query.radius + distance);
-            query.AddContact(segment.normal, segment.friction);
-        }
-    }
-}
-
-Contact CollisionSpace::Resolve(Query& query) {
     constexpr int mostPasses = 3;
+    Vector2 position = centre;
+    ContactSum sum;
+    // A little more than a root's rounding can bring back below the radius.
+    const float outside = radius * radius * 1.00001f;
     for (int pass = 0; pass < mostPasses; ++pass) {
-        const unsigned before = query.count;
-        PointPass(query);
-        EdgePass(query);
-        if (query.count == before) {
+        const unsigned before = sum.count;
+        for (std::size_t i = contactPoints.size(); i-- > 0;) {
+            Vector2 v = contactPoints[i].point - position;
+            const float squared = v.x * v.x + v.y * v.y;
+            if (squared > outside) {
+                continue;
+            }
+            const float distance = Length(v);
+            if (distance < radius && distance > 0.0f) {
+                v /= distance;
+                position -= v * (radius - distance);
+                sum.Add(v, contactPoints[i].friction);
+            }
+        }
+        for (std::size_t i = contactEdges.size(); i-- > 0;) {
+            const BspSegment& segment = *contactEdges[i];
+            const float distance = Dot(position - segment.start, segment.normal);
+            if (distance >= -radius) {
+                position -= segment.normal * (radius + distance);
+                sum.Add(segment.normal, segment.friction);
+            }
+        }
+        if (sum.count == before) {
             break;
         }
     }
     contactPoints.clear();
     contactEdges.clear();
-    if (query.count == 0) {
+    if (sum.count == 0) {
         return {};
     }
-    const float share = 1.0f / static_cast<float>(query.count);
-    return {query.normal * share, query.friction * share, query.count};
+    centre = position;
+    const float share = 1.0f / static_cast<float>(sum.count);
+    return {sum.normal * share, sum.friction * share, sum.count};
 }
 
 Contact CollisionSpace::CollideCircle(const LevelState& level, Vector2& position, float radius) {
-    Query query{position, radius};
-    GatherMoving(query);
-    GatherStatic(query, level);
-    const Contact contact = Resolve(query);
-    position = query.position;
-    return contact;
+    GatherMoving(position, radius);
+    GatherStatic(level, position, radius);
+    return Resolve(position, radius);
 }
 
 Contact CollisionSpace::CollideCircleStatic(const LevelState& level, Vector2& position,
                                             float radius) {
-    Query query{position, radius};
-    GatherStatic(query, level);
-    const Contact contact = Resolve(query);
-    position = query.position;
-    return contact;
+    GatherStatic(level, position, radius);
+    return Resolve(position, radius);
 }
 
 namespace Collision {

@@ -7,6 +7,7 @@
 #include "engine/Vector2.h"
 #include "level/BspSegment.h"
 #include "level/LevelState.h"
+#include "level/MovingEdges.h"
 
 /// What a query touched.
 struct Contact {
@@ -30,22 +31,18 @@ public:
     /// The same against the static level only.
     Contact CollideCircleStatic(const LevelState& level, Vector2& position, float radius);
 
-    /// The segments of moving polygons near the camera, in the order that queries take them.
-    std::vector<BspSegment> moving;
+    MovingEdges moving;
 
 private:
     struct ContactPoint {
         Vector2 point;
         float friction;
     };
-    struct Query;
 
-    void GatherMoving(const Query& query);
-    void GatherStatic(const Query& query, const LevelState& level);
+    void GatherMoving(Vector2 position, float radius);
+    void GatherStatic(const LevelState& level, Vector2 position, float radius);
     void TestCandidate(const BspSegment& segment, Vector2 relative, float radius);
-    void PointPass(Query& query) const;
-    void EdgePass(Query& query) const;
-    Contact Resolve(Query& query);
+    Contact Resolve(Vector2& position, float radius);
 
     // Candidates of the query at hand, the newest last; passes run from the back. Storage is
     // kept from query to query.

@@ -22,7 +22,10 @@ testing::AssertionResult AnswersPlainly(BspWorlds::Dice& dice, float low, float 
                                       "y",          "normal.x",   "normal.y", "friction"};
     std::vector<Row<9>> fast;
     std::vector<Row<9>> plain;
-    Collision::current.moving = moving;
+    for (const BspSegment& edge : moving) {
+        Collision::current.moving.Add({&edge, 1});
+    }
+    Collision::current.moving.Index();
     for (int i = 0; i < 4000; ++i) {
         const float x = dice.Within(low, high);
         const Vector2 at{x, dice.Within(low, high)};
@@ -36,7 +39,7 @@ testing::AssertionResult AnswersPlainly(BspWorlds::Dice& dice, float low, float 
         plain.push_back({at.x, at.y, radius, query.count > 0 ? 1.0f : 0.0f, query.position.x,
                          query.position.y, query.normal.x, query.normal.y, query.friction});
     }
-    Collision::current.moving.clear();
+    Collision::current.moving.Clear();
     return Same("circle", fields, fast, plain);
 }
 
@@ -57,7 +60,7 @@ bool IsInside(const LevelPolygon& polygon, Vector2 point) {
 class CollisionTest : public testing::Test {
 protected:
     void TearDown() override {
-        Collision::current.moving.clear();
+        Collision::current.moving.Clear();
         BspTree::Destroy();
     }
 
@@ -137,7 +140,8 @@ TEST_F(CollisionTest, TakesMovingSegmentsBesideTheLevel) {
     BspTree::Build(floor);
     BspSegment platform;
     platform.SetEnds({0.0f, -20.0f}, {100.0f, -20.0f});
-    Collision::current.moving = {platform};
+    Collision::current.moving.Add({&platform, 1});
+    Collision::current.moving.Index();
     // From both rims of the band, even from a full radius inside.
     EXPECT_TRUE(Collide({50.0f, -18.0f}));
     EXPECT_EQ(position, (Vector2{50.0f, -22.0f}));
