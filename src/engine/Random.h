@@ -12,6 +12,8 @@ public:
     std::uint32_t Next();
     /// A float in 0..1, both ends possible.
     float Unit();
+    /// What Unit makes of a word.
+    static float ToUnit(std::uint32_t word);
 
     std::uint32_t state = 0;  ///< all that there is to it
 
@@ -35,11 +37,41 @@ inline std::uint32_t RandomNumbers::Next() {
 }
 
 inline float RandomNumbers::Unit() {
+    return ToUnit(Next());
+}
+
+inline float RandomNumbers::ToUnit(std::uint32_t word) {
     // A product with the inverse rounds to the same float as the quotient for all 2^24 words, and
     // takes a fraction of its time.
     constexpr double inverseMost = 1.0 / 16777215.0;
-    return static_cast<float>((Next() & unitMask) * inverseMost);
+    return static_cast<float>((word & unitMask) * inverseMost);
 }
+
+/// Draws for a loop, some numbers before they are wanted: a draw is one long chain of operations,
+/// and so it runs beside the loop's work instead of in its way. To whoever else draws, it looks as
+/// if each number were drawn when it is taken; nobody else may draw while one of these lives.
+class RandomAhead {
+public:
+    explicit RandomAhead(RandomNumbers& source) : random(source), front(source) {
+        for (std::uint32_t& word : words) {
+            word = front.Next();
+        }
+    }
+    float Unit() {
+        std::uint32_t& word = words[next];
+        next = (next + 1) % depth;
+        random.state = word;
+        word = front.Next();
+        return RandomNumbers::ToUnit(random.state);
+    }
+
+private:
+    static constexpr std::uint32_t depth = 4;
+    RandomNumbers& random;
+    RandomNumbers front;
+    std::uint32_t words[depth];
+    std::uint32_t next = 0;
+};
 
 /// The source of the world in play.
 namespace Random {

@@ -4,57 +4,23 @@
 #include "level/BspGrid.h"
 
 #include <algorithm>
-#include <atomic>
 #include <cmath>
-#include <cstddef>
-#include <cstdint>
-#include <limits>
-#include <vector>
 
-#include "platform/Assert.h"
+BspGrid::Grid BspGrid::grid;
 
 namespace {
 
+using BspGrid::Box;
+using BspGrid::empty;
+using BspGrid::grid;
+using BspGrid::known;
 using BspGrid::largestRadius;
+using BspGrid::unknown;
 
 /// Least side of a cell in world units, and most cells in all and along one axis.
 constexpr double leastCellSize = 8.0;
 constexpr double mostCells = 262144.0;
 constexpr double mostCellsAlong = 131072.0;
-
-/// What a cell holds: not looked into yet, nothing to touch, or a node's index plus `known`.
-constexpr std::uint32_t unknown = 0;
-constexpr std::uint32_t empty = 1;
-constexpr std::uint32_t known = 2;
-
-struct Box {
-    float minX = std::numeric_limits<float>::max();
-    float minY = std::numeric_limits<float>::max();
-    float maxX = std::numeric_limits<float>::lowest();
-    float maxY = std::numeric_limits<float>::lowest();
-
-    void Add(const Box& other) {
-        minX = std::min(minX, other.minX);
-        minY = std::min(minY, other.minY);
-        maxX = std::max(maxX, other.maxX);
-        maxY = std::max(maxY, other.maxY);
-    }
-    bool Overlaps(const Box& other) const {
-        return minX <= other.maxX && other.minX <= maxX && minY <= other.maxY && other.minY <= maxY;
-    }
-};
-
-std::span<const BspSegment> nodes;
-/// Per node: where the centre of a circle must be to touch any segment of its subtree.
-std::vector<Box> reach;
-/// Threads that step worlds of one level look into the same cells, and find the same there.
-std::vector<std::uint32_t> cells;
-float originX = 0.0f;
-float originY = 0.0f;
-float cellSize = 1.0f;
-float cellsPerUnit = 1.0f;
-std::uint32_t columns = 0;
-std::uint32_t rows = 0;
 
 /// Where centres of circles that touch the segment can be, with room for rounding.
 Box SegmentReach(const BspSegment& segment) {
@@ -68,40 +34,43 @@ Box SegmentReach(const BspSegment& segment) {
 }
 
 void MakeReach() {
-    reach.resize(nodes.size());
-    for (std::size_t i = 0; i < nodes.size(); ++i) {
-        reach[i] = SegmentReach(nodes[i]);
+    grid.reach.resize(grid.nodes.size());
+    for (std::size_t i = 0; i < grid.nodes.size(); ++i) {
+        grid.reach[i] = SegmentReach(grid.nodes[i]);
     }
-    for (std::size_t i = nodes.size(); i-- > 1;) {
-        VANTREL_ASSERT(nodes[i].parent >= nodes.data() && nodes[i].parent < &nodes[i]);
-        reach[static_cast<std::size_t>(nodes[i].parent - nodes.data())].Add(reach[i]);
+    for (std::size_t i = grid.nodes.size(); i-- > 1;) {
+        VANTREL_ASSERT(grid.nodes[i].parent >= grid.nodes.data() &&
+                       grid.nodes[i].parent < &grid.nodes[i]);
+        grid.reach[static_cast<std::size_t>(grid.nodes[i].parent - grid.nodes.data())].Add(
+            grid.reach[i]);
     }
 }
 
 void MakeCells() {
-    const Box& world = reach[0];
+    const Box& world = grid.reach[0];
     const double width = double(world.maxX) - double(world.minX);
     const double height = double(world.maxY) - double(world.minY);
     const double size = std::max({leastCellSize, std::sqrt(width * height / mostCells),
                                   width / mostCellsAlong, height / mostCellsAlong});
-    originX = world.minX;
-    originY = world.minY;
-    cellSize = static_cast<float>(size);
-    cellsPerUnit = static_cast<float>(1.0 / size);
+    grid.origin.x = world.minX;
+    grid.origin.y = world.minY;
+    grid.cellSize = static_cast<float>(size);
+    grid.cellsPerUnit = static_cast<float>(1.0 / size);
     // One more than fits, since rounding may push the world's last positions over.
-    columns = static_cast<std::uint32_t>(width / size) + 2;
-    rows = static_cast<std::uint32_t>(height / size) + 2;
-    cells.assign(std::size_t{columns} * rows, unknown);
+    grid.columns = static_cast<std::uint32_t>(width / size) + 2;
+    grid.rows = static_cast<std::uint32_t>(height / size) + 2;
+    grid.cells.assign(std::size_t{grid.columns} * grid.rows, unknown);
 }
 
 /// All positions that fall into the cell, and a little more.
 Box CellBox(std::uint32_t column, std::uint32_t row) {
-    const float left = originX + static_cast<float>(column) * cellSize;
-    const float top = originY + static_cast<float>(row) * cellSize;
-    const float extent = std::max(std::abs(originX) + static_cast<float>(columns) * cellSize,
-                                  std::abs(originY) + static_cast<float>(rows) * cellSize);
-    const float slack = 0.01f * cellSize + 1e-6f * extent;
-    return {left - slack, top - slack, left + cellSize + slack, top + cellSize + slack};
+    const float left = grid.origin.x + static_cast<float>(column) * grid.cellSize;
+    const float top = grid.origin.y + static_cast<float>(row) * grid.cellSize;
+    const float extent =
+        std::max(std::abs(grid.origin.x) + static_cast<float>(grid.columns) * grid.cellSize,
+                 std::abs(grid.origin.y) + static_cast<float>(grid.rows) * grid.cellSize);
+    const float slack = 0.01f * grid.cellSize + 1e-6f * extent;
+    return {left - slack, top - slack, left + grid.cellSize + slack, top + grid.cellSize + slack};
 }
 
 struct Range {
@@ -133,7 +102,8 @@ bool FindsAny(const BspSegment* start, const Box& box) {
     while (!open.empty()) {
         const BspSegment* node = open.back();
         open.pop_back();
-        if (!node || !reach[static_cast<std::size_t>(node - nodes.data())].Overlaps(box)) {
+        if (!node ||
+            !grid.reach[static_cast<std::size_t>(node - grid.nodes.data())].Overlaps(box)) {
             continue;
         }
         const Range distances = Positions(*node, node->normal, box);
@@ -152,11 +122,11 @@ bool FindsAny(const BspSegment* start, const Box& box) {
     return false;
 }
 
-std::uint32_t LookIntoCell(const Box& box) {
-    const BspSegment* node = &nodes.front();
+std::uint32_t FirstNode(const Box& box) {
+    const BspSegment* node = &grid.nodes.front();
     while (node) {
-        const auto index = static_cast<std::size_t>(node - nodes.data());
-        if (!reach[index].Overlaps(box)) {
+        const auto index = static_cast<std::size_t>(node - grid.nodes.data());
+        if (!grid.reach[index].Overlaps(box)) {
             return empty;
         }
         const Range distances = Positions(*node, node->normal, box);
@@ -173,43 +143,25 @@ std::uint32_t LookIntoCell(const Box& box) {
 
 }  // namespace
 
+void BspGrid::Box::Add(const Box& other) {
+    minX = std::min(minX, other.minX);
+    minY = std::min(minY, other.minY);
+    maxX = std::max(maxX, other.maxX);
+    maxY = std::max(maxY, other.maxY);
+}
+
+std::uint32_t BspGrid::LookIntoCell(std::uint32_t column, std::uint32_t row) {
+    return FirstNode(CellBox(column, row));
+}
+
 void BspGrid::Prepare(std::span<const BspSegment> treeNodes) {
-    nodes = treeNodes;
-    reach = {};
-    cells = {};
-    columns = 0;
-    rows = 0;
-    if (!nodes.empty()) {
+    grid.nodes = treeNodes;
+    grid.reach = {};
+    grid.cells = {};
+    grid.columns = 0;
+    grid.rows = 0;
+    if (!grid.nodes.empty()) {
         MakeReach();
         MakeCells();
     }
-}
-
-bool BspGrid::CanTouch(const BspSegment* node, Vector2 position) {
-    VANTREL_ASSERT(node >= nodes.data() && node < nodes.data() + nodes.size());
-    const Box& box = reach[static_cast<std::size_t>(node - nodes.data())];
-    return position.x >= box.minX && position.x <= box.maxX && position.y >= box.minY &&
-           position.y <= box.maxY;
-}
-
-const BspSegment* BspGrid::StartNode(Vector2 position, float radius) {
-    if (!(radius <= largestRadius)) {
-        return nodes.empty() ? nullptr : &nodes.front();
-    }
-    const float x = (position.x - originX) * cellsPerUnit;
-    const float y = (position.y - originY) * cellsPerUnit;
-    // Outside of the grid, and at no place at all, there is nothing to touch.
-    if (!(x >= 0.0f && y >= 0.0f && x < static_cast<float>(columns) &&
-          y < static_cast<float>(rows))) {
-        return nullptr;
-    }
-    const auto column = static_cast<std::uint32_t>(x);
-    const auto row = static_cast<std::uint32_t>(y);
-    const std::atomic_ref<std::uint32_t> stored(cells[std::size_t{row} * columns + column]);
-    std::uint32_t cell = stored.load(std::memory_order_relaxed);
-    if (cell == unknown) {
-        cell = LookIntoCell(CellBox(column, row));
-        stored.store(cell, std::memory_order_relaxed);
-    }
-    return cell == empty ? nullptr : &nodes[cell - known];
 }

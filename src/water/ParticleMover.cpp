@@ -173,6 +173,7 @@ void PullTogether(std::span<const std::uint32_t> members, std::span<const std::u
         sum += particles[order[member]].position;
     }
     const Vector2 centre = sum / static_cast<float>(members.size());
+    RandomAhead random(parts.random);
     for (const std::uint32_t member : members) {
         Vector2& position = particles[order[member]].position;
         Vector2 direction = centre - position;
@@ -186,8 +187,8 @@ void PullTogether(std::span<const std::uint32_t> members, std::span<const std::u
             move = longestCohesion;
         }
         // Drawn before it is known whether the particle moves at all.
-        const float noiseX = (parts.random.Unit() - 0.5f) * cohesionNoise;
-        const float noiseY = (parts.random.Unit() - 0.5f) * cohesionNoise;
+        const float noiseX = (random.Unit() - 0.5f) * cohesionNoise;
+        const float noiseY = (random.Unit() - 0.5f) * cohesionNoise;
         if (move > 0.0f) {
             position += direction * move + Vector2{noiseX, noiseY};
             parts.space.CollideCircle(parts.level, position, Particle::radius);
