@@ -7,14 +7,14 @@
 #include "actors/ActorsState.h"
 #include "actors/Camera.h"
 #include "actors/TriggerEvents.h"
+#include "level/BoxCells.h"
 #include "water/FxParticleManager.h"
 #include "water/WaterStep.h"
 
 struct Trigger;
 
-/// A trigger that is tested in a step, with the box outside of which it contains nothing.
+/// A trigger that is tested in a step.
 struct TriggerCandidate {
-    float minX, maxX, minY, maxY;
     const Trigger* trigger;
     // Its delayed firings in this step: how many, and when the first and the last came.
     std::uint32_t firings = 0;
@@ -26,6 +26,7 @@ struct TriggerCandidate {
 /// Holds nothing of a world between steps. Each thread that steps worlds has its own.
 struct ActorsWorkspace {
     std::vector<TriggerCandidate> candidates;
+    BoxCells candidateBoxes;                    ///< outside of which they contain nothing
     std::vector<DelayedEffects::Firing> fired;  ///< with a delay, in this step
     std::vector<DelayedEffects::Due> due;       ///< in this step
     TriggerEvents events;                       ///< of the last step

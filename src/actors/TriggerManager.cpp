@@ -86,6 +86,7 @@ private:
 
     void CollectCandidates() {
         work.candidates.clear();
+        work.candidateBoxes.Clear();
         for (const Trigger& trigger : triggers) {
             TriggerState& state = states[trigger.number];
             if (trigger.IsSpent(state.fireCount) ||
@@ -97,23 +98,22 @@ private:
                 continue;
             }
             const float reach = trigger.boxReach;
-            work.candidates.push_back({trigger.minX - reach, trigger.maxX + reach,
-                                       trigger.minY - reach, trigger.maxY + reach, &trigger});
+            work.candidates.push_back({&trigger});
+            work.candidateBoxes.Add({trigger.minX - reach, trigger.maxX + reach,
+                                     trigger.minY - reach, trigger.maxY + reach});
         }
+        work.candidateBoxes.Build();
     }
 
     void Test(WaterHit water) {
         const Vector2 position = water.Position();
-        for (TriggerCandidate& candidate : work.candidates) {
-            if (position.x < candidate.minX || position.x > candidate.maxX ||
-                position.y < candidate.minY || position.y > candidate.maxY) {
-                continue;
-            }
+        work.candidateBoxes.ForEachAt(position, [&](std::uint32_t number) {
+            TriggerCandidate& candidate = work.candidates[number];
             const Trigger& trigger = *candidate.trigger;
             if (!trigger.IsSpent(states[trigger.number].fireCount) && trigger.Contains(position)) {
                 Fire(candidate, water);
             }
-        }
+        });
     }
 
     void Fire(TriggerCandidate& candidate, WaterHit water) {
