@@ -179,7 +179,9 @@ void CollectVisible(const ActorsParts& parts, const View& view) {
         }
         moving.Add(collider.edges, offset);
     }
-    moving.Index();
+    if (parts.water.IsWorthIndexing()) {
+        moving.Index();
+    }
 }
 
 void Step(const ActorsParts& parts, const View& view, float dt) {

@@ -102,7 +102,9 @@ private:
             work.candidateBoxes.Add({trigger.minX - reach, trigger.maxX + reach,
                                      trigger.minY - reach, trigger.maxY + reach});
         }
-        work.candidateBoxes.Build();
+        if (world.water.IsWorthIndexing()) {
+            work.candidateBoxes.Build();
+        }
     }
 
     void Test(WaterHit water) {

@@ -3,7 +3,7 @@
 // step take them: those of one polygon after the other. A circle looks only at polygons whose box
 // it may touch.
 //
-// Order in a step: Clear, Add for each polygon, Index, then queries.
+// Order in a step: Clear, Add for each polygon, Index if many queries follow, then queries.
 
 #include <cstdint>
 #include <span>

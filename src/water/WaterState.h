@@ -20,6 +20,8 @@ struct WaterState {
 
     /// Particles of any state.
     std::size_t AllWater() const;
+    /// There are so many bodies that it pays to prepare what each of them looks up.
+    bool IsWorthIndexing() const { return particles.size() + groups.size() > 16; }
     /// Starts the last seconds of a particle or a lump; a second call changes nothing.
     void Kill(Particle& particle) const;
     void Kill(ParticleGroup& group) const;
