@@ -18,7 +18,8 @@ float FiniteOrZero(float value) {
 }
 
 const Console::CommandTable commands{
-    {"ForceCount", Console::Count<forces>, "How many forces there are."},
+    {"ForceCount", Console::Count<Actors::current, &ActorsState::forces>,
+     "How many forces there are."},
     {"ForceCreate", Console::Words<Add>, "Adds a force.",
      "\nUSAGE: MoveForceCreate  < id : integer > < x : number > < y : number > < dir_x : number > "
      "< dir_y : number > < strenght : number >"},

@@ -125,7 +125,8 @@ void ClearLists() {
 }
 
 const Console::CommandTable commands{
-    {"MoverCount", Console::Count<movers>, "How many movers there are."},
+    {"MoverCount", Console::Count<Actors::current, &ActorsState::movers>,
+     "How many movers there are."},
     {"MoverDraw", Console::Variable<moverDraw>,
      "Shows the paths of the movers, with id and speed."},
     {"DynamicNodeDraw", Console::Variable<dynamicNodeDraw>,

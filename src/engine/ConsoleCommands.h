@@ -96,10 +96,25 @@ auto Variable(std::remove_cvref_t<decltype(variable)> value, bool isSet) {
     return variable;
 }
 
+/// The same on a part of a record.
+template <auto& record, auto part>
+auto Variable(std::remove_cvref_t<decltype(record.*part)> value, bool isSet) {
+    if (isSet) {
+        record.*part = value;
+    }
+    return record.*part;
+}
+
 /// The number of entries of a container.
 template <auto& container>
 int Count() {
     return static_cast<int>(container.size());
+}
+
+/// The same of a container that is part of a record.
+template <auto& record, auto part>
+int Count() {
+    return static_cast<int>((record.*part).size());
 }
 
 /// Reads a word as what a function takes; false if it hasn't the form of that. An unsigned value

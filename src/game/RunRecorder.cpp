@@ -61,13 +61,13 @@ std::string PortableName(const std::string& name) {
     if (!file) {
         return name;
     }
-    const std::string inFolder = "lev\\" + file->filename().string();
+    std::string inFolder = "lev\\" + file->filename().string();
     if (Names(inFolder, *file)) {
         return inFolder;
     }
     std::error_code error;
     for (const auto& root : {std::filesystem::current_path(error), Platform::DataRoot()}) {
-        const std::string below = std::filesystem::relative(*file, root, error).string();
+        std::string below = std::filesystem::relative(*file, root, error).string();
         if (Names(below, *file)) {
             return below;
         }

@@ -40,8 +40,10 @@ const Console::CommandTable commands{
      "\nUSAGE: Emitter create < x : number > < y : number > < dir_x : number > "
      "< dir_y : number > < id : integer > < emitter settings : fileName > "},
     {"FxEmitterDraw", Console::Variable<drawEmitters>, "Shows the emitters."},
-    {"FxEmitterCount", Console::Count<emitters>, "How many emitters there are."},
-    {"FxParticleCount", Console::Count<particles>, "How many effect particles are in flight."},
+    {"FxEmitterCount", Console::Count<current, &EffectsState::emitters>,
+     "How many emitters there are."},
+    {"FxParticleCount", Console::Count<current, &EffectsState::particles>,
+     "How many effect particles are in flight."},
 };
 
 void StepEmitters(EffectsState& effects, RandomNumbers& random, const ViewSquare& square,

@@ -132,7 +132,8 @@ bool GroupDraw(bool value, bool isSet) {
 }
 
 const Console::CommandTable commands{
-    {"ParticleGroupCount", Console::Count<groups>, "How many lumps of ice there are."},
+    {"ParticleGroupCount", Console::Count<ParticleManager::current, &WaterState::groups>,
+     "How many lumps of ice there are."},
     {"ParticleGroupDraw", GroupDraw,
      "Shows the circles of the lumps of ice, until the next level."},
 };

@@ -89,13 +89,15 @@ float HeatTransferRate(float value, bool isSet) {
 }
 
 const Console::CommandTable commands{
-    {"Gravity", Console::Variable<gravity>, "How fast water falls, units per second squared."},
-    {"RoomTemperature", Console::Variable<roomTemperature>, "What all water drifts to, degrees."},
+    {"Gravity", Console::Variable<current, &WaterState::gravity>,
+     "How fast water falls, units per second squared."},
+    {"RoomTemperature", Console::Variable<current, &WaterState::roomTemperature>,
+     "What all water drifts to, degrees."},
     {"HeatTransferRate", HeatTransferRate,
      "Share of the gap to the room's temperature that closes in a second, 0 to 1."},
-    {"SteamRiseRate", Console::Variable<steamRiseRate>,
+    {"SteamRiseRate", Console::Variable<current, &WaterState::steamRiseRate>,
      "How fast steam rises, as a factor on gravity."},
-    {"SteamScatterRate", Console::Variable<steamScatterRate>,
+    {"SteamScatterRate", Console::Variable<current, &WaterState::steamScatterRate>,
      "How fast steam scatters, as a factor on gravity."},
     {"ParticleCount", [] { return static_cast<int>(Count()); },
      "How much water there is, without the ice."},
