@@ -1,43 +1,45 @@
-// Builds the tree. At every node each edge of the list is rated as a splitter against all
-// others; the ratings are sums over the list, so a child that keeps most of its parent's list
-// takes over the parent's sums and corrects them by what went away or was added. So
-// even a tree as deep as it has edges takes no more than the square of their number.
+// Builds the tree, node by node: the set of edges finds its splitter, and what isn't on the
+// side with more edges leaves it.
 
 #include "level/BspBuilder.h"
 
+#include <algorithm>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
+#include <optional>
+#include <span>
 #include <utility>
 
 #include "engine/Geometry.h"
-#include "level/BspSideCounter.h"
+#include "level/BspEdgeOrder.h"
+#include "level/BspEdgeSet.h"
 
 namespace {
 
 /// World units by which an edge may reach over a node's line without being split.
 constexpr float splitTolerance = 0.1f;
 
-/// The edges on one side of a node, in list order, with their ratings against each other.
-struct EdgeList {
-    std::vector<std::uint32_t> edge;  ///< index into the builder's edges
-    std::vector<BspSideTally> tally;  ///< of this edge's line against all others of the list
-    std::vector<std::size_t> pieces;  ///< positions of edges that the parent's list hadn't
-
-    std::size_t Size() const { return edge.size(); }
-};
-
 /// A subtree that is still to be built.
 struct Task {
-    EdgeList list;
+    BspEdgeSet set;
     std::uint32_t parent = 0;
     bool isFront = false;
 };
 
-/// What counting gives for the splitter itself: rounding may put its end behind its line.
-BspSideTally CountSelf(const BspSegment& edge) {
-    const int behind = Dot(edge.end - edge.start, edge.normal) < 0.0f;
-    return {behind, behind};
+/// The root's edges, ordered by place, with no bounds yet.
+std::vector<BspEdgeSet::Item> RootItems(std::span<const BspSegment> edges) {
+    std::vector<BspEdgeOrder::Item> order;
+    for (std::size_t i = 0; i < edges.size(); ++i) {
+        order.push_back({BspEdgeReach(edges[i]), i});
+    }
+    BspEdgeOrder::Sort(order, std::bit_ceil(order.size()), 1);
+    std::vector<BspEdgeSet::Item> items;
+    for (const BspEdgeOrder::Item& item : order) {
+        const auto number = static_cast<std::uint32_t>(item.number);
+        items.push_back({number, number, 0});
+    }
+    return items;
 }
 
 class Builder {
@@ -48,106 +50,102 @@ public:
         if (edges.empty()) {
             return {};
         }
-        Task root;
-        for (std::size_t i = 0; i < edges.size(); ++i) {
-            root.list.edge.push_back(static_cast<std::uint32_t>(i));
-        }
-        root.list.tally.resize(edges.size());
-        Rate(root.list);
-        tasks.push_back(std::move(root));
+        tasks.push_back({BspEdgeSet(edges, RootItems(edges))});
         while (!tasks.empty()) {
             Task task = std::move(tasks.back());
             tasks.pop_back();
-            BuildNode(task);
+            BuildNode(std::move(task));
         }
         Link();
         return std::move(nodes);
     }
 
 private:
-    enum class Side : std::uint8_t { Back, Front, Neither };
-
     std::vector<BspSegment> edges;  ///< all edges there ever were, pieces at the end
     std::vector<BspSegment> nodes;
     std::vector<std::pair<std::uint32_t, bool>> links;  ///< per node: parent, is its front child
     std::vector<Task> tasks;
     // Reused from node to node.
-    std::vector<Side> fates;
-    BspSideCounter all, removed, added;
-    std::vector<std::uint32_t> indices;
+    std::vector<std::size_t> slots;
+    std::vector<BspEdgeSet::Item> moved;
 
-    void BuildNode(const Task& task) {
-        const EdgeList& list = task.list;
-        const std::size_t splitter = ChooseSplitter(list);
-        const BspSegment node = edges[list.edge[splitter]];
+    /// The child on the side with more edges goes on with the node's set; those on the other
+    /// side move into a set of their own.
+    void BuildNode(Task task) {
+        const auto [slot, frontIsLarger] = task.set.FindSplitter(edges);
+        const BspSegment node = edges[task.set.At(slot).edge];
         const auto index = static_cast<std::uint32_t>(nodes.size());
         nodes.push_back(node);
         links.emplace_back(task.parent, task.isFront);
 
-        Task back{{}, index, false};
-        Task front{{}, index, true};
-        Divide(list, splitter, node, back.list, front.list);
-        UpdateTallies(list, Side::Back, back.list);
-        UpdateTallies(list, Side::Front, front.list);
+        Divide(task.set, slot, node, frontIsLarger);
+        std::optional<Task> kept, other;
+        if (task.set.Size() > 0) {
+            kept = Task{std::move(task.set), index, frontIsLarger};
+        }
+        if (!moved.empty()) {
+            other = Task{BspEdgeSet(edges, moved), index, !frontIsLarger};
+        }
         // The last task in is built first: the back subtree follows its node.
-        if (front.list.Size() > 0) {
-            tasks.push_back(std::move(front));
-        }
-        if (back.list.Size() > 0) {
-            tasks.push_back(std::move(back));
-        }
-    }
-
-    /// The edge that divides the list most evenly with the fewest splits, both weighing the
-    /// same; the earliest of equals.
-    static std::size_t ChooseSplitter(const EdgeList& list) {
-        const int others = static_cast<int>(list.Size()) - 1;
-        std::size_t best = 0;
-        int bestScore = 0;
-        for (std::size_t i = 0; i < list.Size(); ++i) {
-            const BspSideTally tally = list.tally[i];
-            // An edge wholly behind has two ends there, one wholly in front none, so this is
-            // the count in front less the count behind.
-            const int balance = others - tally.endsBehind;
-            const int score = std::abs(balance) + tally.crossings;
-            if (i == 0 || score < bestScore) {
-                best = i;
-                bestScore = score;
+        for (auto* child : {frontIsLarger ? &kept : &other, frontIsLarger ? &other : &kept}) {
+            if (child->has_value()) {
+                tasks.push_back(std::move(**child));
             }
         }
-        return best;
     }
 
-    void Divide(const EdgeList& list, std::size_t splitter, const BspSegment& node, EdgeList& back,
-                EdgeList& front) {
-        fates.assign(list.Size(), Side::Neither);
-        for (std::size_t i = 0; i < list.Size(); ++i) {
-            if (i == splitter) {
+    /// Takes the splitter out of the set, and all that isn't on the kept side of the node, which
+    /// goes into `moved`.
+    void Divide(BspEdgeSet& set, std::size_t splitter, const BspSegment& node, bool keepFront) {
+        const int before = static_cast<int>(set.Size());
+        int cut = 0;
+        int keptPieces = 0;
+        int movedPieces = 0;
+        moved.clear();
+        set.Remove(splitter);
+        set.CollectOff(node, keepFront, slots);
+        for (const std::size_t slot : slots) {
+            const BspEdgeSet::Item item = set.At(slot);
+            const float d1 = Dot(edges[item.edge].start - node.start, node.normal);
+            const float d2 = Dot(edges[item.edge].end - node.start, node.normal);
+            const bool startsInFront = d1 >= 0.0f;
+            if ((startsInFront && d2 >= -splitTolerance) || (d1 < 0.0f && d2 < splitTolerance)) {
+                if (startsInFront != keepFront) {
+                    moved.push_back(item);
+                    set.Remove(slot);
+                }
                 continue;
             }
-            const std::uint32_t index = list.edge[i];
-            const float d1 = Dot(edges[index].start - node.start, node.normal);
-            const float d2 = Dot(edges[index].end - node.start, node.normal);
-            if (d1 >= 0.0f && d2 >= -splitTolerance) {
-                fates[i] = Side::Front;
-                Keep(front, index, list.tally[i]);
-            } else if (d1 < 0.0f && d2 < splitTolerance) {
-                fates[i] = Side::Back;
-                Keep(back, index, list.tally[i]);
-            } else {
-                Split(index, node, d1 >= 0.0f ? front : back, d1 >= 0.0f ? back : front);
+            ++cut;
+            auto [keptPiece, movedPiece] = Split(item.edge, node);
+            if (startsInFront != keepFront) {
+                std::swap(keptPiece, movedPiece);
             }
+            if (keptPiece) {
+                set.Replace(slot, edges[*keptPiece], *keptPiece);
+                ++keptPieces;
+            } else {
+                set.Remove(slot);
+            }
+            if (movedPiece) {
+                moved.push_back({*movedPiece, item.rank, 0});
+                ++movedPieces;
+            }
+        }
+        // Each edge that isn't there any more takes one off a score at most, as does each piece.
+        const int movedWhole = static_cast<int>(moved.size()) - movedPieces;
+        slots.push_back(splitter);
+        set.Settle(edges, slots, 1 + movedWhole + cut + keptPieces);
+        for (BspEdgeSet::Item& item : moved) {
+            item.bound = std::max(0, item.bound - (before - movedWhole + movedPieces));
         }
     }
 
-    static void Keep(EdgeList& list, std::uint32_t index, BspSideTally tally) {
-        list.edge.push_back(index);
-        list.tally.push_back(tally);
-    }
+    using Piece = std::optional<std::uint32_t>;
 
-    /// Cuts an edge where it crosses the node's line; pieces of no length are dropped.
-    void Split(std::uint32_t index, const BspSegment& node, EdgeList& startSide,
-               EdgeList& endSide) {
+    /// Cuts an edge where it crosses the node's line: the piece at its start and that at its
+    /// end; those of no length are dropped.
+    std::pair<Piece, Piece> Split(std::uint32_t index, const BspSegment& node) {
         const BspSegment edge = edges[index];
         Vector2 at =
             LineIntersection(edge.start, edge.end, node.start, node.end).value_or(edge.start);
@@ -158,84 +156,17 @@ private:
         if (along > edge.length) {
             at = edge.end;
         }
-        AddPiece(edge, edge.start, at, startSide);
-        AddPiece(edge, at, edge.end, endSide);
+        return {AddPiece(edge, edge.start, at), AddPiece(edge, at, edge.end)};
     }
 
-    void AddPiece(const BspSegment& edge, Vector2 start, Vector2 end, EdgeList& list) {
+    Piece AddPiece(const BspSegment& edge, Vector2 start, Vector2 end) {
         BspSegment piece = edge;
         piece.SetEnds(start, end);
         if (piece.length <= shortestEdge) {
-            return;
+            return {};
         }
-        list.pieces.push_back(list.Size());
-        Keep(list, static_cast<std::uint32_t>(edges.size()), {});
         edges.push_back(piece);
-    }
-
-    /// Makes the child's ratings, by the cheaper of two ways.
-    void UpdateTallies(const EdgeList& parent, Side side, EdgeList& child) {
-        if (child.Size() < 2) {
-            return;
-        }
-        const std::size_t kept = child.Size() - child.pieces.size();
-        // Ends that are looked at, and what it takes to begin.
-        const auto cost = [](std::size_t splitters, std::size_t edgeCount) {
-            return splitters * (edgeCount + 16);
-        };
-        if (cost(child.Size(), child.Size()) < cost(kept, parent.Size() - kept) +
-                                                   cost(kept, child.pieces.size()) +
-                                                   cost(child.pieces.size(), child.Size())) {
-            Rate(child);
-        } else {
-            CorrectRates(parent, side, child);
-        }
-    }
-
-    /// Rates every edge of the list anew.
-    void Rate(EdgeList& list) {
-        all.Assign(edges, list.edge);
-        for (std::size_t i = 0; i < list.Size(); ++i) {
-            RateEdge(list, i);
-        }
-    }
-
-    /// Rates one edge against the list, which is in `all`.
-    void RateEdge(EdgeList& list, std::size_t i) {
-        const BspSegment& edge = edges[list.edge[i]];
-        list.tally[i] = all.Count(edge);
-        list.tally[i] -= CountSelf(edge);
-    }
-
-    void CorrectRates(const EdgeList& parent, Side side, EdgeList& child) {
-        indices.clear();
-        for (std::size_t i = 0; i < parent.Size(); ++i) {
-            if (fates[i] != side) {
-                indices.push_back(parent.edge[i]);
-            }
-        }
-        removed.Assign(edges, indices);
-        indices.clear();
-        for (const std::size_t piece : child.pieces) {
-            indices.push_back(child.edge[piece]);
-        }
-        added.Assign(edges, indices);
-        if (!child.pieces.empty()) {
-            all.Assign(edges, child.edge);
-        }
-        std::size_t nextPiece = 0;
-        for (std::size_t i = 0; i < child.Size(); ++i) {
-            if (nextPiece < child.pieces.size() && child.pieces[nextPiece] == i) {
-                RateEdge(child, i);
-                ++nextPiece;
-            } else {
-                const BspSegment& edge = edges[child.edge[i]];
-                child.tally[i] -= removed.Count(edge);
-                if (!child.pieces.empty()) {
-                    child.tally[i] += added.Count(edge);
-                }
-            }
-        }
+        return static_cast<std::uint32_t>(edges.size() - 1);
     }
 
     void Link() {

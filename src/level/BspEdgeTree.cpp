@@ -1,5 +1,4 @@
-// The tree is complete: a power of two of leaves, sorted into place by halving along the
-// longer side of each part, filled from the front.
+// The tree is complete: a power of two of leaves, filled from the front.
 
 #include "level/BspEdgeTree.h"
 
@@ -13,7 +12,7 @@
 BspEdgeTree::BspEdgeTree(std::vector<Item> members) : items(std::move(members)) {
     size = items.size();
     leafCount = std::bit_ceil(std::max<std::size_t>(1, (size + leafSize - 1) / leafSize));
-    Sort(0, size, leafCount * leafSize);
+    BspEdgeOrder::Sort(items, leafCount * leafSize, leafSize);
     placeOfNumber.reserve(size);
     for (std::size_t place = 0; place < size; ++place) {
         placeOfNumber.emplace_back(items[place].number, place);
@@ -23,29 +22,6 @@ BspEdgeTree::BspEdgeTree(std::vector<Item> members) : items(std::move(members)) 
     for (std::size_t node = 2 * leafCount; --node > 0;) {
         Refresh(node);
     }
-}
-
-/// Brings the items into the order of their leaves; `room` is how many the leaves can hold.
-void BspEdgeTree::Sort(std::size_t first, std::size_t last, std::size_t room) {
-    if (room <= leafSize || last - first <= leafSize) {
-        return;
-    }
-    BspEdgeReach whole;
-    for (std::size_t i = first; i < last; ++i) {
-        whole.Include(items[i].reach);
-    }
-    const bool byX = whole.maxX - whole.minX > whole.maxY - whole.minY;
-    const auto centre = [byX](const Item& item) {
-        return byX ? item.reach.minX + item.reach.maxX : item.reach.minY + item.reach.maxY;
-    };
-    const std::size_t middle = std::min(last, first + room / 2);
-    const auto at = [this](std::size_t i) {
-        return items.begin() + static_cast<std::ptrdiff_t>(i);
-    };
-    std::nth_element(at(first), at(middle), at(last),
-                     [&](const Item& a, const Item& b) { return centre(a) < centre(b); });
-    Sort(first, middle, room / 2);
-    Sort(middle, last, room / 2);
 }
 
 std::size_t BspEdgeTree::PlaceOf(std::size_t number) const {

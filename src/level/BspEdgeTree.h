@@ -9,14 +9,11 @@
 #include <utility>
 #include <vector>
 
-#include "level/BspEdgeReach.h"
+#include "level/BspEdgeOrder.h"
 
 class BspEdgeTree {
 public:
-    struct Item {
-        BspEdgeReach reach;
-        std::size_t number = 0;
-    };
+    using Item = BspEdgeOrder::Item;
     using Test = std::function<bool(std::size_t number)>;
     static constexpr std::size_t none = std::numeric_limits<std::size_t>::max();
 
@@ -47,7 +44,6 @@ private:
     std::size_t leafCount = 1;
     std::size_t size = 0;
 
-    void Sort(std::size_t first, std::size_t last, std::size_t room);
     std::size_t PlaceOf(std::size_t number) const;
     void Refresh(std::size_t node);
     void RefreshAbove(std::size_t place);
