@@ -32,14 +32,8 @@ void BuildTiles(benchmark::State& state) {
     BuildWorld(state, BspWorlds::Tiles(1, static_cast<int>(std::sqrt(tiles))));
 }
 
-/// One round polygon: the tree is as deep as it has edges.
 void BuildRound(benchmark::State& state) {
-    std::vector<Vector2> points;
-    for (int i = 0; i < state.range(0); ++i) {
-        const float angle = fullTurn * static_cast<float>(i) / static_cast<float>(state.range(0));
-        points.push_back({1e5f * std::cos(angle), 1e5f * std::sin(angle)});
-    }
-    BuildWorld(state, {BspWorlds::Outline(points)});
+    BuildWorld(state, BspWorlds::Round(static_cast<int>(state.range(0)), 1e5f));
 }
 
 }  // namespace

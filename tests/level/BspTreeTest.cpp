@@ -78,6 +78,8 @@ void ForEachWorld(Look look) {
     }
     both("many stars", 7, BspWorlds::Stars(7, 200));
     both("many tiles", 7, BspWorlds::Tiles(7, 44));
+    both("round", 0, BspWorlds::Round(300, 1e5f));
+    both("round, corners off by rounding", 0, BspWorlds::Round(300, 50.0f));
     for (std::uint32_t seed = 0; seed < 10; ++seed) {
         Polygons polygons = BspWorlds::Boxes(seed, 40);
         for (LevelPolygon& polygon : polygons) {
@@ -203,15 +205,8 @@ TEST_F(BspTreeTest, CutsAwayWhatTouchingPolygonsShare) {
 }
 
 TEST_F(BspTreeTest, BuildsAndWalksTreesAsDeepAsTheyAreLarge) {
-    // A round polygon: every edge has all others on its solid side.
-    std::vector<Vector2> points;
     constexpr int corners = 3000;
-    for (int i = 0; i < corners; ++i) {
-        const double angle = 2.0 * 3.14159265358979 * i / corners;
-        points.push_back(
-            {static_cast<float>(1e5 * std::cos(angle)), static_cast<float>(1e5 * std::sin(angle))});
-    }
-    Polygons round{BspWorlds::Outline(points)};
+    Polygons round = BspWorlds::Round(corners, 1e5f);
     BspTree::Build(round);
     EXPECT_GT(BspTree::Size(), corners - 20);
     EXPECT_GT(BspTree::Depth(), corners - 20);

@@ -115,6 +115,17 @@ inline std::deque<LevelPolygon> Skyline(std::uint32_t seed, int count) {
     return polygons;
 }
 
+/// One round polygon: nearly every edge has all others on its solid side, so that the tree is
+/// about as deep as it has edges.
+inline std::deque<LevelPolygon> Round(int corners, float radius) {
+    std::vector<Vector2> points;
+    for (int i = 0; i < corners; ++i) {
+        const float angle = fullTurn * static_cast<float>(i) / static_cast<float>(corners);
+        points.push_back({radius * std::cos(angle), radius * std::sin(angle)});
+    }
+    return {Outline(points)};
+}
+
 /// The same with all corners moved by up to two hundredths, about as far as the corners of
 /// polygons that touch may be apart.
 inline std::deque<LevelPolygon> Nudged(std::uint32_t seed, std::deque<LevelPolygon> polygons) {
