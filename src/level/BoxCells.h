@@ -2,8 +2,8 @@
 // Finds the boxes of a list that hold a place, in the list's order. Where there are many, a grid of
 // cells over all of them says which come into question.
 //
-// Order: Clear, Add for each box, Build, then any number of questions. Storage is kept. Build may be
-// left out where few questions follow: all boxes are looked at then.
+// Order: Clear, Add for each box, Build, then any number of questions. Storage is kept. Build may
+// be left out where few questions follow: all boxes are looked at then.
 
 #include <cstdint>
 #include <vector>
