@@ -183,7 +183,7 @@ protected:
         for (const char c : std::string_view("ADA LOVELACE 1815 WQ")) {
             entry.OnKeyDown(c);
         }
-        window.onSwap = [this] { Compare("nameEntry"); };
+        window.onSwap = [] { Compare("nameEntry"); };
         entry.OnPaint();
         window.onSwap = nullptr;
     }
