@@ -30,7 +30,6 @@ IdIndex polygonIndex;
 IdIndex moverIndex;
 IdIndex emitterIndex;
 
-TriggerEvents lastEvents;
 bool hasComplained = false;  // of too many delayed effects
 
 void Bind(Trigger& trigger) {
@@ -49,14 +48,13 @@ void Bind(Trigger& trigger) {
 /// The triggers of one world in one step.
 class TriggerStep {
 public:
-    TriggerStep(const ActorsParts& parts, const ViewSquare& seen, float seconds,
-                TriggerEvents& into)
+    TriggerStep(const ActorsParts& parts, const ViewSquare& seen, float seconds)
         : world(parts),
           work(parts.actorsWork),
           states(parts.actors.triggers),
           square(seen),
           dt(seconds),
-          events(into) {}
+          events(work.events) {}
 
     void Run() {
         HaveDelayedEffects();
@@ -207,7 +205,7 @@ void Shutdown() {
     Actors::current.triggers.clear();
     Actors::current.delayedEffects = {};
     hasComplained = false;
-    lastEvents.Clear();
+    Actors::Parts().actorsWork.events.Clear();
     objectIndex.Clear();
     animatedObjectIndex.Clear();
     forceIndex.Clear();
@@ -241,17 +239,19 @@ TriggerState& StateOf(const Trigger& trigger) {
     return Actors::current.triggers[trigger.number];
 }
 
-void Step(const ActorsParts& parts, const View& view, float dt, TriggerEvents& events) {
+void Step(const ActorsParts& parts, const View& view, float dt) {
     VANTREL_ASSERT(dt >= 0.0f);
-    TriggerStep(parts, view.Triggering(), dt, events).Run();
+    parts.actorsWork.events.Clear();
+    TriggerStep(parts, view.Triggering(), dt).Run();
 }
 
 const TriggerEvents& Step(const View& view, float dt) {
-    lastEvents.Clear();
-    Step(Actors::Parts(), view, dt, lastEvents);
-    SoundSourceManager::Follow(lastEvents.sounds);
+    const ActorsParts parts = Actors::Parts();
+    Step(parts, view, dt);
+    const TriggerEvents& events = parts.actorsWork.events;
+    SoundSourceManager::Follow(events.sounds);
     TellOfDropped();
-    return lastEvents;
+    return events;
 }
 
 void TellOfDropped() {

@@ -15,8 +15,8 @@
 
 namespace TriggerManager {
 
-/// Of any world; adds to `events` what happened that others decide on.
-void Step(const ActorsParts& parts, const View& view, float dt, TriggerEvents& events);
+/// Of any world; the workspace's events tell what happened that others decide on.
+void Step(const ActorsParts& parts, const View& view, float dt);
 
 /// In the order of adding; pointers to entries stay valid until Shutdown.
 extern std::deque<Trigger> triggers;

@@ -192,6 +192,10 @@ void Step(float dt) {
     Step(WorldInPlay(), dt, &ListenerInPlay());
 }
 
+void SetRespawn(float x, float y) {
+    SetRespawn(WorldInPlay(), {x, y});
+}
+
 void PlayRespawnSound() {
     if (deadSound) {
         deadSound->Rewind();

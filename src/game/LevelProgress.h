@@ -28,6 +28,9 @@ void Initialise();
 void Shutdown();
 void Take(const TriggerEvents& events);
 void Step(float dt);
+/// Lost water comes back here from now on, as much of it as there is now; if all of it is lost
+/// just now, as much as before.
+void SetRespawn(float x, float y);
 /// Whether the level's time is the sum of its steps, and not the clock's; off at first.
 void CountSteps(bool on);
 /// Lets the time since the last tick go by uncounted.

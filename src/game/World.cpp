@@ -17,13 +17,12 @@ constexpr float longestSimulationStep = 0.033333335f;
 void Simulate(const WorldParts& world, float dt, Vector2 viewSize, WorldListener* listener) {
     const float capped = dt > longestSimulationStep ? longestSimulationStep : dt;
     const View view = Camera::Look(world.camera, viewSize.x, viewSize.y);
-    TriggerEvents& events = world.actorsWork.events;
-    events.Clear();
     MoverManager::CollectVisible(world, view);
     MoverManager::Step(world, view, capped);
     FxParticleManager::Step(world.effects, world.random, world.water.gravity, view, capped);
     ParticleManager::Step(world, view, capped);
-    TriggerManager::Step(world, view, capped, events);
+    TriggerManager::Step(world, view, capped);
+    const TriggerEvents& events = world.actorsWork.events;
     LevelProgress::Take(world, events);
     LevelObjectsManager::Step(world.actors, capped);
     if (listener) {

@@ -8,7 +8,6 @@
 
 #include "actors/ActorsStep.h"
 #include "audio/Disturbance.h"
-#include "engine/Page.h"
 #include "game/Progress.h"
 #include "game/RunFile.h"
 

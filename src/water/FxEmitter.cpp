@@ -133,3 +133,11 @@ void Emitter::Burst(EffectsState& effects, RandomNumbers& random) const {
         EmitOne(effects, random);
     }
 }
+
+void Emitter::EmitOne() const {
+    EmitOne(FxParticleManager::current, Random::current);
+}
+
+void Emitter::Burst() const {
+    Burst(FxParticleManager::current, Random::current);
+}

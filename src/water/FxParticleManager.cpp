@@ -104,6 +104,11 @@ void Add(const Emitter& emitter) {
     emitters.push_back(emitter);
 }
 
+void AddParticle(const FxParticle& particle) {
+    VANTREL_ASSERT(particle.texture != nullptr);
+    particles.push_back(particle);
+}
+
 void TellOfCrowd() {
     if (current.isCrowded && !hasComplained) {
         Console::Print("\nToo many effect particles fly, emitters wait. The most is ");

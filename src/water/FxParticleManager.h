@@ -23,8 +23,10 @@ struct Emitter {
     void LoadSettings(const std::string& fileName);
     /// Emits `burstSize` particles at once, running or not.
     void Burst(EffectsState& effects, RandomNumbers& random) const;
+    void Burst() const;  ///< in the world in play
     /// Throws one particle if there is room. The random draws come in a fixed order.
     void EmitOne(EffectsState& effects, RandomNumbers& random) const;
+    void EmitOne() const;  ///< in the world in play
 
     std::uint32_t id = 0;  ///< what triggers address; not unique
     Vector2 position;
@@ -87,6 +89,7 @@ void Initialise();
 void Shutdown();
 /// Appends a copy.
 void Add(const Emitter& emitter);
+void AddParticle(const FxParticle& particle);
 /// Level restart: emitters stay.
 void ClearParticles();
 void Step(const View& view, float dt);

@@ -17,7 +17,7 @@ struct Particle {
     /// No other particle.
     static constexpr std::uint32_t none = 0xFFFFFFFFu;
 
-    // What motion and neighbours read stands first: it shares a cache line.
+    // What motion and neighbours read stands first and together.
 
     Vector2 position;          ///< world units
     Vector2 velocity;          ///< units per second

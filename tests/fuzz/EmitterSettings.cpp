@@ -16,7 +16,7 @@ void Try(std::string_view input) {
     emitter.LoadSettings("emitter.cfg");
     FxParticleManager::Initialise();
     FxParticleManager::Add(emitter);
-    FxParticleManager::emitters.front().Burst(FxParticleManager::current, Random::current);
+    FxParticleManager::emitters.front().Burst();
     for (int i = 0; i < 10 && listed; ++i) {
         FxParticleManager::Step({}, 0.033f);
     }

@@ -102,7 +102,7 @@ TEST_F(FxParticles, HoldSettingsWithinTheirLimits) {
     missing.LoadSettings("fx\\none.cfg");
     EXPECT_EQ(missing.frequency, 1.0f);
     EXPECT_TRUE(missing.textures.empty());
-    missing.Burst(FxParticleManager::current, Random::current);
+    missing.Burst();
     EXPECT_EQ(Count(), 0u);
 }
 
@@ -124,7 +124,7 @@ TEST_F(FxParticles, ComeAtTheEmittersRateWhileItIsInView) {
     FxParticleManager::Step(view, dt);
     EXPECT_EQ(Count(), before);
     emitter.burstSize = 4096;
-    emitter.Burst(FxParticleManager::current, Random::current);
+    emitter.Burst();
     EXPECT_EQ(Count(), before + 4096);
     FxParticleManager::ClearParticles();
     EXPECT_EQ(Count(), 0u);
@@ -136,7 +136,7 @@ TEST_F(FxParticles, DrawTheirRandomNumbersInAFixedOrder) {
         "spread 60 size_1 10 size_2 20 velocity_1 100 velocity_2 200 "
         "gravity_1 1 gravity_2 3 liveTime_1 2 liveTime_2 4 "
         "texture1 a.png texture2 b.png texture3 c.png");
-    emitter.EmitOne(FxParticleManager::current, Random::current);
+    emitter.EmitOne();
     const FxParticle& particle = FxParticleManager::particles.back();
     const std::uint32_t after = Random::state;
 
@@ -162,7 +162,7 @@ TEST_F(FxParticles, AreBoundedHoweverManyAreAskedFor) {
     Emitter emitter =
         Load("burstSize 4096 frequency 0.001 liveTime_1 9 liveTime_2 9 texture1 a.png");
     for (int i = 0; i < 60; ++i) {
-        emitter.Burst(FxParticleManager::current, Random::current);
+        emitter.Burst();
     }
     EXPECT_EQ(Count(), 200000u);
     const auto drawn = Random::state;
@@ -175,7 +175,7 @@ TEST_F(FxParticles, AreBoundedHoweverManyAreAskedFor) {
     ASSERT_NE(at, std::string::npos);
     EXPECT_EQ(text.find("effect particles", at + 15), std::string::npos) << "once";
     FxParticleManager::ClearParticles();
-    emitter.Burst(FxParticleManager::current, Random::current);
+    emitter.Burst();
     EXPECT_EQ(Count(), 4096u);
 }
 
