@@ -48,7 +48,9 @@ class Saving(unittest.TestCase):
 
     def environment(self, **fault):
         return dict(os.environ, XDG_CONFIG_HOME=os.path.join(self.home, "config"),
-                    ASAN_OPTIONS="verify_asan_link_order=0", **fault)
+                    ASAN_OPTIONS=":".join(
+                        [os.environ.get("ASAN_OPTIONS", ""), "verify_asan_link_order=0"]),
+                    **fault)
 
     def run_program(self, command, fault=None):
         """Its status and standard error."""
