@@ -55,26 +55,21 @@ void AddBodies(int particles, float lift, float temperature = 20.0f) {
 
 float PairsPerParticle() {
     std::size_t pairs = 0;
-    ParticleList& particles = ParticleManager::particles;
+    const ParticleList& particles = ParticleManager::particles;
     ParticleGrid& grid = ParticleManager::Parts().work.grid;
-    grid.FillFrom(particles, WaterWorld::view.centre);
+    grid.FillFrom(ParticleManager::particles, WaterWorld::view.centre);
     for (const Particle& particle : particles) {
-        for (const int column : {-1, 0, 1}) {
-            for (int row = column == 0 ? 0 : -1; row <= (column == 0 ? 0 : 1); ++row) {
-                const std::uint32_t x = particle.gridX + static_cast<std::uint32_t>(column);
-                const std::uint32_t y = particle.gridY + static_cast<std::uint32_t>(row);
-                if (x >= ParticleGrid::side || y >= ParticleGrid::side) {
-                    continue;
-                }
-                for (std::uint32_t n = grid.Head(x, y); n != Particle::none;
-                     n = particles[n].gridNext) {
-                    pairs += &particles[n] != &particle ? 1 : 0;
-                }
+        const ParticleGrid::Cell* const cell = grid.At(particle.gridX, particle.gridY);
+        pairs += cell->end - cell->begin - 1;
+        for (const int column : {-ParticleGrid::nextColumn, ParticleGrid::nextColumn}) {
+            for (int row = -1; row <= 1; ++row) {
+                const ParticleGrid::Cell& beside = cell[column + row];
+                pairs += beside.end - beside.begin;
             }
         }
     }
     return static_cast<float>(pairs) /
-           static_cast<float>(std::max<std::size_t>(1, ParticleManager::particles.size()));
+           static_cast<float>(std::max<std::size_t>(1, particles.size()));
 }
 
 void Report(benchmark::State& state, int particles) {

@@ -4,6 +4,7 @@ option(VANTREL_TESTS "Build the tests" ON)
 option(VANTREL_BENCH "Build the benchmarks" OFF)
 option(VANTREL_VALIDATE "Re-check lists, grid and tree after each simulation step" OFF)
 option(VANTREL_ASSERTS "Check preconditions (platform/Assert.h)" OFF)
+option(VANTREL_LTO "Optimise a simulation step across files and rooms (g++ only)" OFF)
 set(VANTREL_SANITIZE "" CACHE STRING "Sanitizers, as in -fsanitize=")
 option(VANTREL_FUZZ "Build the libFuzzer programs (clang only)" OFF)
 option(VANTREL_COVERAGE "Instrument for gcov" OFF)
@@ -23,7 +24,9 @@ target_compile_options(vantrel_flags INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
   # A fused multiply-add would round once where the plain code rounds twice, and runs
   # would then differ from compiler to compiler.
-  -ffp-contract=off)
+  -ffp-contract=off
+  # Nobody asks for errno after a root.
+  -fno-math-errno)
 # g++ keeps to that in plain code, but its vectoriser takes a sum beside a difference of products,
 # as in a turned vector, for one instruction where the processor has it.
 set(CMAKE_TRY_COMPILE_CONFIGURATION ${CMAKE_BUILD_TYPE})

@@ -1,13 +1,17 @@
-# vantrel_room(NAME [LINK ...] [EXCLUDE ...] [DRAW_ALSO ...] [DRAW_LINK ...])
+# vantrel_room(NAME [IN_STEP] [LINK ...] [EXCLUDE ...] [DRAW_ALSO ...] [DRAW_LINK ...])
 #
 # Makes the library NAME from the .cpp files of the current folder. Files that end in
 # "Draw.cpp", and those in DRAW_ALSO, include GL and go to a second library, NAME_draw, which
 # programs without a screen don't link. LINK names the rooms that the folder's files include, all
 # of them below it (src/CMakeLists.txt); the test `rooms` holds it to that.
+#
+# IN_STEP marks the rooms in which a simulation step spends its time. With VANTREL_LTO their
+# objects hold both code as usual, for tests, which link fast, and what it was made from; programs
+# that vantrel_fast_steps(NAME) is called for are put together from the latter.
 find_package(OpenGL REQUIRED)
 
 function(vantrel_room name)
-  cmake_parse_arguments(ROOM "" "" "LINK;EXCLUDE;DRAW_ALSO;DRAW_LINK" ${ARGN})
+  cmake_parse_arguments(ROOM "IN_STEP" "" "LINK;EXCLUDE;DRAW_ALSO;DRAW_LINK" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS *.cpp)
   list(TRANSFORM ROOM_EXCLUDE PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
   if(ROOM_EXCLUDE)
@@ -23,8 +27,17 @@ function(vantrel_room name)
     list(REMOVE_ITEM sources ${draw})
   endif()
   vantrel_library(${name} SOURCES ${sources} LINK ${ROOM_LINK})
+  if(ROOM_IN_STEP AND VANTREL_LTO)
+    target_compile_options(${name} PRIVATE -flto=auto -ffat-lto-objects)
+  endif()
   vantrel_library(${name}_draw SOURCES ${draw}
     LINK ${name} ${ROOM_DRAW_LINK} OpenGL::GL OpenGL::GLU)
+endfunction()
+
+function(vantrel_fast_steps name)
+  if(VANTREL_LTO)
+    target_link_options(${name} PRIVATE -flto=auto)
+  endif()
 endfunction()
 
 # vantrel_library(NAME SOURCES ... LINK ...): a static library with the project's flags.

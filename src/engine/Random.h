@@ -3,7 +3,9 @@
 // from one source, so the order of calls is part of a run's result. It is never seeded.
 
 #include <bit>
+#include <cstddef>
 #include <cstdint>
+#include <vector>
 
 /// A source of random numbers; a copy goes on alike.
 class RandomNumbers {
@@ -47,30 +49,38 @@ inline float RandomNumbers::ToUnit(std::uint32_t word) {
     return static_cast<float>((word & unitMask) * inverseMost);
 }
 
-/// Draws for a loop, some numbers before they are wanted: a draw is one long chain of operations,
-/// and so it runs beside the loop's work instead of in its way. To whoever else draws, it looks as
-/// if each number were drawn when it is taken; nobody else may draw while one of these lives.
+/// Draws numbers before they are wanted: a draw is one long chain of operations, and so it runs
+/// beside other work instead of in its way. To whoever else draws, it looks as if each number were
+/// drawn when it is taken; nobody else may draw while one of these lives.
 class RandomAhead {
 public:
-    explicit RandomAhead(RandomNumbers& source) : random(source), front(source) {
-        for (std::uint32_t& word : words) {
-            word = front.Next();
+    /// `kept` is storage for the words, which lasts from one of these to the next.
+    RandomAhead(RandomNumbers& source, std::vector<std::uint32_t>& kept)
+        : random(source), front(source), words(kept) {}
+    /// Draws so many more.
+    void Prepare(std::size_t count) {
+        if (words.size() < drawn + count) {
+            words.resize(2 * (drawn + count));
+        }
+        for (std::size_t i = 0; i < count; ++i) {
+            words[drawn++] = front.Next();
         }
     }
-    float Unit() {
-        std::uint32_t& word = words[next];
-        next = (next + 1) % depth;
-        random.state = word;
-        word = front.Next();
-        return RandomNumbers::ToUnit(random.state);
+    std::uint32_t Next() {
+        if (taken == drawn) {
+            Prepare(1);
+        }
+        random.state = words[taken++];
+        return random.state;
     }
+    float Unit() { return RandomNumbers::ToUnit(Next()); }
 
 private:
-    static constexpr std::uint32_t depth = 4;
     RandomNumbers& random;
     RandomNumbers front;
-    std::uint32_t words[depth];
-    std::uint32_t next = 0;
+    std::vector<std::uint32_t>& words;
+    std::size_t drawn = 0;
+    std::size_t taken = 0;
 };
 
 /// The source of the world in play.

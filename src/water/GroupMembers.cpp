@@ -27,8 +27,6 @@ void ReleaseMembers(ParticleGroup& group, ParticleList& particles) {
         member.inGrid = 0;
         member.gridX = 0;
         member.gridY = 0;
-        member.gridNext = Particle::none;
-        member.gridPrevious = Particle::none;
     }
     // One after the other to the front.
     particles.insert(particles.begin(), group.particles.rbegin(), group.particles.rend());

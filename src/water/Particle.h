@@ -14,8 +14,6 @@ constexpr float boilingPoint = 100.0f;
 struct Particle {
     /// Collision radius of every particle, world units.
     static constexpr float radius = 2.0f;
-    /// No other particle.
-    static constexpr std::uint32_t none = 0xFFFFFFFFu;
 
     // What motion and neighbours read stands first and together.
 
@@ -23,10 +21,7 @@ struct Particle {
     Vector2 velocity;          ///< units per second
     Vector2 pushVelocity;      ///< added to `velocity` for one move, then cleared
     float temperature = 0.0f;  ///< degrees
-    // The chain of the grid's cell, by place in the list of particles; valid during the moves of
-    // a step.
-    std::uint32_t gridNext = none;
-    std::uint32_t gridPrevious = none;
+    // The grid's cell; of a step's start, or of an earlier one's if `inGrid` isn't set.
     std::uint32_t gridX = 0;
     std::uint32_t gridY = 0;
     std::uint8_t inGrid = 0;

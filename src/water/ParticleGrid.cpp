@@ -1,9 +1,11 @@
 #include "water/ParticleGrid.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace {
+
+/// Neighbours are looked at four slots at a time.
+constexpr std::size_t slotsBehindLast = 4;
 
 /// Cell along one axis, from the distance to the corner; 1024 or more outside of the grid.
 /// Left of and above the corner the number wraps round to a huge one.
@@ -15,104 +17,97 @@ std::uint32_t CellAlong(float distance) {
     return static_cast<std::uint32_t>(static_cast<std::int64_t>(distance)) >> 1;
 }
 
-void Unlink(Particle& particle) {
-    particle.gridNext = Particle::none;
-    particle.gridPrevious = Particle::none;
-    particle.inGrid = 0;
-}
-
 }  // namespace
-
-void ParticleGrid::Link(std::span<Particle> particles, std::uint32_t number) {
-    Particle& particle = particles[number];
-    const std::uint32_t x = CellAlong(particle.position.x - corner.x);
-    const std::uint32_t y = CellAlong(particle.position.y - corner.y);
-    if (x >= side || y >= side) {
-        return;
-    }
-    const std::uint32_t cell = CellIndex(x, y);
-    std::uint32_t& head = heads[cell];
-    if (head == Particle::none) {
-        usedCells.push_back(cell);
-    } else {
-        particles[head].gridPrevious = number;
-    }
-    particle.gridX = x;
-    particle.gridY = y;
-    particle.inGrid = 1;
-    particle.gridPrevious = Particle::none;
-    particle.gridNext = head;
-    head = number;
-}
 
 void ParticleGrid::Clear() {
     for (const std::uint32_t cell : usedCells) {
-        heads[cell] = Particle::none;
+        cells[cell] = {};
     }
     usedCells.clear();
 }
 
-void ParticleGrid::Insert(std::span<Particle> particles, std::uint32_t number) {
-    if (particles[number].inGrid == 0) {
-        Link(particles, number);
+void ParticleGrid::CountIn(Particle& particle, Vector2 corner) {
+    const std::uint32_t column = CellAlong(particle.position.x - corner.x);
+    const std::uint32_t row = CellAlong(particle.position.y - corner.y);
+    if (column >= side || row >= side) {
+        particle.inGrid = 0;
+        cellOf.push_back(outside);
+        return;
+    }
+    particle.gridX = column;
+    particle.gridY = row;
+    particle.inGrid = 1;
+    const std::uint32_t cell = CellIndex(column, row);
+    cellOf.push_back(cell);
+    if (cells[cell].end++ == 0) {
+        usedCells.push_back(cell);
     }
 }
 
-void ParticleGrid::Remove(std::span<Particle> particles, std::uint32_t number) {
-    Particle& particle = particles[number];
-    if (particle.inGrid == 0) {
-        return;
-    }
-    if (particle.gridPrevious == Particle::none) {
-        VANTREL_ASSERT(Head(particle.gridX, particle.gridY) == number);
-        heads[CellIndex(particle.gridX, particle.gridY)] = particle.gridNext;
-    } else {
-        VANTREL_ASSERT(particles[particle.gridPrevious].gridNext == number);
-        particles[particle.gridPrevious].gridNext = particle.gridNext;
-    }
-    if (particle.gridNext != Particle::none) {
-        particles[particle.gridNext].gridPrevious = particle.gridPrevious;
-    }
-    Unlink(particle);
+void ParticleGrid::Resize(std::size_t count) {
+    slots.resize(count);
+    x.resize(count + slotsBehindLast);
+    y.resize(count + slotsBehindLast);
+    flow.resize(count + slotsBehindLast);
+    temperature.resize(count + slotsBehindLast);
 }
 
 void ParticleGrid::FillFrom(std::span<Particle> particles, Vector2 centre) {
     Clear();
-    corner = centre - Vector2{cornerOffset, cornerOffset};
-    for (std::uint32_t number = 0; number < particles.size(); ++number) {
-        Unlink(particles[number]);
-        Link(particles, number);
+    cellOf.clear();
+    const Vector2 corner = centre - Vector2{cornerOffset, cornerOffset};
+    for (Particle& particle : particles) {
+        CountIn(particle, corner);
+    }
+    std::uint32_t next = 0;
+    for (const std::uint32_t cell : usedCells) {
+        const std::uint32_t count = cells[cell].end;
+        cells[cell] = {next, next};
+        next += count;
+    }
+    Resize(particles.size());
+    for (auto i = static_cast<std::uint32_t>(particles.size()); i-- > 0;) {
+        const std::uint32_t slot = cellOf[i] == outside ? next++ : cells[cellOf[i]].end++;
+        slots[i] = slot;
+        const Particle& particle = particles[i];
+        PutBack(slot, {particle.position, particle.velocity, particle.pushVelocity,
+                       particle.temperature});
+    }
+}
+
+void ParticleGrid::StoreTo(std::span<Particle> particles) const {
+    for (std::size_t i = 0; i < particles.size(); ++i) {
+        Particle& particle = particles[i];
+        const std::uint32_t slot = slots[i];
+        particle.position = {x[slot], y[slot]};
+        particle.velocity = {flow[slot][0], flow[slot][1]};
+        particle.pushVelocity = {flow[slot][2], flow[slot][3]};
+        particle.temperature = temperature[slot];
     }
 }
 
 bool ParticleGrid::IsConsistent(std::span<const Particle> particles) const {
-    for (std::uint32_t number = 0; number < particles.size(); ++number) {
-        const Particle& particle = particles[number];
-        const std::uint32_t next = particle.gridNext;
-        const std::uint32_t previous = particle.gridPrevious;
-        if (particle.inGrid == 0) {
-            if (next != Particle::none || previous != Particle::none) {
-                return false;
-            }
-            continue;
-        }
-        const std::uint32_t cell = CellIndex(particle.gridX, particle.gridY);
-        const std::uint32_t self =
-            previous == Particle::none ? heads[cell] : particles[previous].gridNext;
-        const bool fitsNext =
-            next == Particle::none ||
-            (particles[next].inGrid == 1 && particles[next].gridPrevious == number &&
-             CellIndex(particles[next].gridX, particles[next].gridY) == cell);
-        if (self != number || !fitsNext) {
+    if (slots.size() != particles.size()) {
+        return false;
+    }
+    std::vector<bool> isTaken(particles.size());
+    std::size_t inCells = 0;
+    for (std::uint32_t i = 0; i < particles.size(); ++i) {
+        const Particle& particle = particles[i];
+        if (isTaken[slots[i]]) {
             return false;
         }
-    }
-    return std::ranges::all_of(usedCells, [&](std::uint32_t cell) {
-        if (heads[cell] == Particle::none) {
-            return true;
+        isTaken[slots[i]] = true;
+        if (particle.inGrid != 0) {
+            const Cell& cell = *At(particle.gridX, particle.gridY);
+            if (slots[i] < cell.begin || slots[i] >= cell.end) {
+                return false;
+            }
+            ++inCells;
         }
-        const Particle& head = particles[heads[cell]];
-        return head.inGrid == 1 && head.gridPrevious == Particle::none &&
-               CellIndex(head.gridX, head.gridY) == cell;
-    });
+    }
+    for (const std::uint32_t cell : usedCells) {
+        inCells -= cells[cell].end - cells[cell].begin;
+    }
+    return inCells == 0;
 }

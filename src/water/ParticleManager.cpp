@@ -30,20 +30,20 @@ bool HoldsUnreasonable(const Particle& particle) {
 }
 
 /// Gravity pulls water down; steam rises instead, and is pushed in a random direction.
-void Accelerate(Particle& particle, const WaterStep& step) {
-    if (particle.temperature < boilingPoint) {
-        particle.velocity += step.gravity;
+void Accelerate(Motion& motion, const WaterStep& step, RandomAhead& random) {
+    if (motion.temperature < boilingPoint) {
+        motion.velocity += step.gravity;
         return;
     }
-    particle.velocity -= step.gravity * step.water.steamRiseRate;
+    motion.velocity -= step.gravity * step.water.steamRiseRate;
     Vector2 scatter = step.gravity * step.water.steamScatterRate;
-    Rotate(scatter, step.random.Unit() * fullTurn);
-    particle.velocity += scatter;
+    Rotate(scatter, random.Unit() * fullTurn);
+    motion.velocity += scatter;
 }
 
 /// False if the particle is to go.
-bool StepParticle(Particle& particle, const WaterStep& step) {
-    if (step.rectangle.IsOutside(particle.position, Particle::radius + viewMargin)) {
+bool StepParticle(Particle& particle, Motion& motion, const WaterStep& step, RandomAhead& random) {
+    if (step.rectangle.IsOutside(motion.position, Particle::radius + viewMargin)) {
         return false;
     }
     if (particle.dying != 0) {
@@ -52,31 +52,35 @@ bool StepParticle(Particle& particle, const WaterStep& step) {
             return false;
         }
     }
-    Accelerate(particle, step);
-    particle.temperature = step.Warmed(particle.temperature);
+    Accelerate(motion, step, random);
+    motion.temperature = step.Warmed(motion.temperature);
     particle.positionHistory[2] = particle.positionHistory[1];
     particle.positionHistory[1] = particle.positionHistory[0];
-    particle.positionHistory[0] = particle.position;
-    ParticleMover::MoveParticle(particle, step);
-    particle.speed = Length(particle.pushVelocity + particle.velocity);
-    particle.pushVelocity = {};
+    particle.positionHistory[0] = motion.position;
+    ParticleMover::Move(motion, particle, step);
+    particle.speed = Length(motion.pushVelocity + motion.velocity);
+    motion.pushVelocity = {};
     return true;
 }
 
-void StepParticles(const WaterStep& step, Vector2 gridCentre) {
+void StepParticles(const WaterStep& step, Vector2 gridCentre, RandomAhead& random) {
     ParticleList& list = step.water.particles;
     ParticleGrid& grid = step.work.grid;
     std::vector<std::uint32_t>& gone = step.work.gone;
     gone.clear();
     grid.FillFrom(list, gridCentre);
     for (std::uint32_t i = 0; i < list.size(); ++i) {
-        if (!StepParticle(list[i], step)) {
-            grid.Remove(list, i);
+        random.Prepare(ParticleMover::cohesionDraws);
+        const std::uint32_t slot = grid.SlotOf(i);
+        Motion motion = grid.TakeOut(slot);
+        if (StepParticle(list[i], motion, step, random)) {
+            grid.PutBack(slot, motion);
+        } else {
             gone.push_back(i);
         }
     }
     WaterCheck::AfterMoves(grid, list);
-    grid.Clear();
+    grid.StoreTo(list);
     EraseAt(list, gone);
 }
 
@@ -160,8 +164,9 @@ void Step(const WaterParts& parts, const View& view, float dt) {
     VANTREL_ASSERT(dt >= 0.0f);
     const WaterStep step(parts, view, dt);
     std::erase_if(step.water.particles, HoldsUnreasonable);
-    StepParticles(step, view.centre);
-    ParticleMover::Cohere(parts, dt);
+    RandomAhead random(parts.random, parts.work.chance);
+    StepParticles(step, view.centre, random);
+    ParticleMover::Cohere(parts, dt, random);
     GroupedParticleMover::Freeze(parts);
     GroupedParticleMover::Step(step);
 }

@@ -9,20 +9,20 @@ namespace ParticleMover {
 
 // Of any world.
 
-/// The particle is one of the step's, and the grid holds them.
-void MoveParticle(Particle& particle, const WaterStep& step);
+/// Moves what was taken out of the grid for this particle. The grid holds all others of the step.
+void Move(Motion& motion, const Particle& particle, const WaterStep& step);
 /// Surface tension: pulls the members of each connected body of water to its centre.
-void Cohere(const WaterParts& parts, float dt);
+void Cohere(const WaterParts& parts, float dt, RandomAhead& random);
+/// How many numbers a particle takes there, at most.
+constexpr std::size_t cohesionDraws = 3;
 
 // The world in play.
 
 void Initialise();
 void Shutdown();
-/// Empties all cells and unlinks every free particle.
+/// Empties all cells.
 void ClearGrid();
-/// Of a free particle.
-void GridInsert(Particle& particle);
-void GridRemove(Particle& particle);
+/// Lays the grid round all free particles and moves this one of them.
 void MoveParticle(Particle& particle, const View& view, float dt);
 void Cohere(float dt);
 

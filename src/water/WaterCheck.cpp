@@ -42,7 +42,7 @@ void AfterMoves([[maybe_unused]] const ParticleGrid& grid,
                 [[maybe_unused]] std::span<const Particle> particles) {
 #ifdef VANTREL_VALIDATE
     if (!grid.IsConsistent(particles)) {
-        std::fputs("Water: the grid's chains don't fit the list of particles\n", stderr);
+        std::fputs("Water: the grid's cells don't fit the list of particles\n", stderr);
         std::abort();
     }
 #endif

@@ -16,7 +16,7 @@ std::uint64_t Hash();
 const char* ValueFault();
 
 /// While a step's particles move, in builds with VANTREL_VALIDATE: ends the program with a message
-/// if the grid's chains don't fit the list.
+/// if the grid's cells don't fit the list.
 void AfterMoves(const ParticleGrid& grid, std::span<const Particle> particles);
 
 }  // namespace WaterCheck

@@ -8,11 +8,10 @@ namespace WaterFold {
 namespace {
 
 void Fold(StateFold& fold, const Particle& particle) {
-    // The chains are laid anew in each step, but who then lies outside of the grid keeps its cell,
-    // and is pushed by what it meets there.
-    const auto& [position, velocity, pushVelocity, temperature, gridNext, gridPrevious, gridX,
-                 gridY, inGrid, dying, killTimer, groupDirection, groupScale, speed, history] =
-        particle;
+    // The grid is laid anew in each step, but who then lies outside of it keeps its cell, and is
+    // pushed by what it meets there.
+    const auto& [position, velocity, pushVelocity, temperature, gridX, gridY, inGrid, dying,
+                 killTimer, groupDirection, groupScale, speed, history] = particle;
     fold.Add(position, history[0], history[1], history[2], velocity, pushVelocity, temperature,
              speed, gridX, gridY, dying, killTimer, groupDirection, groupScale);
 }

@@ -20,9 +20,11 @@ struct WaterWorkspace {
     Clusters clusters;
     GroupFreeze freezer;
     GroupMerge merger;
-    std::vector<std::uint32_t> order;  ///< of cohesion, places in the list of particles
-    std::vector<Vector2> positions;    ///< in that order
-    std::vector<std::uint32_t> gone;   ///< places of particles that the step drops, ascending
+    std::vector<std::uint32_t> touching;  ///< one particle, slots of the grid
+    std::vector<std::uint32_t> order;     ///< of cohesion, places in the list of particles
+    std::vector<Vector2> positions;       ///< in that order
+    std::vector<std::uint32_t> chance;    ///< random words that are drawn ahead
+    std::vector<std::uint32_t> gone;      ///< places of particles that the step drops, ascending
 };
 
 /// A world's water, what it collides with, and its chance.

@@ -55,8 +55,8 @@ void ExpectAllSeen(const char* record, Fields&... fields) {
 }
 
 void SeeParticle(Particle& particle) {
-    auto& [position, velocity, pushVelocity, temperature, gridNext, gridPrevious, gridX, gridY,
-           inGrid, dying, killTimer, groupDirection, groupScale, speed, history] = particle;
+    auto& [position, velocity, pushVelocity, temperature, gridX, gridY, inGrid, dying, killTimer,
+           groupDirection, groupScale, speed, history] = particle;
     ExpectAllSeen("particle", position, history[0], history[1], history[2], velocity, pushVelocity,
                   temperature, speed, gridX, gridY, dying, killTimer, groupDirection, groupScale);
 }

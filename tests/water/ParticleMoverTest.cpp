@@ -7,17 +7,7 @@
 
 namespace {
 
-ParticleGrid& Grid() {
-    return ParticleManager::Parts().work.grid;
-}
-
-void FillGrid() {
-    Grid().FillFrom(ParticleManager::particles, WaterWorld::view.centre);
-}
-
-/// Puts all particles into the grid and moves one.
-void FillGridAndMove(Particle& particle, float dt = 0.02f) {
-    FillGrid();
+void Move(Particle& particle, float dt = 0.02f) {
     ParticleMover::MoveParticle(particle, WaterWorld::view, dt);
 }
 
@@ -29,7 +19,7 @@ TEST(ParticleMover, StopsFastWaterAtAWall) {
     const WaterWorld world(std::move(level));
     Particle& particle = WaterWorld::Add({10.0f, 0.0f}, {5000.0f, 100.0f});
     for (int i = 0; i < 10; ++i) {
-        FillGridAndMove(particle);
+        Move(particle);
     }
     EXPECT_NEAR(particle.position.x, 18.0f, 1e-3f);
     EXPECT_EQ(particle.velocity.x, 0.0f);
@@ -41,7 +31,7 @@ TEST(ParticleMover, PushesNeighboursApartAndMixesThem) {
     const WaterWorld world;
     Particle& still = WaterWorld::Add({0.5f, 0.0f}, {}, 10.0f);
     Particle& moving = WaterWorld::Add({3.5f, 0.0f}, {0.0f, 0.001f}, 30.0f);
-    FillGridAndMove(moving);
+    Move(moving);
     EXPECT_NEAR(moving.position.x, 4.5f, 1e-4f);
     EXPECT_EQ(still.position, (Vector2{0.5f, 0.0f}));
     EXPECT_EQ(moving.temperature, 20.0f);
@@ -50,7 +40,7 @@ TEST(ParticleMover, PushesNeighboursApartAndMixesThem) {
     // At perfect rest a particle doesn't even meet its neighbours.
     still.velocity = {};
     still.temperature = 0.0f;
-    FillGridAndMove(still);
+    Move(still);
     EXPECT_EQ(still.position, (Vector2{0.5f, 0.0f}));
     EXPECT_EQ(moving.temperature, 20.0f);
 }
@@ -59,7 +49,7 @@ TEST(ParticleMover, HasNoDirectionForTwoOnOnePoint) {
     const WaterWorld world;
     Particle& still = WaterWorld::Add({1.0f, 0.0f}, {}, 10.0f);
     Particle& moving = WaterWorld::Add({1.0f, 0.0f}, {1e-6f, 0.0f}, 30.0f);
-    FillGridAndMove(moving);
+    Move(moving);
     EXPECT_NEAR(moving.position.x, 1.0f, 1e-5f);
     EXPECT_EQ(still.temperature, 20.0f);
 }
@@ -69,7 +59,7 @@ TEST(ParticleMover, PushesAlongXWhenNeighboursCancelOut) {
     WaterWorld::Add({-2.0f, 0.0f});
     WaterWorld::Add({2.0f, 0.0f});
     Particle& moving = WaterWorld::Add({0.0f, 0.0f}, {1e-10f, 0.0f});
-    FillGridAndMove(moving);
+    Move(moving);
     EXPECT_NEAR(moving.position.x, 1.7f, 1e-4f);
 }
 
@@ -77,10 +67,10 @@ TEST(ParticleMover, DoesNotSeeTheCellRightAboveOrBelow) {
     const WaterWorld world;
     Particle& low = WaterWorld::Add({0.5f, 2.5f}, {}, 10.0f);
     Particle& high = WaterWorld::Add({0.5f, 0.5f}, {1e-6f, 0.0f}, 30.0f);
-    FillGridAndMove(high);
+    Move(high);
     EXPECT_EQ(low.temperature, 10.0f);
     high.position.x = 2.5f;
-    FillGridAndMove(high);
+    Move(high);
     EXPECT_EQ(low.temperature, high.temperature);
 }
 
@@ -90,34 +80,16 @@ TEST(ParticleMover, FindsNoOneOutsideOfTheGridButStillCollides) {
     const WaterWorld world(std::move(level));
     Particle& other = WaterWorld::Add({3000.0f, 17.0f}, {}, 10.0f);
     Particle& far = WaterWorld::Add({3000.0f, 17.5f}, {0.0f, 100.0f}, 30.0f);
-    FillGridAndMove(far);
+    Move(far);
     EXPECT_EQ(far.inGrid, 0);
     EXPECT_EQ(other.temperature, 10.0f);
     EXPECT_NEAR(far.position.y, 18.0f, 1e-3f);
     // Left of the corner by less than a cell still counts as the first column.
     Particle& edge = WaterWorld::Add({-512.9f, -512.9f});
     Particle& outside = WaterWorld::Add({-513.1f, 0.0f});
-    FillGrid();
+    Move(edge);
     EXPECT_EQ(edge.inGrid, 1);
     EXPECT_EQ(outside.inGrid, 0);
-}
-
-TEST(ParticleGrid, KeepsChainsWholeOverInsertRemoveAndClear) {
-    const WaterWorld world;
-    for (int i = 0; i < 60; ++i) {
-        ParticleMover::GridInsert(WaterWorld::Add({static_cast<float>(i % 7), 0.0f}));
-    }
-    int turn = 0;
-    for (Particle& particle : ParticleManager::particles) {
-        if (++turn % 3 == 0) {
-            ParticleMover::GridRemove(particle);
-            ParticleMover::GridRemove(particle);
-        }
-    }
-    EXPECT_TRUE(Grid().IsConsistent(ParticleManager::particles));
-    ParticleMover::ClearGrid();
-    EXPECT_TRUE(Grid().IsConsistent(ParticleManager::particles));
-    EXPECT_EQ(Grid().Head(256, 256), Particle::none);
 }
 
 TEST(Cohesion, PullsABodyTogetherAndLeavesStrangersAlone) {

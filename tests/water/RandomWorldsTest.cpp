@@ -8,6 +8,7 @@
 #include "reference/PlainClusters.h"
 #include "reference/PlainFreeze.h"
 #include "reference/PlainMerge.h"
+#include "reference/PlainNeighbours.h"
 #include "reference/Same.h"
 #include "water/Clusters.h"
 #include "water/GroupFreeze.h"
@@ -132,6 +133,58 @@ TEST(Clusters, TakePointsBeyondAllBounds) {
     const std::vector<std::vector<std::size_t>> expected = {{0, 1}, {2}, {3}, {4, 7},
                                                             {5, 6}, {8}, {9}};
     EXPECT_EQ(FindClusters(points), expected);
+}
+
+/// A crowd round a corner of the grid, part of it outside with cells of an earlier step.
+static ParticleList CrowdAtCorner(Dice& dice) {
+    ParticleList particles(static_cast<std::size_t>(dice.Within(1.0f, 400.0f)));
+    const float size = dice.Within(3.0f, 60.0f);
+    const float step = dice.Within(0.0f, 1.0f) < 0.3f ? 1.0f : 0.0f;
+    for (Particle& particle : particles) {
+        const Vector2 place = dice.Place(-2.0f, size);
+        particle.position = step > 0.0f ? Vector2{std::round(place.x), std::round(place.y)} : place;
+        particle.position -= Vector2{ParticleGrid::cornerOffset, ParticleGrid::cornerOffset};
+        particle.velocity = dice.Place(-50.0f, 50.0f);
+        particle.pushVelocity = dice.Place(-5.0f, 5.0f);
+        particle.temperature = dice.Within(1.0f, 150.0f);
+        particle.gridX = static_cast<std::uint32_t>(dice.Within(0.0f, 20.0f));
+        particle.gridY = static_cast<std::uint32_t>(dice.Within(0.0f, 20.0f));
+    }
+    return particles;
+}
+
+static std::vector<Row<7>> MotionRows(const ParticleList& particles) {
+    std::vector<Row<7>> rows;
+    for (const Particle& p : particles) {
+        rows.push_back({p.position.x, p.position.y, p.velocity.x, p.velocity.y, p.pushVelocity.x,
+                        p.pushVelocity.y, p.temperature});
+    }
+    return rows;
+}
+
+TEST(Neighbours, MixAndPushAsThePlainFormDoes) {
+    constexpr const char* fields[] = {"x",      "y",      "velocity.x", "velocity.y",
+                                      "push.x", "push.y", "temperature"};
+    WaterWorkspace work;
+    for (std::uint32_t seed = 0; seed < 120; ++seed) {
+        Dice dice(seed);
+        ParticleList particles = CrowdAtCorner(dice);
+        work.grid.FillFrom(particles, {});
+        ASSERT_TRUE(work.grid.IsConsistent(particles)) << "seed " << seed;
+        ParticleList plain = particles;
+        for (std::uint32_t i = 0; i < particles.size(); ++i) {
+            const std::uint32_t slot = work.grid.SlotOf(i);
+            Motion motion = work.grid.TakeOut(slot);
+            const Push push = MeetNeighbours(motion, particles[i], work);
+            motion.position += push.direction * push.depth;
+            work.grid.PutBack(slot, motion);
+            const Push plainPush = Plain::MeetNeighbours(plain, i);
+            plain[i].position += plainPush.direction * plainPush.depth;
+        }
+        work.grid.StoreTo(particles);
+        ASSERT_TRUE(Same("particle", fields, MotionRows(particles), MotionRows(plain)))
+            << "seed " << seed;
+    }
 }
 
 TEST(GroupFreeze, TakesWhatThePlainFormTakes) {
