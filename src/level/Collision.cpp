@@ -3,11 +3,16 @@
 
 #include "level/Collision.h"
 
+#include <array>
+#include <span>
+
 #include "level/BspGrid.h"
 #include "level/BspTree.h"
 #include "level/LevelData.h"
 
 namespace {
+
+constexpr int mostPasses = 3;
 
 /// The sums over the contacts of a query's passes.
 struct ContactSum {
@@ -20,52 +25,254 @@ struct ContactSum {
         friction += contactFriction;
         ++count;
     }
+    Contact Average() const {
+        if (count == 0) {
+            return {};
+        }
+        const float share = 1.0f / static_cast<float>(count);
+        return {normal * share, friction * share, count};
+    }
 };
+
+/// Where a circle is to an edge. Worked out without branches, since there is no telling.
+struct Place {
+    CandidateEdge candidate;
+    float distance;  ///< from the edge's line, positive on its solid side
+    bool isNear;     ///< beside the edge or near an end, if it is near the line
+};
+
+inline Place PlaceAt(const BspSegment& edge, Vector2 position, float radius) {
+    const Vector2 relative = position - edge.start;
+    const float along = Dot(relative, edge.direction);
+    const bool isBeside = (along >= 0.0f) & (along <= edge.length);
+    const bool isNear = isBeside | ((along >= -radius) & (along <= edge.length + radius));
+    const float fromStart = along < 0.0f ? 0.0f : along;
+    const float onEdge = fromStart > edge.length ? edge.length : fromStart;
+    return {{&edge, onEdge, isBeside}, Dot(relative, edge.normal), isNear};
+}
+
+/// Follows a cell's steps without a branch: each candidate is stored, and stays if it is one.
+CandidateEdge* GatherSteps(const LevelState& level, Vector2 position,
+                           std::span<const BspGrid::Step> steps, CandidateEdge* end) {
+    constexpr float radius = BspGrid::radius;
+    std::uint64_t conditions = 1;
+    unsigned next = 1;
+    for (const BspGrid::Step step : steps) {
+        const Place place = PlaceAt(BspTree::nodes[step.node], position, radius);
+        const std::uint64_t isVisited = conditions >> step.condition & 1u;
+        const std::uint64_t isBehind = isVisited & std::uint64_t{!(place.distance >= radius)};
+        const std::uint64_t isInFront = isVisited & std::uint64_t{!(place.distance < -radius)};
+        conditions |= (isBehind | isInFront << 1) << next;
+        next += 2;
+        *end = place.candidate;
+        end +=
+            isBehind & isInFront & std::uint64_t{place.isNear} & level.segmentsCollide[step.node];
+    }
+    return end;
+}
+
+Contact Resolve(std::span<const CandidateEdge> candidates, Vector2& centre, float radius) {
+    Vector2 position = centre;
+    ContactSum sum;
+    // A little more than a root's rounding can bring back below the radius.
+    const float outside = radius * radius * 1.00001f;
+    for (int pass = 0; pass < mostPasses; ++pass) {
+        const unsigned before = sum.count;
+        for (std::size_t i = candidates.size(); i-- > 0;) {
+            const BspSegment& edge = *candidates[i].edge;
+            Vector2 v = edge.start + edge.direction * candidates[i].along - position;
+            const float squared = v.x * v.x + v.y * v.y;
+            if (squared > outside) {
+                continue;
+            }
+            const float distance = Length(v);
+            if (distance < radius && distance > 0.0f) {
+                v /= distance;
+                position -= v * (radius - distance);
+                sum.Add(v, edge.friction);
+            }
+        }
+        for (std::size_t i = candidates.size(); i-- > 0;) {
+            const BspSegment& edge = *candidates[i].edge;
+            const float distance = Dot(position - edge.start, edge.normal);
+            if (candidates[i].isBeside && distance >= -radius) {
+                position -= edge.normal * (radius + distance);
+                sum.Add(edge.normal, edge.friction);
+            }
+        }
+        if (sum.count == before) {
+            break;
+        }
+    }
+    if (sum.count != 0) {
+        centre = position;
+    }
+    return sum.Average();
+}
+
+/// The same for a particle and one candidate, which is what most of those at rest have. Inline,
+/// so that it works in registers.
+[[gnu::always_inline]] inline Contact ResolveOne(CandidateEdge candidate, Vector2& centre) {
+    constexpr float radius = BspGrid::radius;
+    const BspSegment& edge = *candidate.edge;
+    const Vector2 point = edge.start + edge.direction * candidate.along;
+    Vector2 position = centre;
+    const bool hasZero = position.x == 0.0f || position.y == 0.0f;
+    ContactSum sum;
+    for (int pass = 0; pass < mostPasses; ++pass) {
+        const unsigned before = sum.count;
+        Vector2 v = point - position;
+        const float squared = v.x * v.x + v.y * v.y;
+        // As the radius is a power of two, the root rounds to less just if the square is less.
+        if (squared < radius * radius && squared > 0.0f) {
+            const float distance = std::sqrt(squared);
+            v /= distance;
+            position -= v * (radius - distance);
+            sum.Add(v, edge.friction);
+        }
+        const float distance = Dot(position - edge.start, edge.normal);
+        if (candidate.isBeside && distance >= -radius) {
+            // What rests is pushed by nothing, at most a zero changes its sign. The processor
+            // foresees that, so that the next pass doesn't wait for it.
+            if (distance > -radius || hasZero) {
+                position -= edge.normal * (radius + distance);
+            }
+            sum.Add(edge.normal, edge.friction);
+        }
+        if (sum.count == before) {
+            break;
+        }
+    }
+    if (sum.count != 0) {
+        centre = position;
+    }
+    return sum.Average();
+}
+
+/// A particle and one edge that is alone near it.
+inline Contact CollideEdge(const BspSegment& edge, Vector2& position) {
+    constexpr float radius = BspGrid::radius;
+    const Vector2 relative = position - edge.start;
+    const float distance = Dot(relative, edge.normal);
+    if (!(distance >= -radius && distance < radius)) {
+        return {};
+    }
+    const float along = Dot(relative, edge.direction);
+    if (along >= 0.0f && along <= edge.length) {
+        return ResolveOne({&edge, along, true}, position);
+    }
+    if (along >= -radius && along <= edge.length + radius) {
+        return ResolveOne({&edge, along < 0.0f ? 0.0f : edge.length, false}, position);
+    }
+    return {};
+}
+
+Contact CollideAny(std::span<const CandidateEdge> candidates, Vector2& position, float radius) {
+    if (candidates.empty()) {
+        return {};
+    }
+    if (candidates.size() == 1 && radius == BspGrid::radius) {
+        return ResolveOne(candidates.front(), position);
+    }
+    return Resolve(candidates, position, radius);
+}
+
+Contact CollideSteps(const LevelState& level, Vector2& position, BspGrid::Cell cell) {
+    std::array<CandidateEdge, BspGrid::mostSteps + 1> found;
+    const CandidateEdge* const end =
+        GatherSteps(level, position, BspGrid::StepsOf(cell), found.data());
+    return CollideAny({found.data(), end}, position, BspGrid::radius);
+}
 
 }  // namespace
 
-/// Takes the segment as a candidate if the circle is beside it or near an end.
-inline void CollisionSpace::TestCandidate(const BspSegment& segment, Vector2 relative,
-                                          float radius) {
-    float along = Dot(relative, segment.direction);
-    if (along >= 0.0f && along <= segment.length) {
-        contactEdges.push_back(&segment);
-    } else if (along >= -radius && along <= segment.length + radius) {
-        along = along < 0.0f ? 0.0f : segment.length;
-    } else {
-        return;
-    }
-    contactPoints.push_back({segment.start + segment.direction * along, segment.friction});
-}
-
-void CollisionSpace::GatherMoving(Vector2 position, float radius) {
-    moving.ForEachNear(position, radius, [&](const BspSegment& segment) {
-        const Vector2 relative = position - segment.start;
-        const float distance = Dot(relative, segment.normal);
-        if (distance >= -radius && distance <= radius) {
-            TestCandidate(segment, relative, radius);
+Contact CollisionSpace::CollideCircle(const LevelState& level, Vector2& position, float radius) {
+    if (radius == BspGrid::radius && !moving.MayTouch(position)) {
+        const BspGrid::Cell cell = BspGrid::CellAt(position);
+        switch (cell.What()) {
+            case BspGrid::Cell::Empty:
+                return {};
+            case BspGrid::Cell::OneNode:
+                return level.segmentsCollide[cell.Number()] != 0
+                           ? CollideEdge(BspTree::nodes[cell.Number()], position)
+                           : Contact{};
+            case BspGrid::Cell::Steps:
+                return CollideSteps(level, position, cell);
+            default:
+                break;
         }
-    });
+    }
+    return CollideMany(level, position, radius);
 }
 
-void CollisionSpace::GatherStatic(const LevelState& level, Vector2 position, float radius) {
+Contact CollisionSpace::CollideMany(const LevelState& level, Vector2& position, float radius) {
+    CandidateEdge* const first = Room();
+    CandidateEdge* const end = GatherMoving(position, radius, first);
+    return CollideAny({first, GatherStatic(level, position, radius, end)}, position, radius);
+}
+
+Contact CollisionSpace::CollideCircleStatic(const LevelState& level, Vector2& position,
+                                            float radius) {
+    CandidateEdge* const first = Room();
+    return CollideAny({first, GatherStatic(level, position, radius, first)}, position, radius);
+}
+
+/// The first of as many candidates as there are edges.
+CandidateEdge* CollisionSpace::Room() {
+    const std::size_t most = BspTree::nodes.size() + moving.All().size() + 1;
+    if (candidates.size() < most) {
+        candidates.resize(most);
+    }
+    return candidates.data();
+}
+
+CandidateEdge* CollisionSpace::GatherMoving(Vector2 position, float radius,
+                                            CandidateEdge* end) const {
+    moving.ForEachNear(position, radius, [&](const BspSegment& edge) {
+        const Place place = PlaceAt(edge, position, radius);
+        *end = place.candidate;
+        end += (place.distance >= -radius) & (place.distance <= radius) & place.isNear;
+    });
+    return end;
+}
+
+CandidateEdge* CollisionSpace::GatherStatic(const LevelState& level, Vector2 position, float radius,
+                                            CandidateEdge* end) {
+    if (radius != BspGrid::radius) {
+        return Walk(level, position, radius, end);
+    }
+    const BspGrid::Cell cell = BspGrid::KnownCellAt(position);
+    const BspGrid::Step only{cell.Number(), 0};
+    switch (cell.What()) {
+        case BspGrid::Cell::Walk:
+            return Walk(level, position, radius, end);
+        case BspGrid::Cell::Steps:
+            return GatherSteps(level, position, BspGrid::StepsOf(cell), end);
+        case BspGrid::Cell::OneNode:
+            return GatherSteps(level, position, {&only, 1}, end);
+        default:
+            return end;
+    }
+}
+
+CandidateEdge* CollisionSpace::Walk(const LevelState& level, Vector2 position, float radius,
+                                    CandidateEdge* end) {
     openNodes.clear();
-    const bool shortCuts = radius <= BspGrid::largestRadius;
-    const BspSegment* node = BspGrid::StartNode(position, radius);
+    const bool shortCuts = radius <= BspGrid::radius;
+    const BspSegment* node = BspTree::Root();
     while (node || !openNodes.empty()) {
         if (!node) {
             node = openNodes.back();
             openNodes.pop_back();
         }
-        const Vector2 relative = position - node->start;
-        const float distance = Dot(relative, node->normal);
-        if (distance >= radius) {
+        const Place place = PlaceAt(*node, position, radius);
+        if (place.distance >= radius) {
             node = node->frontChild;
-        } else if (distance < -radius) {
+        } else if (place.distance < -radius) {
             node = node->backChild;
         } else {
-            if (level.segmentsCollide[BspTree::NumberOf(*node)] != 0) {
-                TestCandidate(*node, relative, radius);
+            if (place.isNear && level.segmentsCollide[BspTree::NumberOf(*node)] != 0) {
+                *end++ = place.candidate;
             }
             const BspSegment* front = node->frontChild;
             if (front && (!shortCuts || BspGrid::CanTouch(front, position))) {
@@ -77,64 +284,7 @@ void CollisionSpace::GatherStatic(const LevelState& level, Vector2 position, flo
             }
         }
     }
-}
-
-Contact CollisionSpace::Resolve(Vector2& centre, float radius) {
-    if (contactPoints.empty()) {
-        return {};
-    }
-    constexpr int mostPasses = 3;
-    Vector2 position = centre;
-    ContactSum sum;
-    // A little more than a root's rounding can bring back below the radius.
-    const float outside = radius * radius * 1.00001f;
-    for (int pass = 0; pass < mostPasses; ++pass) {
-        const unsigned before = sum.count;
-        for (std::size_t i = contactPoints.size(); i-- > 0;) {
-            Vector2 v = contactPoints[i].point - position;
-            const float squared = v.x * v.x + v.y * v.y;
-            if (squared > outside) {
-                continue;
-            }
-            const float distance = Length(v);
-            if (distance < radius && distance > 0.0f) {
-                v /= distance;
-                position -= v * (radius - distance);
-                sum.Add(v, contactPoints[i].friction);
-            }
-        }
-        for (std::size_t i = contactEdges.size(); i-- > 0;) {
-            const BspSegment& segment = *contactEdges[i];
-            const float distance = Dot(position - segment.start, segment.normal);
-            if (distance >= -radius) {
-                position -= segment.normal * (radius + distance);
-                sum.Add(segment.normal, segment.friction);
-            }
-        }
-        if (sum.count == before) {
-            break;
-        }
-    }
-    contactPoints.clear();
-    contactEdges.clear();
-    if (sum.count == 0) {
-        return {};
-    }
-    centre = position;
-    const float share = 1.0f / static_cast<float>(sum.count);
-    return {sum.normal * share, sum.friction * share, sum.count};
-}
-
-Contact CollisionSpace::CollideCircle(const LevelState& level, Vector2& position, float radius) {
-    GatherMoving(position, radius);
-    GatherStatic(level, position, radius);
-    return Resolve(position, radius);
-}
-
-Contact CollisionSpace::CollideCircleStatic(const LevelState& level, Vector2& position,
-                                            float radius) {
-    GatherStatic(level, position, radius);
-    return Resolve(position, radius);
+    return end;
 }
 
 namespace Collision {

@@ -21,6 +21,13 @@ struct Contact {
     explicit operator bool() const { return count > 0; }
 };
 
+/// An edge that a query's circle is beside or near an end of.
+struct CandidateEdge {
+    const BspSegment* edge;
+    float along;  ///< its point that is nearest, from its start on
+    bool isBeside;
+};
+
 /// All that circles touch in one step of a world. The tree is that of the loaded level. Each
 /// thread that steps worlds has its own.
 class CollisionSpace {
@@ -34,20 +41,16 @@ public:
     MovingEdges moving;
 
 private:
-    struct ContactPoint {
-        Vector2 point;
-        float friction;
-    };
+    CandidateEdge* Room();
+    Contact CollideMany(const LevelState& level, Vector2& position, float radius);
+    CandidateEdge* GatherMoving(Vector2 position, float radius, CandidateEdge* end) const;
+    CandidateEdge* GatherStatic(const LevelState& level, Vector2 position, float radius,
+                                CandidateEdge* end);
+    CandidateEdge* Walk(const LevelState& level, Vector2 position, float radius,
+                        CandidateEdge* end);
 
-    void GatherMoving(Vector2 position, float radius);
-    void GatherStatic(const LevelState& level, Vector2 position, float radius);
-    void TestCandidate(const BspSegment& segment, Vector2 relative, float radius);
-    Contact Resolve(Vector2& position, float radius);
-
-    // Candidates of the query at hand, the newest last; passes run from the back. Storage is
-    // kept from query to query.
-    std::vector<ContactPoint> contactPoints;
-    std::vector<const BspSegment*> contactEdges;
+    // Those of the query at hand, the newest last. Storage is kept from query to query.
+    std::vector<CandidateEdge> candidates;
     std::vector<const BspSegment*> openNodes;
 };
 

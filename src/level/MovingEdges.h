@@ -22,6 +22,8 @@ public:
 
     /// In the order of adding.
     const std::vector<BspSegment>& All() const { return edges; }
+    /// Whether a circle of up to a particle's size there may touch any; quick where none is near.
+    bool MayTouch(Vector2 position) const { return boxes.MayHold(position); }
     /// Calls `visit` with the edges, in order, of each polygon that a circle there may touch.
     template <class Visit>
     void ForEachNear(Vector2 position, float radius, Visit visit) const {

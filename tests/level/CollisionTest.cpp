@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "level/BspGrid.h"
 #include "level/BspTree.h"
 #include "level/BspWorlds.h"
 #include "level/LevelData.h"
@@ -15,8 +16,51 @@ namespace {
 
 using Polygons = std::deque<LevelPolygon>;
 
-/// Asks for circles all over a square, and the plain form for the same ones.
-testing::AssertionResult AnswersPlainly(BspWorlds::Dice& dice, float low, float high,
+struct Circle {
+    Vector2 centre;
+    float radius;
+};
+
+/// Circles all over a square.
+std::vector<Circle> Strewn(BspWorlds::Dice& dice, float low, float high) {
+    std::vector<Circle> circles;
+    for (int i = 0; i < 4000; ++i) {
+        const float x = dice.Within(low, high);
+        const float y = dice.Within(low, high);
+        circles.push_back({{x, y}, dice.Below(8) == 0 ? dice.Within(0.0f, 30.0f) : 2.0f});
+    }
+    return circles;
+}
+
+/// Particles beside edges and near their ends, where they come to rest there, and both with a
+/// coordinate on or right beside the border of a cell, or zero.
+std::vector<Circle> AtEdges(BspWorlds::Dice& dice) {
+    std::vector<Circle> circles;
+    const auto odd = [&](float value, float origin) {
+        const int kind = dice.Below(8);
+        const float size = BspGrid::grid.cellSize;
+        const float border = origin + std::round((value - origin) / size) * size;
+        return kind == 0   ? std::nextafter(border, border + dice.Within(-1.0f, 1.0f))
+               : kind == 1 ? std::copysign(0.0f, dice.Within(-1.0f, 1.0f))
+                           : value;
+    };
+    const auto add = [&](Vector2 at) {
+        circles.push_back({at, 2.0f});
+        circles.push_back(
+            {{odd(at.x, BspGrid::grid.origin.x), odd(at.y, BspGrid::grid.origin.y)}, 2.0f});
+    };
+    for (int i = 0; i < 1000; ++i) {
+        const BspSegment& edge = *(BspTree::Root() + dice.Below(BspTree::Size()));
+        Vector2 at = edge.start + edge.direction * dice.Within(-3.0f, edge.length + 3.0f) +
+                     edge.normal * dice.Within(-2.5f, 2.5f);
+        add(at);
+        Collision::CollideCircle(at, 2.0f);
+        add(at);
+    }
+    return circles;
+}
+
+testing::AssertionResult AnswersPlainly(const std::vector<Circle>& circles,
                                         const std::vector<BspSegment>& moving) {
     constexpr const char* fields[] = {"x at first", "y at first", "radius",   "hit",     "x",
                                       "y",          "normal.x",   "normal.y", "friction"};
@@ -26,10 +70,7 @@ testing::AssertionResult AnswersPlainly(BspWorlds::Dice& dice, float low, float 
         Collision::current.moving.Add({&edge, 1});
     }
     Collision::current.moving.Index();
-    for (int i = 0; i < 4000; ++i) {
-        const float x = dice.Within(low, high);
-        const Vector2 at{x, dice.Within(low, high)};
-        const float radius = dice.Below(8) == 0 ? dice.Within(0.0f, 30.0f) : 2.0f;
+    for (const auto [at, radius] : circles) {
         Vector2 position = at;
         const bool hit = Collision::CollideCircle(position, radius);
         const Vector2 normal = Collision::ContactNormal();
@@ -41,6 +82,32 @@ testing::AssertionResult AnswersPlainly(BspWorlds::Dice& dice, float low, float 
     }
     Collision::current.moving.Clear();
     return Same("circle", fields, fast, plain);
+}
+
+/// Triangles a tenth as wide as long, all from about one point.
+Polygons Spikes(BspWorlds::Dice& dice, int count, Vector2 at) {
+    Polygons polygons;
+    for (int i = 0; i < count; ++i) {
+        const float angle = dice.Within(0.0f, fullTurn);
+        const Vector2 tip = at + Vector2{dice.Within(-0.5f, 0.5f), dice.Within(-0.5f, 0.5f)};
+        const auto corner = [&](float turn) {
+            return tip + Vector2{std::cos(angle + turn), std::sin(angle + turn)} * 50.0f;
+        };
+        polygons.push_back(BspWorlds::Outline({tip, corner(0.0f), corner(0.1f)}));
+    }
+    return polygons;
+}
+
+/// Boxes of a few units, strewn so densely that a particle touches many.
+Polygons Crumbs(BspWorlds::Dice& dice, int count, float side) {
+    Polygons polygons;
+    for (int i = 0; i < count; ++i) {
+        const float x = dice.Within(-side, side);
+        const float y = dice.Within(-side, side);
+        polygons.push_back(
+            BspWorlds::Rectangle(x, y, x + dice.Within(0.5f, 3.0f), y + dice.Within(0.5f, 3.0f)));
+    }
+    return polygons;
 }
 
 /// Whether the point lies in the polygon, by counting the sides to its right.
@@ -92,10 +159,42 @@ TEST_F(CollisionTest, AnswersAsThePlainFormDoes) {
                 moving.back().SetEnds(node->start + Vector2{7.0f, 3.0f},
                                       node->end + Vector2{7.0f, 3.0f});
             }
-            ASSERT_TRUE(AnswersPlainly(dice, -40.0f, 600.0f, {})) << kind << ", seed " << seed;
-            ASSERT_TRUE(AnswersPlainly(dice, -40.0f, 300.0f, moving))
+            ASSERT_TRUE(AnswersPlainly(Strewn(dice, -40.0f, 600.0f), {}))
+                << kind << ", seed " << seed;
+            ASSERT_TRUE(AnswersPlainly(Strewn(dice, -40.0f, 300.0f), moving))
                 << kind << ", seed " << seed << ", with moving edges";
         }
+    }
+}
+
+TEST_F(CollisionTest, AnswersAsThePlainFormDoesInEveryKindOfCell) {
+    int seen[BspGrid::Cell::Walk + 1] = {};
+    for (std::uint32_t seed = 0; seed < 8; ++seed) {
+        BspWorlds::Dice dice(seed);
+        std::pair<const char*, Polygons> worlds[] = {
+            {"stars", BspWorlds::Stars(seed, 20)},
+            {"small stars", BspWorlds::Stars(seed, 40, 8.0f)},
+            {"spikes", Spikes(dice, 12, {0.0f, 0.0f})},
+            {"spikes far out", Spikes(dice, 12, {3.0e5f, -2.0e5f})},
+            {"crumbs", Crumbs(dice, 200, 60.0f)},
+            {"many crumbs", Crumbs(dice, 400, 25.0f)},
+            {"one floor", {BspWorlds::Rectangle(-40.0f, 2.0f, 50.0f, 20.0f)}}};
+        for (auto& [kind, polygons] : worlds) {
+            BspTree::Build(polygons);
+            for (std::uint8_t& collides : LevelData::current.segmentsCollide) {
+                collides = dice.Below(10) != 0;
+            }
+            const std::vector<Circle> circles = AtEdges(dice);
+            ASSERT_TRUE(AnswersPlainly(circles, {})) << kind << ", seed " << seed;
+            for (const Circle& circle : circles) {
+                ++seen[BspGrid::CellAt(circle.centre).What()];
+            }
+        }
+    }
+    EXPECT_EQ(seen[BspGrid::Cell::Unknown], 0);
+    for (const auto what : {BspGrid::Cell::Empty, BspGrid::Cell::OneNode, BspGrid::Cell::Steps,
+                            BspGrid::Cell::Walk}) {
+        EXPECT_GT(seen[what], 1000) << what;
     }
 }
 
