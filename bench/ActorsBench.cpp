@@ -3,6 +3,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include <cmath>
+
 #include "support/TestWorld.h"
 
 namespace {
@@ -102,6 +104,45 @@ void StepAll(benchmark::State& state) {
     }
 }
 BENCHMARK(StepAll)->ArgName("particles")->Arg(128)->Arg(1024)->Unit(benchmark::kMicrosecond);
+
+/// The whole step with many small platforms in view, which carry nothing, and one body of water.
+void StepAmongMovers(benchmark::State& state) {
+    TestWorld world;
+    const int movers = static_cast<int>(state.range(0));
+    const int columns = static_cast<int>(std::sqrt(static_cast<float>(movers)));
+    const float gap = 760.0f / static_cast<float>(columns);
+    for (int i = 0; i < movers; ++i) {
+        const auto id = static_cast<std::uint32_t>(i + 1);
+        const float x = gap * static_cast<float>(i % columns) - 390.0f;
+        const float y = 0.7f * gap * static_cast<float>(i / columns) - 270.0f;
+        TestWorld::Add(TestLevel::Box(x, y, x + 0.5f * gap, y + 0.2f * gap), id);
+        TestWorld::AddMover(id, {}, {0.0f, 0.1f * gap}, 10.0f, Mover::LoopingToEnd);
+    }
+    TestWorld::Start();
+    AddWater(128);
+    const ParticleList water = ParticleManager::particles;
+    for (auto _ : state) {
+        ParticleManager::particles = water;
+        TestWorld::Step(dt);
+    }
+}
+BENCHMARK(StepAmongMovers)->ArgName("movers")->Arg(1000)->Arg(4000)->Unit(benchmark::kMicrosecond);
+
+/// Areas all over the view, each of which some of the water is in.
+void ManyTriggers(benchmark::State& state) {
+    TestWorld world;
+    for (int i = 0; i < 10000; ++i) {
+        const Vector2 at{static_cast<float>(i % 100) * 7.8f - 390.0f,
+                         static_cast<float>(i / 100) * 5.5f - 270.0f};
+        TestWorld::AddTrigger(TriggerKind::ToWater, at, at + Vector2{7.0f, 5.0f}, 0);
+    }
+    TestWorld::Start();
+    AddWater(1024);
+    for (auto _ : state) {
+        TriggerManager::Step(Camera::Look(), dt);
+    }
+}
+BENCHMARK(ManyTriggers)->Unit(benchmark::kMicrosecond);
 
 /// One lift of the width of a screen under all the water.
 void PushLake(benchmark::State& state) {

@@ -160,13 +160,34 @@ void ManyGroups(benchmark::State& state) {
     for (int i = 0; i < particles; ++i) {
         WaterWorld::Add(
             {13.0f * static_cast<float>(i % 128), -200.0f - 13.0f * static_cast<float>(i / 128)},
-            {10.0f, 0.0f}, -10.0f);
+            {0.001f, 0.0f}, -10.0f);
     }
     for (auto _ : state) {
         ParticleManager::Step(WaterWorld::view, dt);
     }
     Report(state, particles);
 }
-BENCHMARK(ManyGroups)->Arg(128)->Arg(1024)->Arg(4096)->Arg(16384)->Unit(benchmark::kMicrosecond);
+BENCHMARK(ManyGroups)->Arg(1024)->Arg(4096)->Arg(16384)->Arg(65536)->Unit(benchmark::kMicrosecond);
+
+/// Lumps of 128 in the air, none of which touch.
+void AllIce(benchmark::State& state) {
+    const int particles = static_cast<int>(state.range(0));
+    const WaterWorld world(Shelves(), camera, 20.0f);
+    ParticleManager::gravity = 0.0f;
+    ParticleManager::heatTransferRate = 0.0f;
+    for (int i = 0; i < particles; ++i) {
+        const int body = i / bodySize;
+        const int member = i % bodySize;
+        WaterWorld::Add({60.0f * static_cast<float>(body % 32) + static_cast<float>(member % 12),
+                         -200.0f - 60.0f * static_cast<float>(body / 32) -
+                             static_cast<float>(member / 12)},
+                        {0.001f, 0.0f}, -10.0f);
+    }
+    for (auto _ : state) {
+        ParticleManager::Step(WaterWorld::view, dt);
+    }
+    Report(state, particles);
+}
+BENCHMARK(AllIce)->Arg(4096)->Arg(16384)->Arg(65536)->Unit(benchmark::kMicrosecond);
 
 }  // namespace

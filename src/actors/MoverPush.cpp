@@ -107,7 +107,10 @@ bool MeetsWater(const MoverCollider& collider, Vector2 from, Vector2 to,
     const auto meets = [&](const auto* body) {
         return box.Contains(body->position, BoxReach(Reach(*body), rounding));
     };
-    return std::ranges::any_of(work.freeParticles, meets) ||
+    const float reach = BoxReach(Particle::radius + catchMargin, rounding);
+    return (work.freeMap.MayHold(box.minX - reach, box.maxX + reach, box.minY - reach,
+                                 box.maxY + reach) &&
+            std::ranges::any_of(work.freeParticles, meets)) ||
            std::ranges::any_of(work.freeGroups, meets);
 }
 
@@ -237,10 +240,12 @@ void Push(const MoverCollider& collider, const PolygonState& polygon, const Acto
     }
 }
 
-void CollectWater(WaterState& water, ActorsWorkspace& work) {
+void CollectWater(WaterState& water, const ViewSquare& square, ActorsWorkspace& work) {
     work.freeParticles.clear();
+    work.freeMap.Clear(square);
     for (Particle& particle : water.particles) {
         work.freeParticles.push_back(&particle);
+        work.freeMap.Mark(particle.position);
     }
     work.freeGroups.clear();
     for (ParticleGroup& group : water.groups) {
@@ -260,7 +265,7 @@ void PushWater(const ActorsParts& parts, const ViewSquare& square, float dt) {
         const Box box = BoxAt(collider, polygon.offset);
         if (polygon.solid && square.Overlaps(box.minX, box.maxX, box.minY, box.maxY)) {
             if (!collected) {
-                CollectWater(parts.water, parts.actorsWork);
+                CollectWater(parts.water, square, parts.actorsWork);
                 collected = true;
             }
             Push(collider, polygon, parts, dt);
