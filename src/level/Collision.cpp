@@ -36,9 +36,10 @@ struct ContactSum {
 
 /// Where a circle is to an edge. Worked out without branches, since there is no telling.
 struct Place {
-    CandidateEdge candidate;
     float distance;  ///< from the edge's line, positive on its solid side
-    bool isNear;     ///< beside the edge or near an end, if it is near the line
+    float along;     ///< the edge's point that is nearest, from its start on
+    bool isBeside;
+    bool isNear;  ///< beside the edge or near an end, if it is near the line
 };
 
 inline Place PlaceAt(const BspSegment& edge, Vector2 position, float radius) {
@@ -46,27 +47,50 @@ inline Place PlaceAt(const BspSegment& edge, Vector2 position, float radius) {
     const float along = Dot(relative, edge.direction);
     const bool isBeside = (along >= 0.0f) & (along <= edge.length);
     const bool isNear = isBeside | ((along >= -radius) & (along <= edge.length + radius));
-    const float fromStart = along < 0.0f ? 0.0f : along;
+    const float fromStart = 0.0f > along ? 0.0f : along;
     const float onEdge = fromStart > edge.length ? edge.length : fromStart;
-    return {{&edge, onEdge, isBeside}, Dot(relative, edge.normal), isNear};
+    return {Dot(relative, edge.normal), onEdge, isBeside, isNear};
 }
 
-/// Follows a cell's steps without a branch: each candidate is stored, and stays if it is one.
+/// Stores a candidate and gives the place for the next: the same again if it isn't one.
+inline CandidateEdge* Add(const BspSegment& edge, const Place& place, std::uint64_t isCandidate,
+                          CandidateEdge* end) {
+    // One by one: a whole that is put together in memory first would have to wait for it.
+    end->edge = &edge;
+    end->along = place.along;
+    end->isBeside = place.isBeside;
+    return end + isCandidate;
+}
+
+/// Follows a cell's steps without a branch.
 CandidateEdge* GatherSteps(const LevelState& level, Vector2 position,
                            std::span<const BspGrid::Step> steps, CandidateEdge* end) {
     constexpr float radius = BspGrid::radius;
     std::uint64_t conditions = 1;
     unsigned next = 1;
     for (const BspGrid::Step step : steps) {
-        const Place place = PlaceAt(BspTree::nodes[step.node], position, radius);
+        const BspSegment& edge = BspTree::nodes[step.node];
+        const Place place = PlaceAt(edge, position, radius);
         const std::uint64_t isVisited = conditions >> step.condition & 1u;
         const std::uint64_t isBehind = isVisited & std::uint64_t{!(place.distance >= radius)};
         const std::uint64_t isInFront = isVisited & std::uint64_t{!(place.distance < -radius)};
         conditions |= (isBehind | isInFront << 1) << next;
         next += 2;
-        *end = place.candidate;
-        end +=
-            isBehind & isInFront & std::uint64_t{place.isNear} & level.segmentsCollide[step.node];
+        end = Add(
+            edge, place,
+            isBehind & isInFront & std::uint64_t{place.isNear} & level.segmentsCollide[step.node],
+            end);
+    }
+    return end;
+}
+
+/// Of one moving polygon.
+CandidateEdge* GatherEdges(std::span<const BspSegment> edges, Vector2 position, float radius,
+                           CandidateEdge* end) {
+    for (const BspSegment& edge : edges) {
+        const Place place = PlaceAt(edge, position, radius);
+        const bool isAtLine = (place.distance >= -radius) & (place.distance <= radius);
+        end = Add(edge, place, isAtLine & place.isNear, end);
     }
     return end;
 }
@@ -228,10 +252,8 @@ CandidateEdge* CollisionSpace::Room() {
 
 CandidateEdge* CollisionSpace::GatherMoving(Vector2 position, float radius,
                                             CandidateEdge* end) const {
-    moving.ForEachNear(position, radius, [&](const BspSegment& edge) {
-        const Place place = PlaceAt(edge, position, radius);
-        *end = place.candidate;
-        end += (place.distance >= -radius) & (place.distance <= radius) & place.isNear;
+    moving.ForEachNear(position, radius, [&](std::span<const BspSegment> polygon) {
+        end = GatherEdges(polygon, position, radius, end);
     });
     return end;
 }
@@ -272,7 +294,7 @@ CandidateEdge* CollisionSpace::Walk(const LevelState& level, Vector2 position, f
             node = node->backChild;
         } else {
             if (place.isNear && level.segmentsCollide[BspTree::NumberOf(*node)] != 0) {
-                *end++ = place.candidate;
+                *end++ = {node, place.along, place.isBeside};
             }
             const BspSegment* front = node->frontChild;
             if (front && (!shortCuts || BspGrid::CanTouch(front, position))) {

@@ -28,9 +28,8 @@ public:
     template <class Visit>
     void ForEachNear(Vector2 position, float radius, Visit visit) const {
         const auto visitPolygon = [&](std::uint32_t number) {
-            for (std::uint32_t i = polygons[number].begin; i < polygons[number].end; ++i) {
-                visit(edges[i]);
-            }
+            const Polygon polygon = polygons[number];
+            visit(std::span(edges).subspan(polygon.begin, polygon.end - polygon.begin));
         };
         if (radius <= smallRadius) {
             boxes.ForEachAt(position, visitPolygon);
