@@ -1,5 +1,5 @@
 // What a collision query costs in levels of different sizes: strewn over the whole level, at
-// rest on surfaces, and inside a bowl with little else round it.
+// rest on surfaces, on tiles in a row, and among moving boxes.
 
 #include <benchmark/benchmark.h>
 
@@ -76,8 +76,33 @@ void QueryInRow(benchmark::State& state) {
     Query(state, positions);
 }
 
+/// Boxes that move, in an empty level, and particles all over the same square.
+void QueryAmongMoving(benchmark::State& state) {
+    const int count = static_cast<int>(state.range(0));
+    const float side = 100.0f * std::sqrt(static_cast<float>(count));
+    BspWorlds::Dice dice(5);
+    MovingEdges& moving = Collision::current.moving;
+    for (int i = 0; i < count; ++i) {
+        const Vector2 at{dice.Within(0.0f, side), dice.Within(0.0f, side)};
+        const Vector2 corners[] = {{0.0f, 0.0f}, {50.0f, 0.0f}, {50.0f, 20.0f}, {0.0f, 20.0f}};
+        BspSegment edges[4];
+        for (std::size_t corner = 0; corner < 4; ++corner) {
+            edges[corner].SetEnds(corners[corner], corners[(corner + 1) % 4]);
+        }
+        moving.Add(edges, at);
+    }
+    moving.Index();
+    std::vector<Vector2> positions;
+    for (int i = 0; i < 4096; ++i) {
+        positions.push_back({dice.Within(0.0f, side), dice.Within(0.0f, side)});
+    }
+    Query(state, positions);
+    moving.Clear();
+}
+
 }  // namespace
 
 BENCHMARK(QueryAnywhere)->Arg(100)->Arg(1000)->Arg(20000);
 BENCHMARK(QueryAtRest)->Arg(100)->Arg(1000)->Arg(20000);
 BENCHMARK(QueryInRow)->Arg(100)->Arg(1000)->Arg(20000);
+BENCHMARK(QueryAmongMoving)->Arg(4)->Arg(64);

@@ -71,8 +71,10 @@ void MakeCells() {
 
 /// All positions that fall into the cell, and a little more.
 Box CellBox(std::size_t place) {
-    const float left = grid.origin.x + static_cast<float>(place % grid.columns) * grid.cellSize;
-    const float top = grid.origin.y + static_cast<float>(place / grid.columns) * grid.cellSize;
+    const std::size_t column = place % grid.columns;
+    const std::size_t row = place / grid.columns;
+    const float left = grid.origin.x + static_cast<float>(column) * grid.cellSize;
+    const float top = grid.origin.y + static_cast<float>(row) * grid.cellSize;
     const float extent =
         std::max(std::abs(grid.origin.x) + static_cast<float>(grid.columns) * grid.cellSize,
                  std::abs(grid.origin.y) + static_cast<float>(grid.rows) * grid.cellSize);
