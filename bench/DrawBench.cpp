@@ -14,6 +14,7 @@
 #include "game/Services.h"
 #include "graphics/GLWindow.h"
 #include "graphics/GLWindowDisplay.h"
+#include "platform/Clock.h"
 #include "platform/DataRoot.h"
 #include "platform/GlfwWindow.h"
 #include "support/Places.h"
@@ -131,11 +132,22 @@ double ScreensFilled() {
            (static_cast<double>(GLWindow::ClientWidth()) * GLWindow::ClientHeight());
 }
 
-/// Frames spread over the whole of a run.
+/// The window manager may take its time.
+void ResizeWindow(int width, int height) {
+    GLWindow::SetClientSize(width, height);
+    for (int i = 0; i < 1000 && GLWindow::ClientWidth() != width; ++i) {
+        GLWindow::PumpMessages();
+        Platform::TheClock().Sleep(1);
+    }
+}
+
+/// Frames spread over the whole of a run, in a window of the size that the arguments give.
 void FramesOfRun(benchmark::State& state, const std::string& file) {
     TheGame();
+    ResizeWindow(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
     // The view of the window's own shape.
-    if (!RecordedRuns::Begin(file, 600.0f * 1280.0f / 720.0f, 600.0f)) {
+    const float shape = static_cast<float>(state.range(0)) / static_cast<float>(state.range(1));
+    if (!RecordedRuns::Begin(file, 600.0f * shape, 600.0f)) {
         state.SkipWithError("the run can't be played");
     }
     const std::size_t stride = RunRecorder::Current().steps.size() / framesOfRun;
@@ -163,6 +175,8 @@ const bool registered = [] {
     for (const std::string& file : RecordedRuns::Files()) {
         benchmark::RegisterBenchmark(("FramesOfRun/" + RecordedRuns::LevelName(file)).c_str(),
                                      [file](benchmark::State& state) { FramesOfRun(state, file); })
+            ->Args({800, 600})
+            ->Args({1280, 720})
             ->Iterations(framesOfRun)
             ->Unit(benchmark::kMillisecond)
             ->UseRealTime();

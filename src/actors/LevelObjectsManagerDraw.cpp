@@ -8,6 +8,7 @@
 #include "actors/LevelObjectsManager.h"
 #include "graphics/GLWindowDraw.h"
 #include "graphics/MagnifiedSamplingDraw.h"
+#include "graphics/TexturingDraw.h"
 
 namespace LevelObjectsManager {
 
@@ -63,6 +64,7 @@ void DrawLayer(int layer) {
     glEnableClientState(GL_VERTEX_ARRAY);
     glEnableClientState(GL_TEXTURE_COORD_ARRAY);
     MagnifiedSampling sampling;
+    Texturing::Begin(Texturing::Source::Texture);
     for (std::size_t i = 0; i < queue.size(); ++i) {
         AddQuad(*queue[i].object);
         if (i + 1 == queue.size() || queue[i + 1].glName != queue[i].glName) {
@@ -72,6 +74,7 @@ void DrawLayer(int layer) {
             DrawBatch(queue[i].glName);
         }
     }
+    Texturing::End();
     glDisableClientState(GL_VERTEX_ARRAY);
     glDisableClientState(GL_TEXTURE_COORD_ARRAY);
     queue.clear();

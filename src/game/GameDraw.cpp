@@ -22,6 +22,7 @@
 #include "graphics/ConsoleDraw.h"
 #include "graphics/GLWindow.h"
 #include "graphics/GLWindowDraw.h"
+#include "graphics/TexturingDraw.h"
 #include "level/DynamicPolygonRenderer.h"
 #include "level/LevelData.h"
 #include "level/LevelGeometryRenderer.h"
@@ -167,11 +168,13 @@ void GamePresentation::EndLoading() {
 }
 
 void GamePresentation::PrepareLevel() {
+    Texturing::Initialise();
     LevelGeometryRenderer::Initialise();
 }
 
 void GamePresentation::ReleaseLevel() {
     LevelGeometryRenderer::Shutdown();
+    Texturing::Shutdown();
 }
 
 void GamePresentation::PrepareWater() {

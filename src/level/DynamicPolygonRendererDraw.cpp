@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "graphics/MagnifiedSamplingDraw.h"
+#include "graphics/TexturingDraw.h"
 #include "level/DynamicPolygonRenderer.h"
 #include "level/LevelData.h"
 #include "level/PolygonTexture.h"
@@ -51,6 +52,7 @@ void DynamicPolygonRenderer::DrawLayer(int layer) {
     glEnableClientState(GL_TEXTURE_COORD_ARRAY);
     glEnableClientState(GL_VERTEX_ARRAY);
     MagnifiedSampling sampling;
+    Texturing::Begin(Texturing::Source::Texture);
     while (polygon != nullptr) {
         const std::uint32_t texture = polygon->texture.glName;
         sampling.Use(MagnifiedSampling::Suits(polygon->texture.width, polygon->texture.height));
@@ -60,5 +62,6 @@ void DynamicPolygonRenderer::DrawLayer(int layer) {
             DrawVertices(texture);
         }
     }
+    Texturing::End();
     glPopClientAttrib();
 }

@@ -15,6 +15,7 @@
 #include "engine/Timer.h"
 #include "graphics/MagnifiedSamplingDraw.h"
 #include "graphics/TextureManager.h"
+#include "graphics/TexturingDraw.h"
 #include "level/LevelData.h"
 #include "level/PolygonTexture.h"
 #include "level/VisibleParts.h"
@@ -88,9 +89,6 @@ void EmitLayer(std::size_t layer, std::span<const VisibleParts::Entry> entries, 
         return index < entries.size() && entries[index].polygon->layer == layer;
     };
     std::vector<Vector2> corners;
-    // Colours are white, and so the texture's own can stand for the product. What lets
-    // nothing through needs no blending. Both save a fifth of the time of filling.
-    glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_REPLACE);
     suitMagnified[layer] = true;
     while (isInLayer()) {
         const Texture& first = entries[index].polygon->texture;
@@ -98,7 +96,11 @@ void EmitLayer(std::size_t layer, std::span<const VisibleParts::Entry> entries, 
         suitMagnified[layer] =
             suitMagnified[layer] && MagnifiedSampling::Suits(first.width, first.height);
         glBindTexture(GL_TEXTURE_2D, texture);
-        (entries[index].opaque ? glDisable : glEnable)(GL_BLEND);
+        // Colours are white, and so the texture's own can stand for the product. What lets
+        // nothing through needs no blending. Both save a fifth of the time of filling.
+        const bool opaque = entries[index].opaque;
+        (opaque ? glDisable : glEnable)(GL_BLEND);
+        Texturing::Begin(opaque ? Texturing::Source::OpaqueTexture : Texturing::Source::Texture);
         glBegin(GL_TRIANGLES);
         for (; isInLayer() && entries[index].polygon->texture.glName == texture; ++index) {
             corners.clear();
@@ -108,7 +110,7 @@ void EmitLayer(std::size_t layer, std::span<const VisibleParts::Entry> entries, 
         glEnd();
     }
     glEnable(GL_BLEND);
-    glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_MODULATE);
+    Texturing::End();
 }
 
 void CompileLists() {

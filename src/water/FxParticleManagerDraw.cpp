@@ -6,6 +6,7 @@
 #include <cstdio>
 
 #include "graphics/GLWindowDraw.h"
+#include "graphics/TexturingDraw.h"
 #include "water/FxParticleManager.h"
 
 namespace FxParticleManager {
@@ -88,12 +89,14 @@ void Draw() {
     glEnableClientState(GL_VERTEX_ARRAY);
     glEnableClientState(GL_TEXTURE_COORD_ARRAY);
     glEnableClientState(GL_COLOR_ARRAY);
+    Texturing::Begin(Texturing::Source::Tinted);
     for (std::size_t i = 0; i < entries.size(); ++i) {
         AddQuad(*entries[i].particle);
         if (i + 1 == entries.size() || !ShareBatch(entries[i], entries[i + 1])) {
             DrawBatch(entries[i]);
         }
     }
+    Texturing::End();
     glDisableClientState(GL_VERTEX_ARRAY);
     glDisableClientState(GL_TEXTURE_COORD_ARRAY);
     glDisableClientState(GL_COLOR_ARRAY);

@@ -15,6 +15,7 @@
 #include "engine/Console.h"
 #include "engine/ConsoleCommands.h"
 #include "graphics/Texture.h"
+#include "graphics/TexturingDraw.h"
 #include "water/GroupedParticleMover.h"
 #include "water/ParticleManager.h"
 
@@ -186,6 +187,7 @@ void ParticleRenderer::Draw() {
     glEnableClientState(GL_VERTEX_ARRAY);
     glEnableClientState(GL_TEXTURE_COORD_ARRAY);
     glEnableClientState(GL_COLOR_ARRAY);
+    Texturing::Begin(Texturing::Source::Tinted);
     // All outlines lie below all fills: no outline covers the fill of another state.
     DrawOutlines(water, waterList);
     DrawOutlines(steam, steamList);
@@ -193,6 +195,7 @@ void ParticleRenderer::Draw() {
     DrawFills(water, waterList, waterTrail);
     DrawFills(steam, steamList, steamTrail);
     DrawFills(ice, iceList, {});
+    Texturing::End();
     glDisableClientState(GL_VERTEX_ARRAY);
     glDisableClientState(GL_TEXTURE_COORD_ARRAY);
     glDisableClientState(GL_COLOR_ARRAY);
