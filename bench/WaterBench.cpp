@@ -178,10 +178,10 @@ void AllIce(benchmark::State& state) {
     for (int i = 0; i < particles; ++i) {
         const int body = i / bodySize;
         const int member = i % bodySize;
-        WaterWorld::Add({60.0f * static_cast<float>(body % 32) + static_cast<float>(member % 12),
-                         -200.0f - 60.0f * static_cast<float>(body / 32) -
-                             static_cast<float>(member / 12)},
-                        {0.001f, 0.0f}, -10.0f);
+        WaterWorld::Add(
+            {60.0f * static_cast<float>(body % 32) + static_cast<float>(member % 12),
+             -200.0f - 60.0f * static_cast<float>(body / 32) - static_cast<float>(member / 12)},
+            {0.001f, 0.0f}, -10.0f);
     }
     for (auto _ : state) {
         ParticleManager::Step(WaterWorld::view, dt);

@@ -90,14 +90,12 @@ bool ParticleGrid::IsConsistent(std::span<const Particle> particles) const {
     if (slots.size() != particles.size()) {
         return false;
     }
-    std::vector<bool> isTaken(particles.size());
     std::size_t inCells = 0;
+    std::size_t sumLeft =
+        particles.size() * (particles.size() - 1) / 2;  // if each slot is taken once
     for (std::uint32_t i = 0; i < particles.size(); ++i) {
         const Particle& particle = particles[i];
-        if (isTaken[slots[i]]) {
-            return false;
-        }
-        isTaken[slots[i]] = true;
+        sumLeft -= slots[i];
         if (particle.inGrid != 0) {
             const Cell& cell = *At(particle.gridX, particle.gridY);
             if (slots[i] < cell.begin || slots[i] >= cell.end) {
@@ -109,5 +107,5 @@ bool ParticleGrid::IsConsistent(std::span<const Particle> particles) const {
     for (const std::uint32_t cell : usedCells) {
         inCells -= cells[cell].end - cells[cell].begin;
     }
-    return inCells == 0;
+    return inCells == 0 && sumLeft == 0;
 }
