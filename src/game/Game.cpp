@@ -136,6 +136,12 @@ void RestartLevel() {
     LevelProgress::Initialise();
 }
 
+/// Loads a piece of what the first frames can do without, while time stands; false if nothing is
+/// left.
+bool LoadMore() {
+    return MenuManager::BuildNext() || LevelProgress::PrepareFinish();
+}
+
 void UpdateFrameTime() {
     gameState.frameTimer.Tick();
     gameState.frameTimeSum += gameState.frameTimer.deltaSeconds;
@@ -213,6 +219,11 @@ void Game::Initialise(const std::string& mapName) {
     if (LevelData::Load(mapName)) {
         BeginLevel(mapName);
     }
+    if (MenuManager::Current() == MenuManager::None) {
+        // The level begins at once: nothing is to make it falter later.
+        while (LoadMore()) {
+        }
+    }
     Presentation::Current().EndLoading();
 }
 
@@ -230,6 +241,9 @@ void Game::Frame() {
     }
     if (!GLWindow::IsMinimised()) {
         Presentation::Current().DrawFrame();
+    }
+    if (MenuManager::Current() != MenuManager::None) {
+        LoadMore();
     }
     ServeRequests();
 }

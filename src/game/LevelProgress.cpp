@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <string>
 
 #include "actors/Camera.h"
 #include "actors/SoundSourceManager.h"
@@ -47,15 +48,9 @@ float finishWaterVolume = 0.0f;      // share of the water that must stand in th
 std::unique_ptr<Sound> finishSound;
 std::unique_ptr<Sound> deadSound;
 std::unique_ptr<GuiAnimatedButton> finishAnimation;
-
-void CreateFinishAnimation(const ConfigFile& file) {
-    finishAnimation = std::make_unique<GuiAnimatedButton>();
-    const std::string frames = file.GetString("finishAnimationFrames");
-    finishAnimation->SetFramesOutOfFocus(frames);
-    finishAnimation->SetFramesInFocus(frames);
-    finishAnimation->SetFramesClicked(frames);
-    finishAnimation->animationSpeed = file.GetFloat("finishAnimationFrameRate");
-}
+// What it will be made of.
+std::string finishAnimationFrames;
+float finishAnimationFrameRate = 0.0f;
 
 void CreateOnce(std::unique_ptr<Sound>& sound, const std::string& fileName) {
     if (!sound) {
@@ -139,7 +134,8 @@ void Initialise() {
     current.finishTimer = finishAnimationTime;
     finishWaterVolume = file.GetFloat("finishWaterVolume");
     if (!finishAnimation) {
-        CreateFinishAnimation(file);
+        finishAnimationFrames = file.GetString("finishAnimationFrames");
+        finishAnimationFrameRate = file.GetFloat("finishAnimationFrameRate");
     }
     CreateOnce(finishSound, file.GetString("finishSound"));
     CreateOnce(deadSound, file.GetString("deadSound"));
@@ -266,8 +262,21 @@ float FinishFade() {
     return 1.0f - current.finishTimer / finishAnimationTime;
 }
 
-GuiAnimatedButton* FinishAnimation() {
-    return finishAnimation.get();
+bool PrepareFinish() {
+    if (finishAnimation) {
+        return false;
+    }
+    finishAnimation = std::make_unique<GuiAnimatedButton>();
+    finishAnimation->SetFramesOutOfFocus(finishAnimationFrames);
+    finishAnimation->SetFramesInFocus(finishAnimationFrames);
+    finishAnimation->SetFramesClicked(finishAnimationFrames);
+    finishAnimation->animationSpeed = finishAnimationFrameRate;
+    return true;
+}
+
+GuiAnimatedButton& FinishAnimation() {
+    PrepareFinish();
+    return *finishAnimation;
 }
 
 }  // namespace LevelProgress

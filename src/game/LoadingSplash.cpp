@@ -19,6 +19,7 @@ namespace {
 /// Milliseconds; leaves the loader most of the processor.
 constexpr std::uint32_t pause = 25;
 constexpr std::uint32_t timeBetweenLooks = 5;
+static_assert(pause % timeBetweenLooks == 0);
 
 std::atomic<bool> splashRunning = false;  // set by the main thread
 std::atomic<bool> splashReady = true;     // set by the splash thread
@@ -26,6 +27,13 @@ std::unique_ptr<Thread> splashThread;
 GLWindowEventListener* savedListener = nullptr;
 
 std::unique_ptr<SplashPicture> picture;  // made before the thread starts
+
+/// Until the next frame, or until the level is loaded, as the player waits for that.
+void Pause() {
+    for (std::uint32_t passed = 0; passed < pause && splashRunning; passed += timeBetweenLooks) {
+        Platform::TheClock().Sleep(timeBetweenLooks);
+    }
+}
 
 std::uint32_t Run(void*) {
     Platform::TheWindow().BorrowContext();
@@ -38,7 +46,7 @@ std::uint32_t Run(void*) {
         picture->Step(timer.deltaSeconds);
         picture->Draw(GLWindow::ClientWidth(), GLWindow::ClientHeight());
         GLWindow::SwapBuffers();
-        Platform::TheClock().Sleep(pause);
+        Pause();
     }
     PopAllState();
     Platform::TheWindow().ReturnContext();

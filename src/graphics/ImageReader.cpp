@@ -2,6 +2,7 @@
 
 #include "graphics/ImageReader.h"
 
+#include <cstddef>
 #include <new>
 
 namespace {
@@ -10,28 +11,69 @@ using Channel = Platform::ImageFile::Channel;
 
 constexpr std::uint32_t opaque = 0xFF000000;
 
-std::uint32_t Pick(std::uint32_t pixel, const Channel& channel, unsigned outputShift) {
-    // Channels wider than 8 bits don't occur; shifts beyond the word do, for missing ones.
-    const unsigned left = channel.loss + outputShift;
-    return left > 31 ? 0 : (pixel & channel.mask) >> channel.shift << left;
-}
+/// How a channel of a pixel gets to its place in the result.
+struct Move {
+    std::uint32_t mask;
+    unsigned right;
+    unsigned left;
 
-std::uint32_t LittleEndian(const std::byte* bytes, std::uint32_t count) {
+    Move(const Channel& channel, unsigned outputShift)
+        : mask(channel.mask), right(channel.shift), left(channel.loss + outputShift) {
+        // Channels wider than 8 bits don't occur; shifts beyond the word do, for missing ones.
+        if (left > 31) {
+            mask = 0;
+            left = 0;
+        }
+    }
+    std::uint32_t Of(std::uint32_t pixel) const { return (pixel & mask) >> right << left; }
+};
+
+template <std::size_t depth>
+std::uint32_t LittleEndian(const std::byte* bytes) {
     std::uint32_t value = 0;
-    for (std::uint32_t i = 0; i < count; ++i) {
+    for (std::size_t i = 0; i < depth; ++i) {
         value |= std::to_integer<std::uint32_t>(bytes[i]) << (8 * i);
     }
     return value;
 }
 
-std::uint32_t ConvertPixel(const Platform::ImageFile& image, std::uint32_t pixel) {
-    if (image.bitsPerPixel == 8) {
-        const std::uint32_t colour = image.palette[pixel];
-        return image.hasColourKey && pixel == image.colourKey ? colour & ~opaque : colour;
+/// Pixels of whole bytes; `convert` turns each into one of the result.
+template <std::size_t depth, class Convert>
+void ConvertRows(const Platform::ImageFile& image, std::uint32_t* out, const Convert& convert) {
+    for (std::size_t y = 0; y < image.height; ++y) {
+        const std::byte* const row = image.pixels.data() + y * image.pitch;
+        for (std::size_t x = 0; x < image.width; ++x) {
+            *out++ = convert(LittleEndian<depth>(row + x * depth));
+        }
     }
-    const std::uint32_t colour =
-        Pick(pixel, image.red, 16) | Pick(pixel, image.green, 8) | Pick(pixel, image.blue, 0);
-    return colour | (image.bitsPerPixel == 32 ? Pick(pixel, image.alpha, 24) : opaque);
+}
+
+void ConvertPixels(const Platform::ImageFile& image, std::uint32_t depth, std::uint32_t* out) {
+    const Move red(image.red, 16);
+    const Move green(image.green, 8);
+    const Move blue(image.blue, 0);
+    const Move alpha(image.alpha, 24);
+    const auto solid = [=](std::uint32_t pixel) {
+        return red.Of(pixel) | green.Of(pixel) | blue.Of(pixel) | opaque;
+    };
+    switch (depth) {
+        case 1:
+            ConvertRows<1>(image, out, [&](std::uint32_t pixel) {
+                const std::uint32_t colour = image.palette[pixel];
+                return image.hasColourKey && pixel == image.colourKey ? colour & ~opaque : colour;
+            });
+            break;
+        case 2:
+            ConvertRows<2>(image, out, solid);
+            break;
+        case 3:
+            ConvertRows<3>(image, out, solid);
+            break;
+        default:
+            ConvertRows<4>(image, out, [=](std::uint32_t pixel) {
+                return red.Of(pixel) | green.Of(pixel) | blue.Of(pixel) | alpha.Of(pixel);
+            });
+    }
 }
 
 }  // namespace
@@ -47,15 +89,10 @@ ConvertedImage ConvertImage(const Platform::ImageFile& image) {
     result.bytesPerPixel = depth;
     result.hasAlpha = depth == 4 || (depth == 1 && image.hasColourKey);
     try {
-        result.pixels.reserve(std::size_t{image.width} * image.height);
+        result.pixels.resize(std::size_t{image.width} * image.height);
     } catch (const std::bad_alloc&) {
         return result;
     }
-    for (std::size_t y = 0; y < image.height; ++y) {
-        const std::byte* row = image.pixels.data() + y * image.pitch;
-        for (std::size_t x = 0; x < image.width; ++x) {
-            result.pixels.push_back(ConvertPixel(image, LittleEndian(row + x * depth, depth)));
-        }
-    }
+    ConvertPixels(image, depth, result.pixels.data());
     return result;
 }

@@ -1,4 +1,4 @@
-// Uploads with GLU, which builds the mipmaps and stretches odd sizes.
+// Uploads of images with their mipmaps. GLU stretches odd sizes and shrinks what is too large.
 
 #include "graphics/TextureDeviceDraw.h"
 
@@ -8,12 +8,42 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstddef>
 #include <vector>
 
 #include "graphics/GLWindowDisplay.h"
+#include "graphics/Mipmaps.h"
 
 // Pixels are words with blue in the low byte; GL is told BGRA bytes.
 static_assert(std::endian::native == std::endian::little);
+
+namespace {
+
+/// Whether the driver takes an image of that size as it is.
+bool IsHeld(std::uint32_t width, std::uint32_t height) {
+    GLint side = 0;
+    glGetIntegerv(GL_MAX_TEXTURE_SIZE, &side);
+    return std::max(width, height) <= static_cast<std::uint32_t>(std::max(side, 0));
+}
+
+/// All levels of the bound texture.
+void UploadLevels(GLint internalFormat, const std::uint32_t* pixels, std::uint32_t width,
+                  std::uint32_t height) {
+    std::vector<std::uint32_t> level;
+    for (GLint number = 0;; ++number) {
+        glTexImage2D(GL_TEXTURE_2D, number, internalFormat, static_cast<GLsizei>(width),
+                     static_cast<GLsizei>(height), 0, GL_BGRA_EXT, GL_UNSIGNED_BYTE, pixels);
+        if (width == 1 && height == 1) {
+            return;
+        }
+        level = Mipmaps::Halved({pixels, std::size_t{width} * height}, width, height);
+        pixels = level.data();
+        width = std::max(width / 2, 1u);
+        height = std::max(height / 2, 1u);
+    }
+}
+
+}  // namespace
 
 std::uint32_t GLTextureDevice::Generate() {
     GLuint glName = 0;
@@ -53,8 +83,12 @@ void GLTextureDevice::Upload(std::uint32_t glName, const std::uint32_t* pixels, 
     if (options.quality != TextureQuality::Full) {
         internalFormat = options.compression ? GL_COMPRESSED_RGBA_ARB : GL_RGBA4;
     }
-    gluBuild2DMipmaps(GL_TEXTURE_2D, internalFormat, static_cast<GLsizei>(width),
-                      static_cast<GLsizei>(height), GL_BGRA_EXT, GL_UNSIGNED_BYTE, pixels);
+    if (Mipmaps::CanHalve(width, height) && IsHeld(width, height)) {
+        UploadLevels(internalFormat, pixels, width, height);
+    } else {
+        gluBuild2DMipmaps(GL_TEXTURE_2D, internalFormat, static_cast<GLsizei>(width),
+                          static_cast<GLsizei>(height), GL_BGRA_EXT, GL_UNSIGNED_BYTE, pixels);
+    }
 }
 
 void GLTextureDevice::SetAnisotropy(std::uint32_t glName, int anisotropy) {

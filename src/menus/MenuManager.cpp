@@ -2,7 +2,9 @@
 
 #include "menus/MenuManager.h"
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 #include <memory>
 
 #include "audio/Sound.h"
@@ -24,11 +26,46 @@ GuiScreen* previous = nullptr;
 std::unique_ptr<Sound> backgroundSound;  // loops while a menu shows
 
 template <class Menu>
-void Make(Number number) {
-    auto& menu = menus[static_cast<std::size_t>(number)];
-    if (!menu) {
-        menu = std::make_unique<Menu>();
+std::unique_ptr<GuiScreen> New() {
+    return std::make_unique<Menu>();
+}
+
+struct Maker {
+    Number number;
+    std::unique_ptr<GuiScreen> (*make)();
+};
+
+/// In the order in which they are built.
+constexpr Maker makers[menuCount] = {
+    {Main, New<Menu_Main>},
+    {InGame, New<Menu_InGame>},
+    {Options, New<Menu_Options>},
+    {Instructions, New<Menu_Instructions>},
+    {HighScores, New<Menu_HighScores>},
+    {LoadMap, New<Menu_LoadMap>},
+    {QuitGame, New<Menu_QuitGame>},
+    {Credits, New<Menu_Credits>},
+    {LevelFinished, New<Menu_LevelFinished>},
+    {Restart, New<Menu_Restart>},
+};
+
+/// False if the menu was there already.
+bool Build(const Maker& maker) {
+    auto& menu = menus[static_cast<std::size_t>(maker.number)];
+    if (menu) {
+        return false;
     }
+    menu = maker.make();
+    return true;
+}
+
+GuiScreen* Built(int number) {
+    for (const Maker& maker : makers) {
+        if (maker.number == number) {
+            Build(maker);
+        }
+    }
+    return menus[static_cast<std::size_t>(number)].get();
 }
 
 int NumberOf(const GuiScreen* screen) {
@@ -60,20 +97,14 @@ void BackToGame() {
 void Initialise() {
     current = nullptr;
     previous = nullptr;
-    Make<Menu_Main>(Main);
-    Make<Menu_InGame>(InGame);
-    Make<Menu_Options>(Options);
-    Make<Menu_Instructions>(Instructions);
-    Make<Menu_HighScores>(HighScores);
-    Make<Menu_LoadMap>(LoadMap);
-    Make<Menu_QuitGame>(QuitGame);
-    Make<Menu_Credits>(Credits);
-    Make<Menu_LevelFinished>(LevelFinished);
-    Make<Menu_Restart>(Restart);
     if (!backgroundSound) {
         const ConfigFile general("cfg\\menu_general.cfg");
         backgroundSound = std::make_unique<Sound>(general.GetString("menuBgSound"));
     }
+}
+
+bool BuildNext() {
+    return std::any_of(std::begin(makers), std::end(makers), Build);
 }
 
 void Shutdown() {
@@ -88,7 +119,7 @@ void Shutdown() {
 void Show(int number) {
     previous = current;
     if (number >= None && number <= menuCount) {
-        current = menus[static_cast<std::size_t>(number)].get();
+        current = Built(number);
     }
     if (current) {
         StartCurrent();

@@ -2,8 +2,9 @@
 // The game's ten menus and which of them shows. The game is the window's listener and passes
 // input on, and draws the menu over its own frame.
 //
-// Initialise builds what is missing, so it may run at each start of a level; Shutdown ends it.
-// Main thread only.
+// A menu is built when it is first shown, or before that by BuildNext, in a moment that nobody
+// waits for: the pictures of all of them take longer to load than a level. Initialise may run at
+// each start of a level; Shutdown ends it. Main thread only.
 
 namespace MenuManager {
 
@@ -25,6 +26,8 @@ enum Number : int {
 /// No menu shows afterwards.
 void Initialise();
 void Shutdown();
+/// Builds the next menu that is missing; false if all are there.
+bool BuildNext();
 
 /// Shows a menu from its initial state, or none. A number that isn't one keeps the menu, which
 /// starts anew. The menu that showed becomes the previous one: going back reaches one step.

@@ -1,9 +1,15 @@
+#include <GL/glu.h>
+
 #include <algorithm>
 #include <cstdlib>
+#include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "WindowFixture.h"
+#include "graphics/ImageReader.h"
+#include "graphics/Mipmaps.h"
 #include "platform/DataRoot.h"
 #include "platform/Paths.h"
 #include "support/Places.h"
@@ -117,6 +123,68 @@ TEST_F(TextureWindowTest, AnisotropyIsSetOnTexturesThatStandAndOnNewOnes) {
     const Texture after("samples\\rgb.bmp", nullptr);
     EXPECT_EQ(anisotropy(before), device.MaxAnisotropy());
     EXPECT_EQ(anisotropy(after), device.MaxAnisotropy());
+}
+
+/// All levels of a texture, one after the other.
+std::vector<std::uint32_t> Levels(std::uint32_t glName, std::uint32_t width, std::uint32_t height) {
+    glBindTexture(GL_TEXTURE_2D, glName);
+    std::vector<std::uint32_t> all;
+    for (GLint level = 0;; ++level) {
+        const std::size_t before = all.size();
+        all.resize(before + std::size_t{width} * height);
+        glGetTexImage(GL_TEXTURE_2D, level, GL_BGRA, GL_UNSIGNED_BYTE, &all[before]);
+        if (width == 1 && height == 1) {
+            return all;
+        }
+        width = std::max(width / 2, 1u);
+        height = std::max(height / 2, 1u);
+    }
+}
+
+std::vector<std::uint32_t> Noise(std::size_t count) {
+    std::minstd_rand random;
+    std::vector<std::uint32_t> pixels(count);
+    for (std::uint32_t& pixel : pixels) {
+        pixel = static_cast<std::uint32_t>(random()) << 16 ^ static_cast<std::uint32_t>(random());
+    }
+    return pixels;
+}
+
+TEST_F(TextureWindowTest, MipmapsAreThoseOfGluToTheLastBit) {
+    const Texture ours("ours", nullptr);
+    const Texture glus("glus", nullptr);
+    const auto compare = [&](const Pixels& pixels, std::uint32_t width, std::uint32_t height) {
+        device.Upload(ours.glName, pixels.data(), width, height, {});
+        glBindTexture(GL_TEXTURE_2D, glus.glName);
+        gluBuild2DMipmaps(GL_TEXTURE_2D, GL_RGBA, static_cast<GLsizei>(width),
+                          static_cast<GLsizei>(height), GL_BGRA, GL_UNSIGNED_BYTE, pixels.data());
+        return Levels(ours.glName, width, height) == Levels(glus.glName, width, height);
+    };
+    for (const auto& [width, height] : {std::pair{1u, 1u},
+                                        {2u, 1u},
+                                        {1u, 64u},
+                                        {512u, 1u},
+                                        {2u, 2u},
+                                        {128u, 4u},
+                                        {8u, 256u},
+                                        {512u, 512u}}) {
+        EXPECT_TRUE(compare(Noise(std::size_t{width} * height), width, height))
+            << width << " by " << height;
+    }
+    Platform::UseDataRoot(SourceDirectory() / "data", true);
+    int compared = 0;
+    for (const std::string folder : {"img\\", "img\\menu\\", "img\\gallery\\"}) {
+        for (const std::string& file : Platform::ListFiles(folder + "*.png")) {
+            const auto image = Platform::ReadImageFile(*Platform::FindFile(folder + file));
+            ASSERT_TRUE(image) << file;
+            if (Mipmaps::CanHalve(image->width, image->height)) {
+                EXPECT_TRUE(compare(ConvertImage(*image).pixels, image->width, image->height))
+                    << file;
+                ++compared;
+            }
+        }
+    }
+    EXPECT_GE(compared, 350);
 }
 
 TEST_F(TextureWindowTest, EveryShippedPictureLoads) {
