@@ -9,6 +9,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
@@ -17,6 +18,7 @@
 #include <iterator>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "support/Places.h"
@@ -82,6 +84,17 @@ public:
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
+    /// Seconds that all its threads have taken so far; steadier than time where others work, too.
+    double ProcessorTime() const {
+        std::ifstream file("/proc/" + std::to_string(process) + "/stat");
+        std::string word;
+        double tics = 0.0;
+        for (int field = 1; field <= 15 && file >> word; ++field) {
+            tics += field >= 14 ? std::stod(word) : 0.0;
+        }
+        return tics / static_cast<double>(sysconf(_SC_CLK_TCK));
+    }
+
 private:
     [[noreturn]] static void Become(const std::filesystem::path& home) {
         setenv("HOME", home.c_str(), 1);
@@ -109,8 +122,8 @@ bool WaitFor(const std::function<bool()>& condition) {
     return true;
 }
 
-/// What the menu looks like once it stands; nothing if the level never comes.
-Pixels LookAtMenu(const Screen& screen, const TemporaryDirectory& home) {
+/// What the menu looks like once it stands, as its buttons move; nothing if the level never comes.
+std::vector<Pixels> LookAtMenu(const Screen& screen, const TemporaryDirectory& home) {
     const Program program(home.path);
     const bool loaded = WaitFor([&] {
         std::ifstream log(home.path / "ConsoleLog.txt");
@@ -118,16 +131,26 @@ Pixels LookAtMenu(const Screen& screen, const TemporaryDirectory& home) {
         return text.find("Game initialisation") != std::string::npos;
     });
     std::this_thread::sleep_for(std::chrono::seconds(3));
-    return loaded ? screen.Middle() : Pixels();
+    std::vector<Pixels> looks;
+    for (int i = 0; loaded && i < 60; ++i) {
+        Pixels look = screen.Middle();
+        if (std::find(looks.begin(), looks.end(), look) == looks.end()) {
+            looks.push_back(std::move(look));
+        }
+        std::this_thread::sleep_for(milliseconds(25));
+    }
+    return looks;
 }
 
 /// Nearly everywhere the same: a thing or two may move behind the menu.
-bool LooksLike(const Pixels& seen, const Pixels& expected) {
-    std::size_t same = 0;
-    for (std::size_t i = 0; i < seen.size() && i < expected.size(); ++i) {
-        same += seen[i] == expected[i] ? 1 : 0;
-    }
-    return same * 10 >= expected.size() * 9;
+bool LooksLike(const Pixels& seen, const std::vector<Pixels>& looks) {
+    return std::any_of(looks.begin(), looks.end(), [&](const Pixels& expected) {
+        std::size_t same = 0;
+        for (std::size_t i = 0; i < seen.size() && i < expected.size(); ++i) {
+            same += seen[i] == expected[i] ? 1 : 0;
+        }
+        return same * 10 >= expected.size() * 9;
+    });
 }
 
 void StartToMainMenu(benchmark::State& state) {
@@ -135,11 +158,13 @@ void StartToMainMenu(benchmark::State& state) {
     const TemporaryDirectory home;
     home.Write("vid/intro.avi", "");
     home.Write("cfg/console.cfg", "enableLogging true\n");
-    const Pixels menu = screen.IsOpen() ? LookAtMenu(screen, home) : Pixels();
+    const std::vector<Pixels> menu =
+        screen.IsOpen() ? LookAtMenu(screen, home) : std::vector<Pixels>();
     if (menu.empty()) {
         state.SkipWithError("there is no display, or no menu on it");
         return;
     }
+    double processorTime = 0.0;
     for (auto _ : state) {
         // The window of the run before may take a moment to go.
         bool seen = WaitFor([&] { return !LooksLike(screen.Middle(), menu); });
@@ -147,11 +172,14 @@ void StartToMainMenu(benchmark::State& state) {
         const Program program(home.path);
         seen = seen && WaitFor([&] { return LooksLike(screen.Middle(), menu); });
         state.SetIterationTime(std::chrono::duration<double>(Clock::now() - begin).count());
+        processorTime += program.ProcessorTime();
         if (!seen) {
             state.SkipWithError("the menu doesn't come");
             break;
         }
     }
+    state.counters["processor_ms"] =
+        benchmark::Counter(processorTime * 1000.0, benchmark::Counter::kAvgIterations);
 }
 BENCHMARK(StartToMainMenu)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);
 

@@ -144,6 +144,9 @@ bool LoadMore() {
 
 void UpdateFrameTime() {
     gameState.frameTimer.Tick();
+    if (gameState.rested) {
+        return;  // the frames after a rest last as long as those before it
+    }
     gameState.frameTimeSum += gameState.frameTimer.deltaSeconds;
     if (++gameState.frameTimeCount < framesPerBatch) {
         return;
@@ -232,7 +235,8 @@ void Game::Frame() {
     if (GLWindow::IsCursorInClient()) {
         GLWindow::SetCursorKind(Platform::Cursor::Empty);
     }
-    gameState.stepAccumulator += gameState.frameTime;
+    gameState.stepAccumulator +=
+        gameState.rested ? gameState.frameTimer.deltaSeconds : gameState.frameTime;
     if (RunRecorder::IsReplaying()) {
         ReplayGatheredTime();
     } else if (gameState.stepAccumulator >= shortestStep) {
@@ -243,7 +247,7 @@ void Game::Frame() {
         Presentation::Current().DrawFrame();
     }
     if (MenuManager::Current() != MenuManager::None) {
-        LoadMore();
+        gameState.isLoadingMore = LoadMore();
     }
     ServeRequests();
 }
@@ -278,6 +282,8 @@ void Game::Run(const std::string& mapName) {
         if (GLWindow::IsMinimised()) {
             Platform::TheClock().Sleep(1);
         }
+        gameState.rested = MenuManager::Current() == MenuManager::Main && !gameState.consoleOpen &&
+                           !gameState.isLoadingMore && GLWindow::Rest();
     }
     GLWindow::SetListener(previous);
     Shutdown();

@@ -52,6 +52,8 @@ struct GameState {
     std::unique_ptr<Texture> font;
 
     Timer frameTimer;
+    bool isLoadingMore = false;  ///< behind the menu
+    bool rested = false;         ///< before this frame
     CostMeter simulationCost;
     CostMeter drawingCost;
 };

@@ -47,6 +47,10 @@ inline void RequestRepaint() {
 inline void SwapBuffers() {
     Platform::TheWindow().SwapBuffers();
 }
+/// Between frames of a screen that changes little; see platform/Window.h.
+inline bool Rest() {
+    return Platform::TheWindow().Rest();
+}
 /// Null is allowed and drops all events. Not owned.
 void SetListener(GLWindowEventListener* listener);
 GLWindowEventListener* GetListener();

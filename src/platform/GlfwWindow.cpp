@@ -17,6 +17,8 @@ namespace Platform {
 
 namespace {
 
+constexpr std::uint64_t nanosecondsPerMs = 1'000'000;
+
 // The toolkit's last error. Most are of no interest (a desktop that can't minimise); the
 // text is shown only when no window could be made.
 int lastErrorCode = 0;
@@ -69,9 +71,28 @@ bool ContextHolds(int width, int height) {
     return width <= most[0] && height <= most[1];
 }
 
+/// Of all monitors, as the window may be on any; 0 if none tells.
+int HighestRefreshRate() {
+    int count = 0;
+    GLFWmonitor** const monitors = glfwGetMonitors(&count);
+    int highest = 0;
+    for (int i = 0; i < count; ++i) {
+        const GLFWvidmode* const mode = glfwGetVideoMode(monitors[i]);
+        highest = std::max(highest, mode != nullptr ? mode->refreshRate : 0);
+    }
+    return highest;
+}
+
 std::string TextOf(GLenum name) {
     const GLubyte* text = glfwGetCurrentContext() != nullptr ? glGetString(name) : nullptr;
     return text != nullptr ? reinterpret_cast<const char*>(text) : "";
+}
+
+/// One that draws without the display's knowing.
+bool IsSoftwareRenderer() {
+    const std::string renderer = TextOf(GL_RENDERER);
+    const auto isNamed = [&](const char* name) { return renderer.find(name) != std::string::npos; };
+    return isNamed("llvmpipe") || isNamed("softpipe") || isNamed("swrast");
 }
 
 WindowInput::KeyAction ActionOf(int action) {
@@ -206,6 +227,7 @@ WindowError GlfwWindow::Create(const WindowSettings& settings) {
     state->samples = SamplesOfContext();
     state->hasSwapControl = ContextHasSwapControl();
     state->swapInterval = -1;
+    state->isPaced = false;
     state->cursor.reset();
     state->focus = {};
     state->keyCodes = {};
@@ -275,7 +297,11 @@ bool GlfwWindow::TakeEvent(Event& event) {
     if (state->input.IsEmpty()) {
         state->Poll();
     }
-    return state->input.Take(event);
+    const bool taken = state->input.Take(event);
+    if (taken && event.kind != EventKind::Paint) {
+        state->lastEvent = state->clock.Counter();
+    }
+    return taken;
 }
 
 void GlfwWindow::RequestRepaint() {
@@ -286,11 +312,42 @@ void GlfwWindow::SwapBuffers() {
     if (IsOpen()) {
         VANTREL_ASSERT(glfwGetCurrentContext() == state->window);
         glfwSwapBuffers(state->window);
+        state->AwaitNextFrame();
     }
 }
 
+void GlfwWindow::State::AwaitNextFrame() {
+    if (isPaced) {
+        // In whole milliseconds, rounded down; what is left is part of the next wait.
+        clock.Sleep(static_cast<std::uint32_t>(pace.AfterSwap(clock.Counter()) / nanosecondsPerMs));
+    }
+}
+
+bool GlfwWindow::Rest() {
+    constexpr std::uint64_t untilRest = 1000 * nanosecondsPerMs;
+    // A little more than a picture of the menus' animations, of which there are twelve in a second.
+    constexpr std::uint64_t frame = 85 * nanosecondsPerMs;
+    const std::uint64_t now = state->clock.Counter();
+    if (!IsOpen() || !state->isPaced || !state->pace.IsFree() || !state->input.IsEmpty() ||
+        now - state->lastEvent < untilRest) {
+        return false;
+    }
+    state->restEnd = std::max(state->restEnd + frame, now);
+    if (state->restEnd > now + frame || state->restEnd == now) {
+        state->restEnd = now;  // the first for a while, or late
+        return false;
+    }
+    glfwWaitEventsTimeout(static_cast<double>(state->restEnd - now) / 1.0e9);
+    return true;
+}
+
 bool GlfwWindow::SetSwapInterval(int interval) {
-    if (!IsOpen() || !state->hasSwapControl) {
+    if (!IsOpen()) {
+        return false;
+    }
+    state->isPaced = interval > 0;
+    state->pace.Begin(HighestRefreshRate(), IsSoftwareRenderer());
+    if (!state->hasSwapControl) {
         return false;
     }
     glfwSwapInterval(interval);

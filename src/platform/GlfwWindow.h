@@ -28,6 +28,7 @@ public:
     void SwapBuffers() override;
     bool SetSwapInterval(int interval) override;
     int SwapInterval() const override;
+    bool Rest() override;
     void SetViewport(int width, int height) override;
     void SetPixelProjection(int width, int height) override;
     std::string ExtensionText() const override;

@@ -4,6 +4,7 @@
 #include <GLFW/glfw3.h>
 
 #include <atomic>
+#include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
@@ -14,6 +15,7 @@
 #include "platform/FocusFilter.h"
 #include "platform/GlfwWindow.h"
 #include "platform/Keys.h"
+#include "platform/SwapPace.h"
 #include "platform/WindowInput.h"
 
 namespace Platform {
@@ -57,6 +59,11 @@ struct GlfwWindow::State {
     std::map<unsigned, bool> offers;  ///< answers of OffersSamples
     bool hasSwapControl = false;
     int swapInterval = -1;
+    bool isPaced =
+        false;  ///< an interval of 1 or more was asked for, whether there is control or not
+    SwapPace pace;
+    std::uint64_t lastEvent = 0;  ///< when one was last taken, by the clock's counter
+    std::uint64_t restEnd = 0;    ///< when the last rest ended, or was to end
 
     Frame windowedFrame;  ///< the last one known
 
@@ -79,6 +86,8 @@ struct GlfwWindow::State {
     void ListenToEvents();
     void ApplyIcon();
     void Poll();
+    /// After a swap: where it should have waited for the retrace, and didn't.
+    void AwaitNextFrame();
     /// Fills the window with a plain colour until its first frame; it would show what lay under it.
     void PaintPlainly();
     /// Fills `told` for the first time; events keep it up to date.

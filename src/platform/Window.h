@@ -65,9 +65,15 @@ public:
     // A requested repaint comes when nothing else waits; requests made before it are one.
     virtual bool TakeEvent(Event& event) = 0;
     virtual void RequestRepaint() = 0;
+    /// Once an interval of 1 or more was asked for, a swap lasts until the display is ready for the
+    /// next picture, also where there is no retrace to wait for (platform/SwapPace.h).
     virtual void SwapBuffers() = 0;
     virtual bool SetSwapInterval(int interval) = 0;  ///< false if there is no such control
     virtual int SwapInterval() const = 0;            ///< -1 if it can't be asked
+    /// For a screen that changes little: after a while without events it waits for the next one,
+    /// for a few frames at most. True if it waited. Only where swapping should wait for the retrace
+    /// but doesn't; else frames cost little, and it comes back at once.
+    virtual bool Rest() { return false; }
     virtual void SetViewport(int width, int height) = 0;
     /// Viewport and projection of 1 unit per pixel, origin top left, y down; depth unscaled.
     /// Selects and clears the modelview matrix.
