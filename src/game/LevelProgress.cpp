@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "actors/Camera.h"
@@ -48,9 +49,7 @@ float finishWaterVolume = 0.0f;      // share of the water that must stand in th
 std::unique_ptr<Sound> finishSound;
 std::unique_ptr<Sound> deadSound;
 std::unique_ptr<GuiAnimatedButton> finishAnimation;
-// What it will be made of.
-std::string finishAnimationFrames;
-float finishAnimationFrameRate = 0.0f;
+std::optional<std::string> finishFrames;  // its pictures, until they are loaded
 
 void CreateOnce(std::unique_ptr<Sound>& sound, const std::string& fileName) {
     if (!sound) {
@@ -134,8 +133,9 @@ void Initialise() {
     current.finishTimer = finishAnimationTime;
     finishWaterVolume = file.GetFloat("finishWaterVolume");
     if (!finishAnimation) {
-        finishAnimationFrames = file.GetString("finishAnimationFrames");
-        finishAnimationFrameRate = file.GetFloat("finishAnimationFrameRate");
+        finishAnimation = std::make_unique<GuiAnimatedButton>();
+        finishAnimation->animationSpeed = file.GetFloat("finishAnimationFrameRate");
+        finishFrames = file.GetString("finishAnimationFrames");
     }
     CreateOnce(finishSound, file.GetString("finishSound"));
     CreateOnce(deadSound, file.GetString("deadSound"));
@@ -146,6 +146,7 @@ void Initialise() {
 
 void Shutdown() {
     finishAnimation.reset();
+    finishFrames.reset();
     finishSound.reset();
     deadSound.reset();
     commands.Remove();
@@ -263,20 +264,19 @@ float FinishFade() {
 }
 
 bool PrepareFinish() {
-    if (finishAnimation) {
+    if (!finishFrames) {
         return false;
     }
-    finishAnimation = std::make_unique<GuiAnimatedButton>();
-    finishAnimation->SetFramesOutOfFocus(finishAnimationFrames);
-    finishAnimation->SetFramesInFocus(finishAnimationFrames);
-    finishAnimation->SetFramesClicked(finishAnimationFrames);
-    finishAnimation->animationSpeed = finishAnimationFrameRate;
+    finishAnimation->SetFramesOutOfFocus(*finishFrames);
+    finishAnimation->SetFramesInFocus(*finishFrames);
+    finishAnimation->SetFramesClicked(*finishFrames);
+    finishFrames.reset();
     return true;
 }
 
-GuiAnimatedButton& FinishAnimation() {
+GuiAnimatedButton* FinishAnimation() {
     PrepareFinish();
-    return *finishAnimation;
+    return finishAnimation.get();
 }
 
 }  // namespace LevelProgress

@@ -70,10 +70,10 @@ inline std::uint32_t& respawnAmount = current.respawnAmount;
 extern bool timePrint;
 /// How far the fade over the finished level is, 0..1; negative while it doesn't show.
 float FinishFade();
-/// The animation over the finished level.
-GuiAnimatedButton& FinishAnimation();
+/// The animation over the finished level, made at the first level's start; null before.
+GuiAnimatedButton* FinishAnimation();
 /// Loads its pictures, which are as large as the window, in a moment that nobody waits for; false
-/// if they are there. After the first Initialise.
+/// if there is nothing to load. Else they are loaded when it first shows.
 bool PrepareFinish();
 
 }  // namespace LevelProgress

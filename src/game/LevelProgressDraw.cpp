@@ -46,22 +46,25 @@ float Enlargement(const Texture& picture, Vector2 centre) {
 
 /// Fades the animation in over the level, which stands still behind it.
 void DrawFinishAnimation(float fade) {
-    GuiAnimatedButton& animation = FinishAnimation();
-    animation.SetSize(static_cast<int>(Game::ViewWidth()), static_cast<int>(Game::ViewHeight()));
-    animation.SetPosition(0, 0);
-    animation.visible = true;
+    GuiAnimatedButton* animation = FinishAnimation();
+    if (!animation) {
+        return;
+    }
+    animation->SetSize(static_cast<int>(Game::ViewWidth()), static_cast<int>(Game::ViewHeight()));
+    animation->SetPosition(0, 0);
+    animation->visible = true;
     // Only the state: the frame goes on from paint to paint.
-    animation.state = GuiAnimatedButton::OutOfFocus;
-    animation.SetColour({1.0f, 1.0f, 1.0f, fade});
-    const Vector2 centre{static_cast<float>(animation.width) / 2.0f,
-                         static_cast<float>(animation.height) / 2.0f};
-    const Texture* picture = animation.CurrentFrame();
+    animation->state = GuiAnimatedButton::OutOfFocus;
+    animation->SetColour({1.0f, 1.0f, 1.0f, fade});
+    const Vector2 centre{static_cast<float>(animation->width) / 2.0f,
+                         static_cast<float>(animation->height) / 2.0f};
+    const Texture* picture = animation->CurrentFrame();
     const float scale = picture ? Enlargement(*picture, centre) : 1.0f;
     glPushMatrix();
     glTranslatef(centre.x, centre.y, 0.0f);
     glScalef(scale, scale, 1.0f);
     glTranslatef(-centre.x, -centre.y, 0.0f);
-    animation.OnPaint();
+    animation->OnPaint();
     glPopMatrix();
 }
 
