@@ -38,7 +38,7 @@ protected:
         glEnd();
         Texturing::End();
         std::vector<std::uint8_t> picture;
-        for (const GLenum channel : {GL_RED, GL_GREEN, GL_BLUE}) {
+        for (const GLenum channel : {GLenum{GL_RED}, GLenum{GL_GREEN}, GLenum{GL_BLUE}}) {
             const auto pixels = ReadChannel(channel, 0, 0, 320, 240);
             picture.insert(picture.end(), pixels.begin(), pixels.end());
         }
