@@ -156,6 +156,8 @@ TEST(DelayedEffects, AreDroppedBeyondTheirLimitAndTheConsoleSaysSo) {
         TriggerManager::Step(Camera::Look(), 0.01f);
     }
     EXPECT_LT(Actors::current.delayedEffects.Count(), Limits::waitingEffects);
+    TriggerManager::Reset();
+    EXPECT_EQ(Actors::current.delayedEffects.Count(), 0u);
     Console::Shutdown();
 }
 

@@ -132,13 +132,4 @@ TEST_F(LevelObjects, AreQueuedByTextureIfTheyTouchTheSquareRoundTheCamera) {
     EXPECT_EQ(Queued(4), 1u);
 }
 
-TEST_F(LevelObjects, AreMadeFromTheConsole) {
-    Console::Execute("ObjectCreate 10 -20.5 7 img\\wheel_FRAME01.png");
-    ASSERT_EQ(LevelObjectsManager::animatedObjects.size(), 1u);
-    const LevelObject& wheel = LevelObjectsManager::animatedObjects.front();
-    EXPECT_EQ(wheel.position, (Vector2{10.0f, -20.5f}));
-    EXPECT_EQ(wheel.id, 7u);
-    EXPECT_EQ(wheel.layer, 0u);
-}
-
 }  // namespace

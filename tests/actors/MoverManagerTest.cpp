@@ -23,21 +23,6 @@ TEST(MoverManager, MakesCollidersOfSolidPolygonsWithTrianglesOnly) {
     EXPECT_EQ(LevelData::StateOf(moved).offset, (Vector2{5.0f, 0.0f}));
 }
 
-TEST(MoverManager, TurnsEdgesTowardsTheSolidForEitherWinding) {
-    TestWorld world;
-    TestWorld::Add(Box(0.0f, 0.0f, 20.0f, 10.0f), 1);
-    TestWorld::Add(TestLevel::Polygon({{0.0f, 10.0f}, {20.0f, 10.0f}, {20.0f, 0.0f}, {0.0f, 0.0f}}),
-                   1);
-    TestWorld::AddMover(1, {}, {}, 0.0f);
-    ASSERT_EQ(MoverManager::colliders.size(), 2u);
-    for (const MoverCollider& collider : MoverManager::colliders) {
-        ASSERT_EQ(collider.edges.size(), 4u);
-        for (const BspSegment& edge : collider.edges) {
-            EXPECT_GT(Dot(Vector2{10.0f, 5.0f} - edge.start, edge.normal), 0.0f);
-        }
-    }
-}
-
 TEST(MoverManager, OffersTheEdgesNearTheCameraToQueries) {
     TestWorld world;
     LevelPolygon& near = TestWorld::Add(Box(-20.0f, 0.0f, 20.0f, 20.0f), 1);

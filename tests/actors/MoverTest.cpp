@@ -39,16 +39,6 @@ TEST(Mover, StopsOrTurnsAtTheEndsOfItsPath) {
     }
 }
 
-TEST(Mover, StaysOnAPathOfNoLength) {
-    for (int state = Mover::Stopped; state <= Mover::LoopingToEnd; ++state) {
-        Mover mover = Along({3.0f, 3.0f}, {3.0f, 3.0f}, 100.0f, state);
-        for (int i = 0; i < 5; ++i) {
-            mover.Advance(0.01f);
-            EXPECT_EQ(mover.Offset(), Vector2{});
-        }
-    }
-}
-
 TEST(Mover, NeverLeavesTheFiniteWorld) {
     constexpr float infinity = std::numeric_limits<float>::infinity();
     constexpr float most = std::numeric_limits<float>::max();

@@ -2,11 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cmath>
-#include <limits>
 
-#include "engine/Console.h"
 #include "level/Collision.h"
 #include "support/TestWorld.h"
 
@@ -177,27 +174,6 @@ TEST_F(Triggers, BindWhatIsThereWhenTheyAreAdded) {
     EXPECT_EQ(none.forces.size(), 0u);
 }
 
-TEST_F(Triggers, WaitForTheirDelay) {
-    const Mover& mover = TestWorld::AddMover(7, {}, {100.0f, 0.0f}, 10.0f);
-    Make(TriggerKind::MoverGoToEndOnce, 7, 0.05f);
-    Inside();
-    TriggerManager::Step(Camera::Look(), dt);
-    ParticleManager::particles.clear();
-    TriggerManager::Step(Camera::Look(), dt);
-    TriggerManager::Step(Camera::Look(), dt);
-    EXPECT_EQ(mover.state, Mover::Stopped);
-    TriggerManager::Step(Camera::Look(), dt);
-    EXPECT_EQ(mover.state, Mover::GoingToEnd);
-    EXPECT_EQ(Actors::current.delayedEffects.Count(), 0u);
-
-    TriggerManager::Reset();
-    Inside();
-    TriggerManager::Step(Camera::Look(), dt);
-    EXPECT_EQ(Actors::current.delayedEffects.Count(), 1u);
-    TriggerManager::Reset();
-    EXPECT_EQ(Actors::current.delayedEffects.Count(), 0u);
-}
-
 TEST_F(Triggers, CountWaterInTheFinish) {
     ParticleGroup& ice = GroupedParticleMover::groups.emplace_back();
     ice.position = {50.0f, 50.0f};
@@ -211,47 +187,6 @@ TEST_F(Triggers, CountWaterInTheFinish) {
     ParticleManager::particles.clear();
     GroupedParticleMover::groups.clear();
     EXPECT_EQ(TriggerManager::Step(Camera::Look(), dt).waterInFinish, 0u) << "once for a step";
-}
-
-TEST_F(Triggers, SurviveShapesAndNumbersOfAllKinds) {
-    const float infinity = std::numeric_limits<float>::infinity();
-    const Vector2 corners[] = {{50.0f, 50.0f},        {0.0f, 0.0f},      {100.0f, 100.0f},
-                               {2.0e9f, 2.0e9f},      {-2.0e9f, 2.0e9f}, {infinity, 0.0f},
-                               {std::nanf(""), 5.0f}, {50.0f, -2.0e9f}};
-    int index = 0;
-    for (int type = -5; type < 1000; ++type) {
-        const auto corner = [&] { return corners[(index += 3) % 8]; };
-        const float delays[] = {0.0f, -1.0f, infinity, std::nanf(""), 1.0e30f};
-        const Vector2 a = corner();
-        const Vector2 b = index % 5 == 0 ? a : corner();
-        TriggerManager::Add(type, static_cast<std::uint32_t>(type), delays[index % 5], a, b,
-                            corner(), corner());
-    }
-    for (int i = 0; i < 20; ++i) {
-        Inside();
-    }
-    TestWorld::Start();
-    TestWorld::Steps(20);
-    for (const Particle& particle : ParticleManager::particles) {
-        EXPECT_TRUE(std::isfinite(particle.position.x) && std::isfinite(particle.position.y));
-    }
-}
-
-TEST_F(Triggers, AreListedAndMadeOnTheConsole) {
-    Console::Initialise();
-    TriggerManager::Initialise();
-    Console::Execute("TriggerTypeList");
-    EXPECT_NE(Console::OutputText().find("\nTrigger id: 201\t\tTrigger name:   "
-                                         "Force_instantenous_a\nTrigger id: 202"),
-              std::string::npos);
-    Console::Execute("TriggerCreate 0 3 10 20 30.5 40");
-    ASSERT_EQ(TriggerManager::triggers.size(), 1u);
-    const Trigger& trigger = TriggerManager::triggers.front();
-    EXPECT_EQ(trigger.targetId, 3u);
-    EXPECT_EQ(trigger.minX, 10.0f);
-    EXPECT_EQ(trigger.maxX, 40.5f);
-    EXPECT_EQ(trigger.maxY, 60.0f);
-    Console::Shutdown();
 }
 
 }  // namespace

@@ -107,14 +107,6 @@ TEST_F(SoundSourceTest, WaitsForItsTriggerAndObeysIt) {
     EXPECT_LT(Level(), 1e-5);
 }
 
-TEST_F(SoundSourceTest, IsMadeFromTheConsole) {
-    Console::Execute("SoundSourceCreate 10 0 100 true 5 snd\\tone.wav");
-    EXPECT_EQ(SoundSourceManager::loopingSources.size(), 1u);
-    EXPECT_LT(Level(), 1e-5);
-    SoundSourceManager::Play(5);
-    EXPECT_NEAR(Level(), At(0.9f), 0.01);
-}
-
 TEST_F(SoundSourceTest, LivesWithItsLevel) {
     LevelFile file;
     file.sounds = {{1, {0, 0}, 100, 1, "snd\\tone.wav"}, {2, {0, 0}, 100, 1, "snd\\tone.wav"}};

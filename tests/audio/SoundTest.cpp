@@ -133,27 +133,6 @@ TEST_F(SoundTest, PlaysAllForms) {
     EXPECT_EQ(audio.LoadSample({1, 8, 250000}, {&byte, 1}), 0u);
 }
 
-TEST_F(SoundTest, CopiesPlayOnTheirOwnAndCanBeBroughtInPhase) {
-    Sound first("snd\\tone.wav");
-    first.PlayLooped();
-    Render(0.3123);
-    Sound second(first);
-    EXPECT_FALSE(second.IsPlaying());
-    EXPECT_TRUE(second.CopyPositionFrom(first));
-    second.PlayLooped();
-    Render(0.1);
-    EXPECT_NEAR(LoudnessOf(0.5), 2.0 * 0.5 / std::numbers::sqrt2, 0.01);
-    first.Stop();
-    Render(0.05);
-    EXPECT_NEAR(LoudnessOf(0.5), 0.5 / std::numbers::sqrt2, 0.01);
-    const Sound& itself = second;
-    second = itself;
-    EXPECT_TRUE(second.IsPlaying());
-    second = Sound("snd\\missing.wav");
-    EXPECT_FALSE(second.CopyPositionFrom(first));
-    EXPECT_FALSE(second.IsPlaying());
-}
-
 TEST_F(SoundTest, LoadsAFileOnceAndForgetsItWithItsLastSound) {
     const auto memory = [] {
         Console::Clear();

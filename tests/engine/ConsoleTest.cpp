@@ -105,16 +105,6 @@ TEST_F(ConsoleTest, PrintsAtAnyMoment) {
     EXPECT_EQ(Console::OutputText(), line + "x" + line);
 }
 
-TEST_F(ConsoleTest, KeepsTheLastCharactersOfALongOutput) {
-    for (std::uint32_t i = 0; i < Console::outputSize + 10; ++i) {
-        Console::PrintChar(static_cast<char>('a' + i % 26));
-    }
-    const std::string text = Console::OutputText();
-    EXPECT_EQ(text.size(), Console::outputSize);
-    EXPECT_EQ(text.front(), 'a' + 10);
-    EXPECT_EQ(text.back(), 'a' + (Console::outputSize + 9) % 26);
-}
-
 TEST_F(ConsoleTest, LogsWhatIsPrintedUnchanged) {
     directory.Write("ConsoleLog.txt", "an older log");
     EXPECT_EQ(Reply("LogConsole"), "\nLogConsole is false");

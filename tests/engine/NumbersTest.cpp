@@ -1,11 +1,9 @@
-// Random numbers, time and geometry.
+// Random numbers and geometry.
 
 #include <gtest/gtest.h>
 
 #include "engine/Geometry.h"
 #include "engine/Random.h"
-#include "engine/Timer.h"
-#include "platform/Clock.h"
 
 // The expected words were computed apart from this code, with Python's floats and integers.
 TEST(Random, DrawsTheSameSequenceInEveryBuild) {
@@ -23,29 +21,6 @@ TEST(Random, DrawsTheSameSequenceInEveryBuild) {
     }
     EXPECT_EQ(hash, 0x8232a3df62b790ecu);
     EXPECT_EQ(Random::state, 0x5bd36186u);
-}
-
-class TimerTest : public testing::Test {
-protected:
-    TimerTest() { Platform::UseClock(&clock); }
-    ~TimerTest() override { Platform::UseClock(nullptr); }
-
-    Platform::ScriptedClock clock;
-};
-
-TEST_F(TimerTest, MeasuresBetweenTicksAndOverTheWrapOfTheClock) {
-    clock.Advance(0xFFFFFFF0u);
-    Timer timer;
-    clock.Advance(0x20);
-    timer.Tick();
-    EXPECT_EQ(timer.deltaMs, 0x20u);
-    EXPECT_EQ(timer.lastClock, 0x10u);
-    EXPECT_EQ(timer.deltaSeconds, static_cast<float>(32 * 0.001));
-    timer.Tick();
-    EXPECT_EQ(timer.deltaMs, 0u);
-    EXPECT_EQ(timer.deltaSeconds, 0.00000001f);
-    timer.Reset();
-    EXPECT_EQ(timer.deltaSeconds, 0.0f);
 }
 
 TEST(Geometry, SegmentsCrossUnlessTheyShareAnEnd) {

@@ -1,4 +1,4 @@
-// Loading, failing to load, restarting and ending a level, through real files.
+// Loading a level and failing to, through real files.
 
 #include "game/LevelLife.h"
 #include "level/LevelData.h"
@@ -11,10 +11,8 @@
 #include "actors/Camera.h"
 #include "actors/ForceManager.h"
 #include "engine/Console.h"
-#include "engine/ConsoleCommands.h"
 #include "level/BspTree.h"
 #include "level/DynamicPolygonRenderer.h"
-#include "level/Surfaces.h"
 #include "platform/Paths.h"
 #include "support/TemporaryDirectory.h"
 #include "support/TestLevelFile.h"
@@ -67,26 +65,6 @@ std::vector<float> Corners() {
 }
 
 }  // namespace
-
-TEST_F(LevelDataTest, PublishesThePolygonsOfAFile) {
-    directory.Write("cfg/surfaces.cfg", "surfaceFriction_stone = 0.5");
-    Platform::ForgetListings();
-    ReadSurfaces();
-    LevelFile file = TestLevelFile::Rich();
-    ASSERT_TRUE(Load(file)) << Console::OutputText();
-    ASSERT_EQ(LevelData::polygons.size(), 3u);
-    const LevelPolygon& stone = Polygon(0);
-    EXPECT_EQ(stone.id, 7u);
-    EXPECT_EQ(stone.texture.name, "tex\\stone.tga");
-    EXPECT_EQ(stone.triangleCount, 2u);
-    EXPECT_EQ(stone.friction, 0.5f);
-    EXPECT_EQ(stone.Point(2), (Vector2{100.0f, 50.0f}));
-    EXPECT_EQ(Polygon(1).triangleCount, 0u);
-    EXPECT_EQ(Polygon(2).layer, 4u);
-    EXPECT_EQ(LevelData::waterStart, (Vector2{-11.0f, 12.0f}));
-    EXPECT_EQ(LevelData::cameraStart, (Vector2{13.0f, -14.0f}));
-    EXPECT_TRUE(Printed("\nLevel 'LEV\\LEVEL.SWAH' loaded successfully..\nLevel loading took "));
-}
 
 TEST_F(LevelDataTest, ReadsFlagsAsANumber) {
     LevelFile file;
@@ -165,76 +143,6 @@ TEST_F(LevelDataTest, KeepsTheOldLevelWhenALoadFails) {
     EXPECT_FALSE(LevelData::Load("LEV\\OTHER.SWAH"));
     EXPECT_TRUE(Printed("\nUnable to open level file 'LEV\\OTHER.SWAH'"));
     EXPECT_TRUE(untouched());
-}
-
-TEST_F(LevelDataTest, ReplacesTheOldLevel) {
-    ASSERT_TRUE(Load(TwoBoxes()));
-    LevelFile other;
-    other.polygons = {TestLevelFile::Polygon({{0, 0}, {90, 0}, {0, 90}})};
-    ASSERT_TRUE(Load(other));
-    EXPECT_EQ(LevelData::polygons.size(), 1u);
-    EXPECT_EQ(LevelData::polygonSegments.size(), 1u);
-    EXPECT_EQ(LevelData::polygonSegments[&Polygon(0)].size(), 3u);
-}
-
-TEST_F(LevelDataTest, MapsEverySegmentToItsPolygonInTheTreesOrder) {
-    LevelFile file;
-    for (int i = 0; i < 30; ++i) {
-        const int x = i * 37 % 20 * 50;
-        file.polygons.push_back(
-            TestLevelFile::Polygon({{x, i * 60}, {x + 700, i * 60 + 10}, {x + 300, i * 60 + 45}}));
-    }
-    ASSERT_TRUE(Load(file));
-    std::vector<BspSegment*> nodes;
-    BspTree::CollectNodes(nodes);
-    std::size_t mapped = 0;
-    for (const auto& [polygon, segments] : LevelData::polygonSegments) {
-        std::vector<BspSegment*> expected;
-        std::copy_if(nodes.begin(), nodes.end(), std::back_inserter(expected),
-                     [&owner = polygon](const BspSegment* s) { return s->polygon == owner; });
-        EXPECT_EQ(segments, expected);
-        mapped += segments.size();
-    }
-    EXPECT_EQ(mapped, nodes.size());
-}
-
-TEST_F(LevelDataTest, SwitchesTheEdgesOfAPolygonAndRestarts) {
-    LevelFile file = TwoBoxes(1, 2);
-    file.movers = {{2, 10.0f, {0, 0}, {50, 0}}};
-    ASSERT_TRUE(Load(file));
-    const auto active = [] {
-        const auto& segments = LevelData::polygonSegments[&Polygon(0)];
-        return std::count_if(segments.begin(), segments.end(),
-                             [](const BspSegment* s) { return BspTree::Collides(*s); });
-    };
-    LevelData::SetPolygonSolid(Polygon(0), false);
-    LevelData::SetPolygonSolid(Polygon(1), false);
-    EXPECT_EQ(active(), 0);
-    State(0).enabled = 0;
-    State(1).offset = {5.0f, 6.0f};
-    State(1).previousOffset = {4.0f, 6.0f};
-    LevelData::drawTriangles = true;
-
-    LevelData::Restart();
-    EXPECT_EQ(active(), 4);
-    EXPECT_EQ(State(0).enabled, 1);
-    EXPECT_EQ(State(1).offset, Vector2());
-    EXPECT_EQ(State(1).previousOffset, Vector2());
-    EXPECT_FALSE(LevelData::drawTriangles);
-    // What a trigger made unsolid stays so.
-    EXPECT_EQ(State(0).solid, 0);
-    EXPECT_EQ(State(1).solid, 0);
-    EXPECT_FALSE(LevelData::polygonSegments.contains(&Polygon(1)));
-}
-
-TEST_F(LevelDataTest, OffersItsCommandWhileALevelIsLoaded) {
-    ASSERT_TRUE(Load(TwoBoxes()));
-    Console::Execute("DrawTriangles true");
-    EXPECT_TRUE(LevelData::drawTriangles);
-    LevelData::Unload();
-    EXPECT_FALSE(Console::Commands().contains("DRAWTRIANGLES"));
-    EXPECT_TRUE(LevelData::polygons.empty());
-    EXPECT_EQ(BspTree::Root(), nullptr);
 }
 
 TEST_F(LevelDataTest, QueuesMovedPolygonsInViewByTexture) {

@@ -17,7 +17,6 @@
 #include "engine/PreferenceStore.h"
 #include "game/Game.h"
 #include "game/HighScoreTable.h"
-#include "game/HighScores.h"
 #include "game/Services.h"
 #include "graphics/GLWindow.h"
 #include "menus/LogicalSpace.h"
@@ -311,35 +310,6 @@ TEST_F(MenuGraphTest, LoadsTheLevelThatIsChosen) {
     Press("load");
     Wait();
     EXPECT_EQ(Game::MapName(), "lev\\00b.swah");
-}
-
-TEST_F(MenuGraphTest, ANameIsConfirmedByAClickOnlyAfterThePointerCameToTheButton) {
-    GLWindow::SetClientSize(1280, 720);
-    HighScores entry(nullptr);
-    GLWindow::SetListener(&entry);
-    const LogicalPosition middle = Middle(9, "continueButton");
-    // Here the whole window is 800 by 600 units, with no letterbox.
-    const int x = middle.x * 1280 / 800;
-    const int y = middle.y * 720 / 600;
-    entry.OnMouseDown(x, y, MouseButton::left);
-    EXPECT_FALSE(entry.finished);
-    for (int i = 0; i < 25; ++i) {
-        Key('B', 'b');
-    }
-    EXPECT_EQ(entry.Name(), std::string(20, 'b'));
-    entry.OnMouseMove(x, y);
-    entry.OnMouseDown(x, y, MouseButton::left);
-    EXPECT_TRUE(entry.finished);
-    Key(backspace);
-    EXPECT_EQ(entry.Name().size(), 20u);
-    clock.Advance(790);
-    entry.OnPaint();
-    clock.Advance(20);
-    entry.OnPaint();
-    EXPECT_TRUE(entry.running);
-    entry.OnPaint();
-    EXPECT_FALSE(entry.running);
-    GLWindow::SetListener(nullptr);
 }
 
 }  // namespace

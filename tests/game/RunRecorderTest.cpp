@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cstdio>
 #include <fstream>
 #include <utility>
 
@@ -125,33 +123,6 @@ TEST_F(Replay, ComesToTheSameStatesInSilenceAndGivesTheSameRun) {
     AddSetting("cfg/water.cfg", "water_color_r 0.3 ROOMTEMPERATURE 20.0");
     EXPECT_EQ(Replayed(), "");
     EXPECT_EQ(RunRecorder::Current(), run);
-}
-
-TEST_F(Replay, TellsBetweenWhichTimesAChangedRunParts) {
-    ::Run run = Recorded();
-    const std::size_t step = run.steps.size() - 50;
-    const std::size_t before = step - step % ::Run::stepsPerHash;
-    ASSERT_GT(before, 0u);
-    run.steps[step].turn = -30.0f;
-    ASSERT_TRUE(WriteRun(Path(), run));
-    const auto seconds = [&run](std::size_t steps) {
-        double sum = 0.0;
-        std::for_each_n(run.steps.begin(), steps, [&sum](RunStep s) { sum += double{s.dt}; });
-        char text[32];
-        std::snprintf(text, sizeof text, "%.1f s", sum);
-        return std::string(text);
-    };
-    const std::string said = Replayed();
-    EXPECT_NE(said.find("parted between " + seconds(before) + " and " + seconds(run.steps.size())),
-              std::string::npos)
-        << said;
-    EXPECT_EQ(std::ranges::count(said, '\n'), 1) << said;
-    EXPECT_NE(Console::OutputText().find("parted between"), std::string::npos);
-    EXPECT_TRUE(RunRecorder::HasDiffered());
-    EXPECT_EQ(RunRecorder::Current().steps, run.steps);
-    ASSERT_TRUE(WriteRun(Path(), RunRecorder::Current()));
-    EXPECT_EQ(Replayed(), "") << "renewed";
-    EXPECT_FALSE(RunRecorder::HasDiffered());
 }
 
 TEST_F(Replay, TellsOfOtherSettingsAndOtherHashes) {

@@ -89,16 +89,6 @@ TEST_F(GLWindowTest, CallsTheListenerForEachEvent) {
     EXPECT_EQ(recorder.Take(), Heard{"paint"}) << "asked for within the paint before";
 }
 
-TEST_F(GLWindowTest, ClosesAlsoWhenTheListenerDoesNot) {
-    window.SetKey('A', true);
-    window.QueueEvent({.kind = EventKind::Close});
-    window.SetKey('B', true);
-    GLWindow::PumpMessages();
-    EXPECT_EQ(recorder.Take(), (Heard{"key 65", "close", "destroy"}));
-    EXPECT_FALSE(GLWindow::IsOpen());
-    EXPECT_EQ(GLWindow::GetListener(), nullptr);
-}
-
 TEST_F(GLWindowTest, MinimisesOncePerLossOfTheForeground) {
     window.SetForeground(false);
     for (int i = 0; i < 3; ++i) {
@@ -167,34 +157,6 @@ TEST_F(GLWindowTest, WalksTowardsSixtyHertz) {
     EXPECT_EQ(BestRate({72, 85}), 72);
     EXPECT_EQ(BestRate({50, 85}), 85) << "from below it takes any higher rate";
     EXPECT_FALSE(GLWindow::HasDisplayMode(801, 600));
-}
-
-TEST_F(GLWindowTest, GoesFullscreenOnlyInAModeThatThereIs) {
-    GLWindow::SetFullscreen(true, 801, 600);
-    EXPECT_FALSE(GLWindow::IsFullscreen());
-    GLWindow::SetCursorKind(Platform::Cursor::Empty);
-    GLWindow::SetFullscreen(true, 1280, 1024);
-    EXPECT_TRUE(GLWindow::IsFullscreen());
-    EXPECT_EQ(window.ViewportWidth(), 1280);
-    EXPECT_EQ(window.CursorShown(), Platform::Cursor::Arrow);
-    EXPECT_EQ(GLWindow::GetCursorKind(), Platform::Cursor::Empty);
-    GLWindow::SetFullscreen(false, 640, 480);
-    EXPECT_FALSE(GLWindow::IsFullscreen());
-    EXPECT_EQ(GLWindow::ClientWidth(), 640);
-    EXPECT_EQ(GLWindow::WindowTop(), 1024 / 2 - window.OuterHeight() / 2);
-}
-
-TEST_F(GLWindowTest, CountsTheCursorInWithItsEdges) {
-    const int left = window.ClientLeft();
-    const int middle = window.ClientTop() + 300;
-    const auto isIn = [&](int x) {
-        window.SetCursorPosition(x, middle);
-        return GLWindow::IsCursorInClient();
-    };
-    EXPECT_FALSE(isIn(left));
-    EXPECT_TRUE(isIn(left + 1));
-    EXPECT_TRUE(isIn(left + 801));
-    EXPECT_FALSE(isIn(left + 802));
 }
 
 TEST_F(GLWindowTest, ShowsTheArrowOutsideOfTheClientArea) {

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <numeric>
-
 #include "TgaBytes.h"
 
 namespace {
@@ -28,23 +26,6 @@ std::string Counting() {
         bytes += Pixel(i);
     }
     return bytes;
-}
-
-Pixels CountingFrom(std::uint32_t first, std::size_t count) {
-    Pixels result(count);
-    std::iota(result.begin(), result.end(), first);
-    return result;
-}
-
-TEST(TgaReader, PutsTheTopRowFirstForEitherOrigin) {
-    TgaImage image;
-    ASSERT_TRUE(Reads(HeaderBytes({.descriptor = 0x28, .idLength = 5}) + Counting(), image));
-    EXPECT_EQ(image.pixels, CountingFrom(1, 16));
-    ASSERT_TRUE(Reads(HeaderBytes({}) + Counting(), image));
-    EXPECT_EQ(image.width, 4u);
-    EXPECT_EQ(image.height, 4u);
-    EXPECT_EQ(Pixels(image.pixels.begin(), image.pixels.begin() + 4), CountingFrom(13, 4));
-    EXPECT_EQ(Pixels(image.pixels.end() - 4, image.pixels.end()), CountingFrom(1, 4));
 }
 
 TEST(TgaReader, DecodesRunsAndCutsThemAtTheEndOfTheRow) {

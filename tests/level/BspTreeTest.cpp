@@ -1,5 +1,5 @@
 // The level's tree against its plain form, its edges cleaned where polygons touch, safe on
-// hostile levels, and the ray cast and commands on top of it.
+// hostile levels, and the ray cast on top of it.
 
 #include "level/BspTree.h"
 
@@ -9,7 +9,6 @@
 #include <deque>
 #include <string>
 
-#include "engine/Console.h"
 #include "level/BspEdges.h"
 #include "level/BspWorlds.h"
 #include "level/LevelData.h"
@@ -111,21 +110,9 @@ bool HasNode(const char* text) {
     return std::find(texts.begin(), texts.end(), text) != texts.end();
 }
 
-/// What a console line prints.
-std::string Answer(const char* line) {
-    Console::Clear();
-    Console::Execute(line);
-    return Console::OutputText();
-}
-
-/// The console comes and goes with each test; the tree too.
 class BspTreeTest : public testing::Test {
 protected:
-    void SetUp() override { Console::Initialise(); }
-    void TearDown() override {
-        BspTree::Destroy();
-        Console::Shutdown();
-    }
+    ~BspTreeTest() override { BspTree::Destroy(); }
 };
 
 TEST_F(BspTreeTest, TakesEdgesFromTheLastPolygonsLastSideOn) {
@@ -261,26 +248,6 @@ TEST_F(BspTreeTest, CastsRaysToTheFirstActiveSegment) {
     EXPECT_EQ(to, (Vector2{300.0f, -1.0f}));
     to = {5.0f, 5.0f};
     EXPECT_FALSE(BspTree::CastRay(to, to));
-}
-
-TEST_F(BspTreeTest, IsWalkedFromTheConsole) {
-    Polygons box{BspWorlds::Rectangle(0, 0, 10, 10)};
-    BspTree::Build(box);
-    EXPECT_NE(Answer("BspSize").find("4"), std::string::npos);
-    EXPECT_NE(Answer("BspDepth").find("4"), std::string::npos);
-    const std::pair<const char*, const char*> walk[] = {
-        {"bspwalk root", "\nAlready at root node.\nWalk options for current node: RIGHT "},
-        {"BspWalk left", "\nNo left child node at current node."},
-        {"BspWalk Right", "\nWalk options for current node: ROOT PARENT RIGHT "},
-        {"BspWalk up", "\nUnrecognised tree walk command."},
-        {"BspCast 1", "\nUSAGE: BspCast < number > < number >"},
-        {"BspCast 5 -20", "\nTotal rays cast:             524288"}};
-    for (const auto& [line, answer] : walk) {
-        EXPECT_NE(Answer(line).find(answer), std::string::npos) << line;
-    }
-    Polygons none;
-    BspTree::Build(none);
-    EXPECT_EQ(Answer("BspWalk ROOT").find("Walk options"), std::string::npos);
 }
 
 }  // namespace

@@ -77,18 +77,6 @@ TEST(LevelFile, RefusesAFileThatEndsAnywhereTooEarly) {
     }
 }
 
-TEST(LevelFile, RefusesOtherMagicAndVersion) {
-    auto bytes = LevelFile().Serialise();
-    TestLevelFile::Patch(bytes, 4, 11);
-    std::string reason;
-    std::uint32_t version = 0;
-    EXPECT_FALSE(LevelFile::Parse(bytes, reason, version).has_value());
-    EXPECT_EQ(reason, "Invalid level file version.");
-    EXPECT_EQ(version, 11u);
-    TestLevelFile::Patch(bytes, 0, 0x008F1398);
-    EXPECT_EQ(ReasonFor(bytes), "Not a Vantrel level file.");
-}
-
 TEST(LevelFile, RefusesValuesOutOfRangeWithTheirReason) {
     const auto surface = [](std::uint32_t value) {
         return ReasonAfter([&](LevelFile& file) { file.polygons[1].surface = value; });
@@ -135,26 +123,18 @@ TEST(LevelFile, BoundsWhatItsTriggersActOn) {
 }
 
 TEST(LevelFile, HoldsNamesToTheirLimits) {
-    const auto polygon = [](std::size_t length) {
-        return ReasonAfter([&](LevelFile& f) { f.polygons[1].texture.assign(length, 'x'); });
+    LevelFile file = TestLevelFile::Rich();
+    const auto expect = [&](std::string& name, std::size_t most, const char* reason) {
+        name.assign(most, 'x');
+        EXPECT_EQ(ReasonFor(file), "none") << reason;
+        name += 'x';
+        EXPECT_EQ(ReasonFor(file), reason);
+        name.clear();
     };
-    const auto object = [](std::size_t length) {
-        return ReasonAfter([&](LevelFile& f) { f.objects[0].texture.assign(length, 'x'); });
-    };
-    const auto sound = [](std::size_t length) {
-        return ReasonAfter([&](LevelFile& f) { f.sounds[0].sound.assign(length, 'x'); });
-    };
-    const auto emitter = [](std::size_t length) {
-        return ReasonAfter([&](LevelFile& f) { f.emitters[0].settings.assign(length, 'x'); });
-    };
-    EXPECT_EQ(polygon(65535), "none");
-    EXPECT_EQ(polygon(65536), "\nPolygon texture name too long.");
-    EXPECT_EQ(object(65534), "none");
-    EXPECT_EQ(object(65535), "Object texture name too long.");
-    EXPECT_EQ(sound(65535), "none");
-    EXPECT_EQ(sound(65536), "Sound source sound name too long.");
-    EXPECT_EQ(emitter(65535), "none");
-    EXPECT_EQ(emitter(65536), "Emitter settings file name too long.");
+    expect(file.polygons[1].texture, 65535, "\nPolygon texture name too long.");
+    expect(file.objects[0].texture, 65534, "Object texture name too long.");
+    expect(file.sounds[0].sound, 65535, "Sound source sound name too long.");
+    expect(file.emitters[0].settings, 65535, "Emitter settings file name too long.");
 }
 
 TEST(LevelFile, TakesSectionsUpToTheirLimit) {

@@ -142,42 +142,6 @@ TEST(LevelPolygon, FindsTheWindingOfPointsAddedOneByOneEvenIfTheyCross) {
     EXPECT_GT(windings[1], 50);
 }
 
-TEST(LevelPolygon, HasNoTrianglesWithoutAnArea) {
-    EXPECT_EQ(Make({}).triangleCount, 0u);
-    EXPECT_TRUE(Make({{0, 0}, {5, 5}}).IsInvalid());
-    EXPECT_EQ(Make({{0, 0}, {5, 5}}).triangleCount, 0u);
-    EXPECT_EQ(Make({{0, 0}, {5, 5}, {10, 10}}).triangleCount, 0u);
-    const LevelPolygon bow = Make({{0, 0}, {10, 10}, {10, 0}, {0, 10}});
-    EXPECT_TRUE(bow.IsInvalid());
-    EXPECT_EQ(bow.triangleCount, 0u);
-}
-
-TEST(LevelPolygon, FindsTheWindingAndKeepsTheCornersInOrder) {
-    const LevelPolygon one = Make({{0, 0}, {10, 0}, {10, 10}});
-    EXPECT_EQ(one.winding, 1);
-    EXPECT_EQ(one.triangleX, (std::vector<float>{0, 10, 10}));
-    EXPECT_EQ(one.triangleY, (std::vector<float>{0, 0, 10}));
-    // The side from (0, 0) to (10, 0): its normal points into the triangle.
-    EXPECT_EQ(one.triangleNormalX[0], 0.0f);
-    EXPECT_EQ(one.triangleNormalY[0], 1.0f);
-    const LevelPolygon zero = Make({{10, 10}, {10, 0}, {0, 0}});
-    EXPECT_EQ(zero.winding, 0);
-    EXPECT_EQ(zero.triangleX, (std::vector<float>{10, 10, 0}));
-    EXPECT_EQ(zero.triangleNormalX[0], 1.0f);  // out of it
-    LevelPolygon wrongWay = one;
-    wrongWay.Triangulate(0);
-    EXPECT_EQ(wrongWay.triangleCount, 0u);
-}
-
-TEST(LevelPolygon, MergesStraightRunsAndTheSeam) {
-    EXPECT_EQ(Make({{0, 0}, {5, 0}, {10, 0}, {10, 10}, {0, 10}}).triangleCount, 2u);
-    // The outline starts and ends in the middle of a side; the last point takes the place of
-    // the first, and the corner stays.
-    const LevelPolygon seam = Make({{5, 0}, {10, 0}, {10, 10}, {0, 10}, {0, 0}, {2, 0}});
-    EXPECT_EQ(seam.triangleCount, 3u);
-    EXPECT_EQ(seam.triangleX[0], 2.0f);
-}
-
 TEST(LevelPolygon, HasThePlainFormsTriangles) {
     std::mt19937 random(7);
     int valid = 0;

@@ -1,7 +1,6 @@
 #include "menus/GuiAnimatedButton.h"
 
 #include "MenuTest.h"
-#include "platform/VirtualKeys.h"
 
 namespace {
 
@@ -73,23 +72,6 @@ TEST_F(ButtonTest, PlaysItsFocusForwardHoldsItAndRunsItBackward) {
     Frames(1);
     EXPECT_EQ(first.state, GuiAnimatedButton::OutOfFocus);
     EXPECT_EQ(first.frame, 0u);
-}
-
-TEST_F(ButtonTest, TakesTheWholeScreenIntoTheClickedLookWhenPressed) {
-    screen.OnMouseMove(50, 25);
-    screen.OnKeyDown(VirtualKey::down);
-    EXPECT_EQ(first.state, GuiAnimatedButton::InFocus);
-    screen.OnKeyDown(VirtualKey::space);
-    EXPECT_EQ(first.state, GuiAnimatedButton::Clicked);
-    EXPECT_EQ(second.state, GuiAnimatedButton::Clicked);
-    screen.OnMouseMove(50, 125);
-    screen.OnMouseDown(50, 125, MouseButton::left);
-    EXPECT_EQ(second.state, GuiAnimatedButton::Clicked);
-    screen.Reset();
-    EXPECT_EQ(first.state, GuiAnimatedButton::OutOfFocus);
-    screen.OnMouseMove(50, 25);
-    screen.OnMouseDown(50, 25, MouseButton::right);
-    EXPECT_EQ(second.state, GuiAnimatedButton::Clicked);
 }
 
 }  // namespace

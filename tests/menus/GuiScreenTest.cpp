@@ -3,21 +3,18 @@
 #include <vector>
 
 #include "MenuTest.h"
-#include "menus/LogicalSpace.h"
 #include "platform/VirtualKeys.h"
 
 namespace {
 
-/// Remembers what reached it, and where.
+/// Remembers what reached it.
 class Probe : public GuiWidget {
 public:
-    void OnMouseMove(int mouseX, int mouseY) override { lastMove = {mouseX, mouseY}; }
     void OnMouseDown(int, int, int) override { ++presses; }
     void OnKeyDown(int) override { ++keys; }
     void OnGainFocus() override { ++gains; }
     void OnLoseFocus() override { ++losses; }
 
-    LogicalPosition lastMove;
     int presses = 0;
     int keys = 0;
     int gains = 0;
@@ -70,23 +67,6 @@ protected:
     Probe& left = screen.Add<Probe>();
     Probe& right = screen.Add<Probe>();
 };
-
-TEST_F(GuiScreenTest, FocusesWhatIsUnderThePointerInThePresentWindow) {
-    window.SetClientSize(1280, 720);
-    screen.OnMouseMove(160 + 180, 144);  // logical (150, 120)
-    EXPECT_EQ(screen.focus, &left);
-    EXPECT_EQ(left.lastMove.x, 150);
-    EXPECT_EQ(left.lastMove.y, 120);
-    screen.OnMouseMove(160 + 180, 145);
-    EXPECT_EQ(left.gains, 1);
-    window.SetClientSize(800, 600);
-    screen.OnMouseMove(299, 149);
-    EXPECT_EQ(screen.focus, &left);
-    screen.OnMouseMove(300, 149);  // just past the right edge
-    EXPECT_EQ(screen.focus, nullptr);
-    EXPECT_EQ(left.losses, 1);
-    EXPECT_FALSE(left.hasFocus);
-}
 
 TEST_F(GuiScreenTest, GivesOverlappingWidgetsTheirFocusInListOrder) {
     right.SetPosition(100, 100);

@@ -31,8 +31,6 @@ public:
     }
 
     void Forget() { texts.clear(); }
-    /// The last text painted; empty if none was.
-    std::string LastText() const { return texts.empty() ? std::string() : texts.back(); }
 
     std::vector<std::string> texts;
 };

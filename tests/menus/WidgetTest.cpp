@@ -1,11 +1,9 @@
 #include <gtest/gtest.h>
 
 #include "MenuTest.h"
-#include "menus/GuiLevelTimeDisplay.h"
 #include "menus/GuiOptionChooser.h"
 #include "menus/GuiScoreLabel.h"
 #include "menus/GuiTextBox.h"
-#include "menus/MenuHost.h"
 #include "platform/VirtualKeys.h"
 
 namespace {
@@ -98,29 +96,6 @@ TEST_F(WidgetTest, CountsScoresUpOneAfterTheOther) {
     PaintAfter(screen, 1000);
     EXPECT_EQ(painter.texts[0], "16000");
     EXPECT_EQ(painter.texts[1], "0");
-}
-
-TEST_F(WidgetTest, TellsTheTimeOnceItsPredecessorIsDone) {
-    class OneHourLevel : public MenuHost {
-        LevelResult Result() const override { return {.elapsedMs = 3723456}; }
-    } host;
-    MenuHost::Use(&host);
-    GuiScoreLabel before;
-    GuiLevelTimeDisplay display;
-    display.SetRampTime(1.0f);
-    PaintAfter(display, 5000);
-    EXPECT_EQ(painter.LastText(), "00:00:00");  // without a predecessor it never starts
-    display.predecessor = &before;
-    before.SetRampTime(1.0f);
-    display.Reset();
-    PaintAfter(display, 5000);
-    EXPECT_EQ(painter.LastText(), "00:00:00");
-    PaintAfter(before, 3000);
-    PaintAfter(display, 500);
-    EXPECT_NE(painter.LastText(), "00:00:00");
-    PaintAfter(display, 3000);
-    EXPECT_EQ(painter.LastText(), "02:03:45");  // the hour is dropped
-    MenuHost::Use(nullptr);
 }
 
 }  // namespace

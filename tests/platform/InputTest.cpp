@@ -3,7 +3,6 @@
 #include <vector>
 
 #include "platform/FocusFilter.h"
-#include "platform/Keys.h"
 #include "platform/VirtualKeys.h"
 #include "platform/WindowInput.h"
 
@@ -13,30 +12,6 @@ using Platform::Event;
 using Platform::EventKind;
 using Platform::WindowInput;
 using Action = WindowInput::KeyAction;
-
-// Numbers of the toolkit's keys.
-constexpr int graveAccent = 96;
-constexpr int leftShift = 340;
-constexpr int rightShift = 344;
-
-TEST(Keys, GiveTheCodesThatTheGameActsOn) {
-    EXPECT_EQ(Platform::KeyCode(graveAccent), VirtualKey::console);
-    EXPECT_EQ(Platform::KeyCode(leftShift), Platform::KeyCode(rightShift));
-    EXPECT_EQ(Platform::KeyCode(301), 123) << "F12";
-    EXPECT_EQ(Platform::KeyCode(329), 105) << "9 of the number pad";
-    EXPECT_EQ(Platform::KeyCode(-1), VirtualKey::unnamed);
-}
-
-TEST(Keys, TurnTheKeypadIntoArrowsWhereItDoesNotType) {
-    constexpr int keypadZero = 320;
-    EXPECT_EQ(Platform::KeyCode(keypadZero, false), VirtualKey::insert);
-    Platform::KeyCodes keys;
-    EXPECT_EQ(keys.Press(keypadZero + 4, false), VirtualKey::left);
-    EXPECT_EQ(keys.Press(keypadZero + 4, true), VirtualKey::left) << "a repeat";
-    EXPECT_EQ(keys.Release(keypadZero + 4), VirtualKey::left);
-    EXPECT_EQ(keys.Press(keypadZero + 4, true), VirtualKey::keypad0 + 4);
-    EXPECT_EQ(keys.Release(keypadZero + 4), VirtualKey::keypad0 + 4);
-}
 
 std::vector<Event> Drain(WindowInput& input) {
     std::vector<Event> events;
