@@ -151,42 +151,39 @@ BENCHMARK(FreezingAtOnce)
     ->Arg(16384)
     ->Unit(benchmark::kMicrosecond);
 
-/// As many lumps of one particle each, in the air, none of which touch.
-void ManyGroups(benchmark::State& state) {
+/// Lumps of ice that hang in the air, nearly still: particles that don't touch are one each.
+void HangIce(benchmark::State& state, Vector2 (*placeOf)(int number)) {
     const int particles = static_cast<int>(state.range(0));
     const WaterWorld world(Shelves(), camera, 20.0f);
     ParticleManager::gravity = 0.0f;
     ParticleManager::heatTransferRate = 0.0f;
     for (int i = 0; i < particles; ++i) {
-        WaterWorld::Add(
-            {13.0f * static_cast<float>(i % 128), -200.0f - 13.0f * static_cast<float>(i / 128)},
-            {0.001f, 0.0f}, -10.0f);
+        WaterWorld::Add(placeOf(i), {0.001f, 0.0f}, -10.0f);
     }
     for (auto _ : state) {
         ParticleManager::Step(WaterWorld::view, dt);
     }
     Report(state, particles);
 }
+
+/// As many lumps as particles.
+void ManyGroups(benchmark::State& state) {
+    HangIce(state, [](int i) {
+        return Vector2{13.0f * static_cast<float>(i % 128),
+                       -200.0f - 13.0f * static_cast<float>(i / 128)};
+    });
+}
 BENCHMARK(ManyGroups)->Arg(1024)->Arg(4096)->Arg(16384)->Arg(65536)->Unit(benchmark::kMicrosecond);
 
-/// Lumps of 128 in the air, none of which touch.
+/// Lumps of 128.
 void AllIce(benchmark::State& state) {
-    const int particles = static_cast<int>(state.range(0));
-    const WaterWorld world(Shelves(), camera, 20.0f);
-    ParticleManager::gravity = 0.0f;
-    ParticleManager::heatTransferRate = 0.0f;
-    for (int i = 0; i < particles; ++i) {
+    HangIce(state, [](int i) {
         const int body = i / bodySize;
         const int member = i % bodySize;
-        WaterWorld::Add(
-            {60.0f * static_cast<float>(body % 32) + static_cast<float>(member % 12),
-             -200.0f - 60.0f * static_cast<float>(body / 32) - static_cast<float>(member / 12)},
-            {0.001f, 0.0f}, -10.0f);
-    }
-    for (auto _ : state) {
-        ParticleManager::Step(WaterWorld::view, dt);
-    }
-    Report(state, particles);
+        return Vector2{
+            60.0f * static_cast<float>(body % 32) + static_cast<float>(member % 12),
+            -200.0f - 60.0f * static_cast<float>(body / 32) - static_cast<float>(member / 12)};
+    });
 }
 BENCHMARK(AllIce)->Arg(4096)->Arg(16384)->Arg(65536)->Unit(benchmark::kMicrosecond);
 

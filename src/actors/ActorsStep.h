@@ -7,8 +7,8 @@
 #include "actors/ActorsState.h"
 #include "actors/Camera.h"
 #include "actors/TriggerEvents.h"
-#include "actors/WaterMap.h"
 #include "level/BoxCells.h"
+#include "level/CellBits.h"
 #include "water/FxParticleManager.h"
 #include "water/WaterStep.h"
 
@@ -34,7 +34,7 @@ struct ActorsWorkspace {
 
     // Water that no moving polygon has caught yet, in list order, and the load of the one at work.
     std::vector<Particle*> freeParticles;
-    WaterMap freeMap;  ///< of those particles, and of some that were caught since
+    CellBits freeMap;  ///< of those particles, and of some that were caught since
     std::vector<ParticleGroup*> freeGroups;
     std::vector<Particle*> carriedParticles;
     std::vector<ParticleGroup*> carriedGroups;

@@ -242,7 +242,8 @@ void Push(const MoverCollider& collider, const PolygonState& polygon, const Acto
 
 void CollectWater(WaterState& water, const ViewSquare& square, ActorsWorkspace& work) {
     work.freeParticles.clear();
-    work.freeMap.Clear(square);
+    work.freeMap.Clear(square.centre.x - square.half, square.centre.x + square.half,
+                       square.centre.y - square.half, square.centre.y + square.half);
     for (Particle& particle : water.particles) {
         work.freeParticles.push_back(&particle);
         work.freeMap.Mark(particle.position);

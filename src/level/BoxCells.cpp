@@ -12,12 +12,10 @@ void BoxCells::Box::Include(const Box& other) {
 
 void BoxCells::Clear() {
     boxes.clear();
-    isBuilt = false;
     hasCells = false;
 }
 
 void BoxCells::Build() {
-    isBuilt = false;
     hasCells = false;
     if (boxes.empty()) {
         return;
@@ -33,22 +31,9 @@ void BoxCells::Build() {
     }
     columnsPerUnit = cellsAlong / width;
     rowsPerUnit = cellsAlong / height;
-    MarkOccupied();
-    isBuilt = true;
     hasCells = IsWorthCells();
     if (hasCells) {
         FillCells();
-    }
-}
-
-void BoxCells::MarkOccupied() {
-    occupied.fill(0);
-    for (const Box& box : boxes) {
-        const Range range = CellsOf(box);
-        const std::uint32_t columns = (~0u >> (cellsAlong - 1 - range.right)) & (~0u << range.left);
-        for (std::uint32_t row = range.top; row <= range.bottom; ++row) {
-            occupied[row] |= columns;
-        }
     }
 }
 

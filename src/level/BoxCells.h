@@ -5,7 +5,6 @@
 // Order: Clear, Add for each box, Build, then any number of questions. Storage is kept. Build may
 // be left out where few questions follow: all boxes are looked at then.
 
-#include <array>
 #include <cstdint>
 #include <vector>
 
@@ -30,11 +29,9 @@ public:
     void Add(const Box& box) { boxes.push_back(box); }
     void Build();
 
-    /// Whether any box holds the place. May be true without need, never false wrongly.
-    bool MayHold(Vector2 place) const {
-        return isBuilt ? world.Holds(place) && (occupied[Row(place.y)] >> Column(place.x) & 1u) != 0
-                       : !boxes.empty();
-    }
+    const std::vector<Box>& All() const { return boxes; }
+    /// Round all boxes, as of Build.
+    const Box& World() const { return world; }
     /// Calls `visit` with the number of each box that holds the place.
     template <class Visit>
     void ForEachAt(Vector2 place, Visit visit) const {
@@ -83,17 +80,14 @@ private:
     std::uint32_t Column(float x) const;
     std::uint32_t Row(float y) const;
     Range CellsOf(const Box& box) const;
-    void MarkOccupied();
     bool IsWorthCells() const;
     void FillCells();
 
     std::vector<Box> boxes;
-    Box world{};  ///< of all boxes
+    Box world{};
     float columnsPerUnit = 0.0f;
     float rowsPerUnit = 0.0f;
-    bool isBuilt = false;
     bool hasCells = false;
-    std::array<std::uint32_t, cellsAlong> occupied{};  ///< by row, a bit for each column
     std::vector<std::uint32_t> cellEnds;  ///< by cell, one past its last in the next list
     std::vector<std::uint32_t> numbers;   ///< by cell, in order within one
 };

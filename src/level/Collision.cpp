@@ -128,9 +128,7 @@ Contact Resolve(std::span<const CandidateEdge> candidates, Vector2& centre, floa
             break;
         }
     }
-    if (sum.count != 0) {
-        centre = position;
-    }
+    centre = position;
     return sum.Average();
 }
 
@@ -167,9 +165,7 @@ Contact Resolve(std::span<const CandidateEdge> candidates, Vector2& centre, floa
             break;
         }
     }
-    if (sum.count != 0) {
-        centre = position;
-    }
+    centre = position;
     return sum.Average();
 }
 

@@ -8,6 +8,20 @@ void MovingEdges::Clear() {
     edges.clear();
     polygons.clear();
     boxes.Clear();
+    isIndexed = false;
+}
+
+void MovingEdges::Index() {
+    if (polygons.empty()) {
+        return;
+    }
+    boxes.Build();
+    const BoxCells::Box& world = boxes.World();
+    occupied.Clear(world.minX, world.maxX, world.minY, world.maxY);
+    for (const BoxCells::Box& box : boxes.All()) {
+        occupied.Mark(box.minX, box.maxX, box.minY, box.maxY);
+    }
+    isIndexed = true;
 }
 
 void MovingEdges::Add(std::span<const BspSegment> polygon, Vector2 offset) {

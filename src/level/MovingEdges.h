@@ -12,18 +12,22 @@
 #include "engine/Vector2.h"
 #include "level/BoxCells.h"
 #include "level/BspSegment.h"
+#include "level/CellBits.h"
 
 class MovingEdges {
 public:
     void Clear();
     /// A polygon's edges, moved by `offset`.
     void Add(std::span<const BspSegment> polygon, Vector2 offset = {});
-    void Index() { boxes.Build(); }
+    void Index();
 
     /// In the order of adding.
     const std::vector<BspSegment>& All() const { return edges; }
     /// Whether a circle of up to a particle's size there may touch any; quick where none is near.
-    bool MayTouch(Vector2 position) const { return boxes.MayHold(position); }
+    bool MayTouch(Vector2 position) const {
+        return isIndexed ? boxes.World().Holds(position) && occupied.MayHold(position)
+                         : !edges.empty();
+    }
     /// Calls `visit` with the edges, in order, of each polygon that a circle there may touch.
     template <class Visit>
     void ForEachNear(Vector2 position, float radius, Visit visit) const {
@@ -50,5 +54,7 @@ private:
 
     std::vector<BspSegment> edges;
     std::vector<Polygon> polygons;
-    BoxCells boxes;  ///< of the polygons
+    BoxCells boxes;     ///< of the polygons
+    CellBits occupied;  ///< by these boxes
+    bool isIndexed = false;
 };

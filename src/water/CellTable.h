@@ -17,10 +17,7 @@
 /// apart than any distance that links water, each float is a cell of its own.
 inline std::int64_t CellOf(float coordinate, double inverseSize) {
     if (std::fabs(coordinate) < 0x1p40f) {
-        // A conversion and a comparison, where rounding down would be a call.
-        const double exact = coordinate * inverseSize;
-        const auto cell = static_cast<std::int64_t>(exact);
-        return cell - (exact < static_cast<double>(cell) ? 1 : 0);
+        return static_cast<std::int64_t>(std::floor(coordinate * inverseSize));
     }
     return (std::int64_t{1} << 50) + std::bit_cast<std::uint32_t>(coordinate);
 }

@@ -58,30 +58,25 @@ void Clusters::FillCells(std::span<const Vector2> points) {
     neighbours.clear();
     cellOf.resize(points.size());
     joined.resize(points.size());
-    std::uint32_t cell = CellTable::none;
     for (std::size_t i = 0; i < points.size(); ++i) {
         const Vector2 point = points[i];
         if (!std::isfinite(point.x) || !std::isfinite(point.y)) {
             cellOf[i] = CellTable::none;
             continue;
         }
-        const CellTable::Key key{CellOf(point.x, 1.0 / cellSize), CellOf(point.y, 1.0 / cellSize)};
-        // Neighbours in the list are mostly neighbours in space.
-        if (cell == CellTable::none || table.KeyOf(cell) != key) {
-            cell = table.FindOrAdd(key);
-        }
-        if (cell == cells.size()) {
+        cellOf[i] =
+            table.FindOrAdd({CellOf(point.x, 1.0 / cellSize), CellOf(point.y, 1.0 / cellSize)});
+        if (cellOf[i] == cells.size()) {
             cells.emplace_back();
         }
-        cellOf[i] = cell;
-        ++cells[cell].end;
+        ++cells[cellOf[i]].end;
     }
     std::uint32_t next = 0;
-    for (Cell& used : cells) {
-        used.begin = next;
-        next += used.end;
-        used.end = used.begin;
-        used.lowest = noCluster;
+    for (Cell& cell : cells) {
+        cell.begin = next;
+        next += cell.end;
+        cell.end = cell.begin;
+        cell.lowest = noCluster;
     }
 }
 
