@@ -2,7 +2,7 @@
 // Where in a rectangle there is anything, roughly: one bit for each of 64 by 64 cells. It tells
 // most of those who ask that there is nothing.
 //
-// Order: Clear, Mark, then questions.
+// Order: Clear, Mark, then questions. No side of a box may be NaN.
 
 #include <algorithm>
 #include <array>
